@@ -1,0 +1,42 @@
+# Compiler settings for our own code, as the interface target dwg_settings.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(dwg_settings INTERFACE)
+if(MSVC)
+  # /fp:precise without contraction: the output's digits depend on it.
+  target_compile_options(dwg_settings INTERFACE /utf-8 /W4 /fp:precise /permissive-
+                         $<$<BOOL:${DWG_WARNINGS_AS_ERRORS}>:/WX>)
+  target_compile_definitions(dwg_settings INTERFACE _CRT_SECURE_NO_WARNINGS NOMINMAX)
+else()
+  # No contraction into fused operations: the output's digits depend on it.
+  target_compile_options(dwg_settings INTERFACE
+    -ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+    -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
+    $<$<BOOL:${DWG_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+
+if(DWG_SANITIZERS)
+  target_compile_options(dwg_settings INTERFACE
+    -fsanitize=${DWG_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(dwg_settings INTERFACE
+    -fsanitize=${DWG_SANITIZERS} -fno-sanitize-recover=all)
+endif()
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT MSVC AND NOT DWG_SANITIZERS)
+  target_compile_options(dwg_settings INTERFACE -fstack-protector-strong)
+  target_compile_definitions(dwg_settings INTERFACE $<$<NOT:$<PLATFORM_ID:Windows>>:_FORTIFY_SOURCE=2>)
+  if(NOT WIN32)
+    target_link_options(dwg_settings INTERFACE -Wl,-z,relro,-z,now)
+  endif()
+endif()
+
+if(DWG_LTO)
+  include(CheckIPOSupported)
+  check_ipo_supported(LANGUAGES CXX)
+  set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+endif()

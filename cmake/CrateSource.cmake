@@ -1,0 +1,61 @@
+# Finds the unpacked source of a crate, fetching it with cargo when it is not
+# there yet, and checks every file of it against a manifest kept in this
+# repository. Cargo only downloads and unpacks: no Rust is compiled.
+
+# dwg_check_manifest(<dir> <manifest>)
+# Fails when a file named by the manifest is missing or differs.
+function(dwg_check_manifest dir manifest)
+  file(STRINGS "${manifest}" lines)
+  foreach(line IN LISTS lines)
+    string(SUBSTRING "${line}" 0 64 expected)
+    string(SUBSTRING "${line}" 66 -1 path)
+    if(NOT EXISTS "${dir}/${path}")
+      message(FATAL_ERROR "${dir}: ${path} is missing; the source tree is not the pinned one")
+    endif()
+    file(SHA256 "${dir}/${path}" actual)
+    if(NOT actual STREQUAL expected)
+      message(FATAL_ERROR "${dir}: ${path} differs from the pinned source tree\n"
+                          "  expected SHA-256 ${expected}\n  found SHA-256    ${actual}")
+    endif()
+  endforeach()
+endfunction()
+
+# dwg_crate_source(<out-var> <crate> <version>)
+# Sets <out-var> to the crate's checked source folder.
+function(dwg_crate_source out crate version)
+  if(DEFINED ENV{CARGO_HOME})
+    file(TO_CMAKE_PATH "$ENV{CARGO_HOME}" cargo_home)
+  elseif(WIN32 AND CMAKE_HOST_WIN32)
+    file(TO_CMAKE_PATH "$ENV{USERPROFILE}/.cargo" cargo_home)
+  else()
+    set(cargo_home "$ENV{HOME}/.cargo")
+  endif()
+
+  file(GLOB found "${cargo_home}/registry/src/*/${crate}-${version}")
+  if(NOT found)
+    find_program(DWG_CARGO cargo HINTS "${cargo_home}/bin")
+    if(NOT DWG_CARGO)
+      message(FATAL_ERROR "cargo is needed to fetch ${crate} ${version}; install Rust 1.88 or "
+                          "newer, or name an unpacked source tree (see CONTRIBUTING.md)")
+    endif()
+    message(STATUS "Fetching ${crate} ${version}")
+    set(fetch_dir "${CMAKE_BINARY_DIR}/fetch-${crate}")
+    file(WRITE "${fetch_dir}/src/lib.rs" "")
+    file(WRITE "${fetch_dir}/Cargo.toml"
+         "[package]\nname = \"fetch\"\nversion = \"0.0.0\"\nedition = \"2021\"\n"
+         "[workspace]\n[dependencies]\n${crate} = \"=${version}\"\n")
+    execute_process(COMMAND "${DWG_CARGO}" fetch WORKING_DIRECTORY "${fetch_dir}"
+                    RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+      message(FATAL_ERROR "cargo fetch of ${crate} ${version} failed")
+    endif()
+    file(GLOB found "${cargo_home}/registry/src/*/${crate}-${version}")
+  endif()
+  if(NOT found)
+    message(FATAL_ERROR "${crate} ${version} was fetched but its source is not under ${cargo_home}")
+  endif()
+  list(GET found 0 source)
+  dwg_check_manifest("${source}"
+                     "${PROJECT_SOURCE_DIR}/cmake/checksums/${crate}-${version}.sha256")
+  set(${out} "${source}" PARENT_SCOPE)
+endfunction()

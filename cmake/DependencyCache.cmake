@@ -1,0 +1,60 @@
+# Built dependencies live outside the build folder, one folder for each
+# combination of version, patches, compiler and flags, so that a fresh build
+# folder finds them again in seconds.
+
+if(DEFINED ENV{DWG_DEPENDENCY_CACHE})
+  set(cache_default "$ENV{DWG_DEPENDENCY_CACHE}")
+elseif(CMAKE_HOST_WIN32)
+  set(cache_default "$ENV{LOCALAPPDATA}/dwg_import_worker")
+elseif(DEFINED ENV{XDG_CACHE_HOME})
+  set(cache_default "$ENV{XDG_CACHE_HOME}/dwg_import_worker")
+else()
+  set(cache_default "$ENV{HOME}/.cache/dwg_import_worker")
+endif()
+file(TO_CMAKE_PATH "${cache_default}" cache_default)
+set(DWG_DEPENDENCY_CACHE "${cache_default}" CACHE PATH "Folder that keeps built dependencies")
+
+# dwg_cached_build(<out-var> NAME <name> SOURCE <cmake-project> KEY <text>...
+#                  ARGS <-D...>...)
+# Configures, builds and installs a CMake project once for each distinct key
+# and sets <out-var> to its install folder.
+function(dwg_cached_build out)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;SOURCE" "KEY;ARGS")
+  set(args
+      -DCMAKE_C_COMPILER=${CMAKE_C_COMPILER} -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
+      -DCMAKE_BUILD_TYPE=Release ${arg_ARGS})
+  if(CMAKE_TOOLCHAIN_FILE)
+    list(APPEND args -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
+    file(SHA256 "${CMAKE_TOOLCHAIN_FILE}" toolchain_hash)
+  endif()
+  string(SHA256 key
+         "${arg_KEY};${args};${toolchain_hash};${CMAKE_C_COMPILER_ID};${CMAKE_C_COMPILER_VERSION};${CMAKE_CXX_COMPILER_VERSION}")
+  string(SUBSTRING "${key}" 0 16 key)
+  set(root "${DWG_DEPENDENCY_CACHE}/${arg_NAME}-${key}")
+  set(install "${root}/install")
+  set(${out} "${install}" PARENT_SCOPE)
+  if(EXISTS "${root}/complete")
+    return()
+  endif()
+
+  # Two builds of one key must not run into each other.
+  file(MAKE_DIRECTORY "${root}")
+  file(LOCK "${root}/lock" GUARD FUNCTION TIMEOUT 3600)
+  if(EXISTS "${root}/complete")
+    return()
+  endif()
+  message(STATUS "Building ${arg_NAME} once for this compiler and these flags (kept in ${root})")
+  execute_process(
+    COMMAND "${CMAKE_COMMAND}" -G "${CMAKE_GENERATOR}" -S "${arg_SOURCE}" -B "${root}/build"
+            -DCMAKE_INSTALL_PREFIX=${install} ${args}
+    RESULT_VARIABLE result)
+  if(result EQUAL 0)
+    execute_process(COMMAND "${CMAKE_COMMAND}" --build "${root}/build" --config Release
+                            --target install RESULT_VARIABLE result)
+  endif()
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "Building ${arg_NAME} failed; its build folder is ${root}/build")
+  endif()
+  file(REMOVE_RECURSE "${root}/build")
+  file(WRITE "${root}/complete" "${arg_KEY}\n")
+endfunction()
