@@ -1,0 +1,3 @@
+#include "worker/standard_streams.hpp"
+
+void PrepareStandardStreams() {}
