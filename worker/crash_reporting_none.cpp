@@ -1,0 +1,5 @@
+#include "worker/crash_reporting.hpp"
+
+void StartCrashReporting(const char* /*component*/) {}
+
+void StopCrashReporting() noexcept {}
