@@ -1,6 +1,7 @@
-// The standard streams as the worker needs them.
+// The standard streams' platform settings.
 #pragma once
 
-// Makes standard output carry bytes as they are written: on Windows a line
-// feed would otherwise leave as two bytes. Called once, before any output.
+// Makes standard output write bytes as they are, so that the document ends in
+// a single line feed on every platform. Called once, before anything is
+// written.
 void PrepareStandardStreams();

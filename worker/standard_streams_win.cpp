@@ -4,4 +4,6 @@
 
 #include "worker/standard_streams.hpp"
 
-void PrepareStandardStreams() { _setmode(_fileno(stdout), _O_BINARY); }
+void PrepareStandardStreams() {
+  _setmode(_fileno(stdout), _O_BINARY);
+}

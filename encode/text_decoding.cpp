@@ -1,0 +1,100 @@
+#include "encode/text_decoding.hpp"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include "encode/utf8.hpp"
+
+namespace {
+
+bool eightBitIsUtf8 = false;
+
+// Windows-1252 from 0x80 to 0x9F; the five bytes that it leaves unassigned
+// stand for themselves.
+constexpr std::array<char16_t, 32> kWindows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+static_assert(kWindows1252[0x8D - 0x80] == 0x8D && kWindows1252[0x9F - 0x80] == 0x178);
+
+constexpr std::uint32_t kReplacement = 0xFFFD;
+
+void AppendWindows1252(std::string& out, unsigned char byte) {
+  if (byte < 0x80) {
+    out += static_cast<char>(byte);
+  } else if (byte < 0xA0) {
+    AppendUtf8(out, kWindows1252[byte - 0x80U]);
+  } else {
+    AppendUtf8(out, byte);
+  }
+}
+
+constexpr bool IsHighSurrogate(std::uint32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool IsLowSurrogate(std::uint32_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+}  // namespace
+
+void SetEightBitIsUtf8(bool value) {
+  eightBitIsUtf8 = value;
+}
+
+bool EightBitIsUtf8() {
+  return eightBitIsUtf8;
+}
+
+std::string DecodeWindows1252Byte(unsigned char byte) {
+  std::string out;
+  AppendWindows1252(out, byte);
+  return out;
+}
+
+std::string DecodeCodePageText(const char* text) {
+  if (text == nullptr) {
+    return {};
+  }
+  if (eightBitIsUtf8) {
+    return text;
+  }
+  std::string out;
+  out.reserve(std::strlen(text));
+  for (; *text != '\0'; ++text) {
+    AppendWindows1252(out, static_cast<unsigned char>(*text));
+  }
+  return out;
+}
+
+std::string DecodeUtf16Text(const void* text) {
+  std::string out;
+  if (text == nullptr) {
+    return out;
+  }
+  const auto* bytes = static_cast<const char*>(text);
+  // The library may hand over odd addresses, so units are copied out.
+  const auto unitAt = [bytes](std::size_t i) {
+    std::uint16_t unit = 0;
+    std::memcpy(&unit, bytes + 2 * i, sizeof unit);
+    return std::uint32_t{unit};
+  };
+  for (std::size_t i = 0; unitAt(i) != 0; ++i) {
+    const std::uint32_t unit = unitAt(i);
+    if (IsHighSurrogate(unit) && IsLowSurrogate(unitAt(i + 1))) {
+      ++i;
+      AppendUtf8(out, 0x10000 + ((unit - 0xD800) << 10U | (unitAt(i) - 0xDC00)));
+    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+      AppendUtf8(out, kReplacement);
+    } else {
+      AppendUtf8(out, unit);
+    }
+  }
+  return out;
+}
+
+std::string DecodeText(bool unicodeText, const char* text) {
+  return unicodeText ? DecodeUtf16Text(text) : DecodeCodePageText(text);
+}

@@ -1,0 +1,30 @@
+// Drawing strings to UTF-8. LibreDWG hands strings over as the drawing stores
+// them: 16-bit units from release 2007 on, 8-bit bytes in older drawings and
+// in DXF files.
+//
+// 8-bit text is read as Windows-1252 whatever code page the drawing names:
+// consumers depend on it. Formatting codes are left alone.
+#pragma once
+
+#include <string>
+
+// Whether 8-bit strings of this run's drawing are UTF-8 already and are copied
+// unchanged (DXF files from 2007 on). Process-wide, because the decoder of
+// single strings knows no drawing; set once after the drawing is read.
+void SetEightBitIsUtf8(bool value);
+bool EightBitIsUtf8();
+
+// One Windows-1252 byte as UTF-8, whatever the switch above says.
+std::string DecodeWindows1252Byte(unsigned char byte);
+
+// 8-bit text up to its NUL; null gives an empty text. Windows-1252's five
+// unassigned bytes become the code points of the same value.
+std::string DecodeCodePageText(const char* text);
+
+// 16-bit text up to its zero unit; null gives an empty text. A surrogate
+// without its partner becomes U+FFFD. `text` needs no alignment.
+std::string DecodeUtf16Text(const void* text);
+
+// `text` by the kind of the drawing's strings: UTF-16 when `unicodeText` is
+// set. LibreDWG types both kinds as `char*`.
+std::string DecodeText(bool unicodeText, const char* text);

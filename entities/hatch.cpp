@@ -1,0 +1,180 @@
+#include "entities/hatch.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "encode/json_text.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/entity_context.hpp"
+#include "entities/hatch_debug.hpp"
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kTwoPi = 6.283185307179586;
+constexpr double kAngleStep = kPi / 18;
+constexpr double kMinSteps = 2;
+constexpr double kMaxSteps = 36;
+constexpr double kShortestChord = 1e-12;
+constexpr double kSmallestAngle = 1e-9;
+constexpr unsigned kPolylinePath = 2;
+constexpr std::size_t kMinLoopPoints = 3;
+
+struct Point {
+  double x;
+  double y;
+};
+
+using Loop = std::vector<Point>;
+
+int StepCount(double sweep) {
+  const double steps = std::ceil(std::fabs(sweep) / kAngleStep);
+  return std::isfinite(steps) ? static_cast<int>(std::clamp(steps, kMinSteps, kMaxSteps))
+                              : static_cast<int>(kMinSteps);
+}
+
+// The points from `from` up to, but without, `to` along the arc of the bulge.
+void AppendBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, double bulge) {
+  const double dx = to.x - from.x;
+  const double dy = to.y - from.y;
+  const double chord = std::sqrt(dx * dx + dy * dy);
+  const double angle = 4 * std::atan(bulge);
+  if (chord < kShortestChord || std::fabs(angle) < kSmallestAngle) {
+    loop.push_back({from.x, from.y});
+    return;
+  }
+  const double radius = chord / (2 * std::sin(std::fabs(angle) / 2));
+  const double offsetSquared = radius * radius - (chord / 2) * (chord / 2);
+  const double distance = offsetSquared > 0 ? std::sqrt(offsetSquared) : 0;
+  const double offset = bulge > 0 ? distance : -distance;
+  // For bulges below 1 this centre lies on the far side of the chord, unlike
+  // in the usual bulge geometry. Consumers depend on the placement.
+  const double centerX = (from.x + to.x) / 2 + offset * (dy / chord);
+  const double centerY = (from.y + to.y) / 2 + offset * (-dx / chord);
+  const double start = std::atan2(from.y - centerY, from.x - centerX);
+  const int steps = StepCount(angle);
+  for (int j = 0; j < steps; ++j) {
+    const double a = start + j * angle / steps;
+    loop.push_back({centerX + radius * std::cos(a), centerY + radius * std::sin(a)});
+  }
+}
+
+Loop PolylineLoop(const Dwg_HATCH_Path& path) {
+  const auto vertices = SpanOf(path.polyline_paths, path.num_segs_or_paths);
+  Loop loop;
+  for (std::size_t i = 0; i < vertices.size(); ++i) {
+    const auto& vertex = vertices[i];
+    const bool endsOpenPath = i + 1 == vertices.size() && path.closed == 0;
+    if (path.bulges_present == 0 || endsOpenPath || vertex.bulge == 0) {
+      loop.push_back({vertex.point.x, vertex.point.y});
+    } else {
+      AppendBulge(loop, vertex.point, vertices[(i + 1) % vertices.size()].point, vertex.bulge);
+    }
+  }
+  return loop;
+}
+
+// Calls `pointAt` with each angle of the segment's sweep, both ends included.
+template <typename PointAt>
+void AppendSweep(Loop& loop, const Dwg_HATCH_PathSeg& segment, PointAt pointAt) {
+  double start = segment.start_angle;
+  double end = segment.end_angle;
+  if (end < start) {
+    end += kTwoPi;
+  }
+  double sweep = end - start;
+  if (segment.is_ccw == 0) {
+    start = -start;
+    sweep = -sweep;
+  }
+  const int steps = StepCount(sweep);
+  for (int j = 0; j <= steps; ++j) {
+    loop.push_back(pointAt(start + j * sweep / steps));
+  }
+}
+
+void AppendCircularArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+  AppendSweep(loop, segment, [&segment](double a) {
+    return Point{segment.center.x + segment.radius * std::cos(a),
+                 segment.center.y + segment.radius * std::sin(a)};
+  });
+}
+
+void AppendEllipticalArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+  const BITCODE_2RD& axis = segment.endpoint;
+  AppendSweep(loop, segment, [&segment, &axis](double a) {
+    const double minor = std::sin(a) * segment.minor_major_ratio;
+    return Point{segment.center.x + std::cos(a) * axis.x + minor * -axis.y,
+                 segment.center.y + std::cos(a) * axis.y + minor * axis.x};
+  });
+}
+
+void AppendSpline(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+  const auto fitPoints = SpanOf(segment.fitpts, segment.num_fitpts);
+  for (const BITCODE_2RD& point : fitPoints) {
+    loop.push_back({point.x, point.y});
+  }
+  if (!fitPoints.empty()) {
+    return;
+  }
+  for (const auto& control : SpanOf(segment.control_points, segment.num_control_points)) {
+    loop.push_back({control.point.x, control.point.y});
+  }
+}
+
+Loop EdgeLoop(const Dwg_HATCH_Path& path) {
+  const auto segments = SpanOf(path.segs, path.num_segs_or_paths);
+  Loop loop;
+  for (std::size_t i = 0; i < segments.size(); ++i) {
+    const Dwg_HATCH_PathSeg& segment = segments[i];
+    switch (segment.curve_type) {
+      case 1:
+        loop.push_back({segment.first_endpoint.x, segment.first_endpoint.y});
+        if (i + 1 == segments.size()) {
+          loop.push_back({segment.second_endpoint.x, segment.second_endpoint.y});
+        }
+        break;
+      case 2: AppendCircularArc(loop, segment); break;
+      case 3: AppendEllipticalArc(loop, segment); break;
+      case 4: AppendSpline(loop, segment); break;
+      default: break;
+    }
+  }
+  return loop;
+}
+
+void AppendLoop(BracketCursor& loops, const Loop& loop) {
+  std::string text;
+  CoordinateCursor coordinates{text};
+  for (const Point& point : loop) {
+    AppendCoordinatePair(coordinates, point.x, point.y);
+  }
+  AppendBracketedItem(loops, text);
+}
+
+}  // namespace
+
+std::string HatchRecord(const Dwg_Entity_HATCH& hatch, std::string_view layer) {
+  const auto paths = SpanOf(hatch.paths, hatch.num_paths);
+  if (HatchDebugEnabled() && !paths.empty()) {
+    DumpHatch(hatch);
+  }
+  std::string loopText;
+  BracketCursor loops{loopText};
+  for (const Dwg_HATCH_Path& path : paths) {
+    const Loop loop = (path.flag & kPolylinePath) != 0 ? PolylineLoop(path) : EdgeLoop(path);
+    if (loop.size() >= kMinLoopPoints) {
+      AppendLoop(loops, loop);
+    }
+  }
+  if (loops.count == 0) {
+    return {};
+  }
+  std::string out = BeginRecord("HATCH", layer);
+  AppendBoolKey(out, ",\"solid\":", hatch.is_solid_fill != 0 || hatch.is_gradient_fill != 0);
+  out += ",\"loops\":[";
+  out += loopText;
+  out += "]}";
+  return out;
+}

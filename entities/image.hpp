@@ -1,0 +1,19 @@
+// Records of raster images and PDF underlays: where they stand and which file
+// they show. Clip boundaries are not written.
+#pragma once
+
+#include <dwg.h>
+
+#include <string>
+#include <string_view>
+
+#include "entities/entity_context.hpp"
+
+// Nothing, without a warning, when the image is hidden, has no size, or its
+// file is unknown.
+std::string ImageRecord(const Dwg_Entity_IMAGE& image, std::string_view layer,
+                        EntityContext& context);
+
+// Nothing, with a warning, when the PDF file was not found.
+std::string PdfUnderlayRecord(const Dwg_Entity_PDFUNDERLAY& underlay, std::string_view layer,
+                              EntityContext& context);

@@ -1,0 +1,47 @@
+// Evaluation of non-uniform rational B-splines by the Cox-de Boor recurrence
+// (L. Piegl, W. Tiller, The NURBS Book, algorithms A2.1 and A2.2).
+//
+// Knots may be unordered, too few or not finite: a knot index outside the
+// array takes the nearest end, and every search ends.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+struct CurvePoint {
+  double x;
+  double y;
+};
+
+struct ControlPoint {
+  double x;
+  double y;
+  double weight;  // 1 for a curve without weights
+};
+
+class NurbsCurve {
+ public:
+  // `knots` must not be empty and must outlive the curve. `weighted` says
+  // whether the control points' weights are applied.
+  NurbsCurve(std::size_t degree, std::span<const double> knots,
+             std::vector<ControlPoint> controlPoints, bool weighted);
+
+  // The point at parameter `t`: the blend of the control points of its knot
+  // span, divided by the sum of their basis values unless that sum is 0.
+  CurvePoint At(double t);
+
+ private:
+  double Knot(std::int64_t index) const;
+  std::int64_t FindSpan(double t) const;
+  void EvaluateBasis(std::int64_t span, double t);
+
+  std::int64_t degree_;
+  std::span<const double> knots_;
+  std::vector<ControlPoint> controlPoints_;
+  bool weighted_;
+  std::vector<double> basis_;
+  std::vector<double> left_;
+  std::vector<double> right_;
+};

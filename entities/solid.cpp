@@ -1,0 +1,31 @@
+#include "entities/solid.hpp"
+
+#include "encode/json_text.hpp"
+#include "entities/entity_context.hpp"
+
+namespace {
+
+// Square of the distance under which two corners are one.
+constexpr double kSameCornerSquared = 1e-20;
+
+bool Coincide(const BITCODE_2RD& a, const BITCODE_2RD& b) {
+  const double dx = a.x - b.x;
+  const double dy = a.y - b.y;
+  return dx * dx + dy * dy < kSameCornerSquared;
+}
+
+}  // namespace
+
+std::string SolidRecord(const Dwg_Entity_SOLID& solid, std::string_view layer) {
+  std::string out = BeginRecord("SOLID", layer);
+  out += ",\"pts\":[";
+  ListCursor points{out};
+  AppendPoint(points, solid.corner1.x, solid.corner1.y);
+  AppendPoint(points, solid.corner2.x, solid.corner2.y);
+  if (!Coincide(solid.corner3, solid.corner4)) {
+    AppendPoint(points, solid.corner4.x, solid.corner4.y);
+  }
+  AppendPoint(points, solid.corner3.x, solid.corner3.y);
+  out += "]}";
+  return out;
+}

@@ -1,0 +1,118 @@
+#include "entities/spline.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "encode/json_text.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/nurbs.hpp"
+
+namespace {
+
+constexpr double kShortestTangent = 1e-10;
+constexpr double kSmallestRange = 1e-12;
+constexpr std::size_t kSamplesPerControlPoint = 4;
+constexpr std::size_t kMinSamples = 20;
+
+// Evaluation costs the square of the degree at every sample. Real degrees stay
+// far below the first limit; beyond it the whole spline must be cheap.
+constexpr std::size_t kAnyCountDegree = 64;
+constexpr std::size_t kMaxHighDegreeWork = 100'000'000;
+
+void AppendTangent(std::string& out, std::string_view key, const BITCODE_3BD& tangent) {
+  if (!(std::sqrt(tangent.x * tangent.x + tangent.y * tangent.y) > kShortestTangent)) {
+    return;
+  }
+  out += key;
+  ListCursor point{out};
+  AppendPoint(point, tangent.x, tangent.y);
+}
+
+std::string BeginSpline(const Dwg_Entity_SPLINE& spline, std::string_view layer) {
+  std::string out = BeginRecord("SPLINE", layer);
+  AppendBoolKey(out, ",\"closed\":", spline.closed_b != 0);
+  out += ",\"fit_pts\":[";
+  return out;
+}
+
+std::string FitPointRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                           std::span<const BITCODE_3DPOINT> fitPoints) {
+  std::string out = BeginSpline(spline, layer);
+  ListCursor points{out};
+  for (const BITCODE_3DPOINT& point : fitPoints) {
+    AppendPoint(points, point.x, point.y);
+  }
+  out += ']';
+  AppendTangent(out, ",\"beg_tan\":", spline.beg_tan_vec);
+  AppendTangent(out, ",\"end_tan\":", spline.end_tan_vec);
+  out += '}';
+  return out;
+}
+
+std::vector<ControlPoint> ControlPoints(std::span<const Dwg_SPLINE_control_point> stored) {
+  std::vector<ControlPoint> points;
+  points.reserve(stored.size());
+  for (const Dwg_SPLINE_control_point& point : stored) {
+    points.push_back({point.x, point.y, point.w == 0 ? 1.0 : point.w});
+  }
+  return points;
+}
+
+bool IsTooCostly(std::size_t degree, std::size_t samples) {
+  const std::size_t order = degree + 1;
+  return degree > kAnyCountDegree && samples > kMaxHighDegreeWork / (order * order);
+}
+
+std::string SampledRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                          std::span<const double> knots,
+                          std::span<const Dwg_SPLINE_control_point> controlPoints) {
+  const std::size_t degree = spline.degree;
+  const double start = knots[degree];
+  const double range = knots[knots.size() - 1 - degree] - start;
+  const std::size_t samples =
+      std::max(controlPoints.size() * kSamplesPerControlPoint, kMinSamples);
+  if (range < kSmallestRange || IsTooCostly(degree, samples)) {
+    return {};
+  }
+  NurbsCurve curve(degree, knots, ControlPoints(controlPoints),
+                   spline.rational != 0 || spline.weighted != 0);
+  std::string out = BeginSpline(spline, layer);
+  ListCursor points{out};
+  for (std::size_t i = 0; i < samples; ++i) {
+    const double share = static_cast<double>(i) / static_cast<double>(samples - 1);
+    const CurvePoint point = curve.At(start + share * range);
+    AppendPoint(points, point.x, point.y);
+  }
+  out += "]}";
+  return out;
+}
+
+std::string Skip(EntityContext& context, std::string_view kind, std::string_view layer,
+                 std::string_view reason) {
+  std::string warning = "Skipped ";
+  warning += kind;
+  warning += " SPLINE on layer ";
+  warning += layer;
+  warning += reason;
+  context.warnings.push_back(std::move(warning));
+  return {};
+}
+
+}  // namespace
+
+std::string SplineRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                         EntityContext& context) {
+  const auto fitPoints = SpanOf(spline.fit_pts, spline.num_fit_pts);
+  if (!fitPoints.empty()) {
+    return FitPointRecord(spline, layer, fitPoints);
+  }
+  const auto controlPoints = SpanOf(spline.ctrl_pts, spline.num_ctrl_pts);
+  const auto knots = SpanOf(spline.knots, spline.num_knots);
+  if (controlPoints.empty() || knots.empty()) {
+    return Skip(context, "degenerate", layer, " (no fit_pts and no ctrl_pts)");
+  }
+  if (knots.size() < controlPoints.size() + spline.degree + 1) {
+    return Skip(context, "malformed", layer, " (num_knots < num_ctrl_pts + degree + 1)");
+  }
+  return SampledRecord(spline, layer, knots, controlPoints);
+}

@@ -1,0 +1,92 @@
+#include "entities/viewport.hpp"
+
+#include <algorithm>
+
+#include "encode/json_text.hpp"
+#include "entities/convert_entity.hpp"
+#include "entities/drawing_access.hpp"
+
+namespace {
+
+constexpr unsigned kOverallViewportId = 1;
+constexpr std::uint32_t kNonRectangularClip = 0x10000;
+constexpr std::size_t kMaxClipDepth = 8;
+
+void AppendView(std::string& out, const Dwg_Entity_VIEWPORT& viewport) {
+  AppendNumberKey(out, ",\"cx\":", viewport.center.x);
+  AppendNumberKey(out, ",\"cy\":", viewport.center.y);
+  AppendNumberKey(out, ",\"width\":", viewport.width);
+  AppendNumberKey(out, ",\"height\":", viewport.height);
+  AppendNumberKey(out, ",\"viewCtrX\":", viewport.VIEWCTR.x);
+  AppendNumberKey(out, ",\"viewCtrY\":", viewport.VIEWCTR.y);
+  AppendNumberKey(out, ",\"viewSize\":", viewport.VIEWSIZE);
+  AppendNumberKey(out, ",\"targetX\":", viewport.view_target.x);
+  AppendNumberKey(out, ",\"targetY\":", viewport.view_target.y);
+  AppendNumberKey(out, ",\"targetZ\":", viewport.view_target.z);
+  AppendNumberKey(out, ",\"dirX\":", viewport.VIEWDIR.x);
+  AppendNumberKey(out, ",\"dirY\":", viewport.VIEWDIR.y);
+  AppendNumberKey(out, ",\"dirZ\":", viewport.VIEWDIR.z);
+  AppendNumberKey(out, ",\"twist\":", viewport.VIEWTWIST);
+  AppendIntKey(out, ",\"status\":", viewport.status_flag);
+}
+
+void AppendFrozenLayers(std::string& out, const Dwg_Entity_VIEWPORT& viewport,
+                        const LookupTables& tables) {
+  out += ",\"frozenLayers\":[";
+  ListCursor names{out};
+  for (const Dwg_Object_Ref* layer : SpanOf(viewport.frozen_layers, viewport.num_frozen_layers)) {
+    const auto found = layer == nullptr ? tables.layerNames.end()
+                                        : tables.layerNames.find(layer->absolute_ref);
+    if (found != tables.layerNames.end()) {
+      AppendListQuoted(names, found->second);
+    }
+  }
+  out += ']';
+}
+
+// The entity that clips the viewport, null when there is none to be written.
+const Dwg_Object* ClipEntity(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
+                             const EntityContext& context) {
+  const Handle handle = HandleOf(viewport.clip_boundary);
+  if ((viewport.status_flag & kNonRectangularClip) == 0 || handle == 0 ||
+      context.dwg.object_map == nullptr) {
+    return nullptr;
+  }
+  const Dwg_Object* clip = dwg_resolve_handle(&context.dwg, handle);
+  return clip == nullptr || clip == &object || !IsEntity(*clip) ? nullptr : clip;
+}
+
+// Converting a clip outline is the converter's only recursion. A viewport whose
+// conversion is under way is not entered again, and the depth is bounded.
+std::string ClipRecord(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
+                       EntityContext& context) {
+  auto& open = context.openViewports;
+  const Dwg_Object* clip = ClipEntity(viewport, object, context);
+  if (clip == nullptr || open.size() >= kMaxClipDepth ||
+      std::find(open.begin(), open.end(), clip) != open.end()) {
+    return {};
+  }
+  open.push_back(&object);
+  std::string record = convertEntity(*clip, context);
+  open.pop_back();
+  return record;
+}
+
+}  // namespace
+
+std::string ViewportRecord(const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
+                           EntityContext& context, const Dwg_Object& object) {
+  if (viewport.id == kOverallViewportId || !(viewport.width > 0) || !(viewport.height > 0)) {
+    return {};
+  }
+  std::string out = BeginRecord("VIEWPORT", layer);
+  AppendView(out, viewport);
+  AppendFrozenLayers(out, viewport, context.tables);
+  const std::string clip = ClipRecord(viewport, object, context);
+  if (!clip.empty()) {
+    out += ",\"clip\":";
+    out += clip;
+  }
+  out += '}';
+  return out;
+}

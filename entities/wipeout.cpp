@@ -1,0 +1,30 @@
+#include "entities/wipeout.hpp"
+
+#include "encode/json_text.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/entity_context.hpp"
+
+namespace {
+
+constexpr unsigned kShow = 1;
+
+}  // namespace
+
+std::string WipeoutRecord(const Dwg_Entity_WIPEOUT& wipeout, std::string_view layer) {
+  const auto vertices = SpanOf(wipeout.clip_verts, wipeout.num_clip_verts);
+  if ((wipeout.display_props & kShow) == 0 || vertices.empty()) {
+    return {};
+  }
+  std::string out = BeginRecord("WIPEOUT", layer);
+  out += ",\"verts\":[";
+  ListCursor points{out};
+  for (const BITCODE_2RD& vertex : vertices) {
+    // The unit frame has its origin in the centre and its v axis downward.
+    const double a = vertex.x + 0.5;
+    const double b = 0.5 - vertex.y;
+    AppendPoint(points, wipeout.pt0.x + a * wipeout.uvec.x + b * wipeout.vvec.x,
+                wipeout.pt0.y + a * wipeout.uvec.y + b * wipeout.vvec.y);
+  }
+  out += "]}";
+  return out;
+}

@@ -1,0 +1,23 @@
+#include "text/leader.hpp"
+
+#include "encode/json_text.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/entity_context.hpp"
+
+std::string LeaderRecord(const Dwg_Entity_LEADER& leader, std::string_view layer) {
+  const auto points = SpanOf(leader.points, leader.num_points);
+  if (points.size() < 2) {
+    return {};
+  }
+  std::string out = BeginRecord("LEADER", layer);
+  out += ",\"points\":[";
+  ListCursor list{out};
+  for (const BITCODE_3DPOINT& point : points) {
+    AppendPoint(list, point.x, point.y);
+  }
+  out += ']';
+  AppendBoolKey(out, ",\"arrowOn\":", leader.arrowhead_on != 0);
+  AppendNumberKey(out, ",\"arrowSize\":", leader.dimasz);
+  out += '}';
+  return out;
+}

@@ -1,0 +1,78 @@
+#include "text/multileader.hpp"
+
+#include "encode/json_text.hpp"
+#include "entities/drawing_access.hpp"
+#include "text/mtext_to_html.hpp"
+
+namespace {
+
+void AppendLeaderLine(BracketCursor& lines, const Dwg_LEADER_Line& line) {
+  const auto points = SpanOf(line.points, line.num_points);
+  if (points.size() < 2) {
+    return;
+  }
+  std::string text;
+  CoordinateCursor coordinates{text};
+  for (const BITCODE_3DPOINT& point : points) {
+    AppendCoordinatePair(coordinates, point.x, point.y);
+  }
+  AppendBracketedItem(lines, text);
+}
+
+void AppendDogleg(BracketCursor& lines, const Dwg_LEADER_Node& root) {
+  if (root.has_dogleg == 0 || root.dogleg_length == 0) {
+    return;
+  }
+  const BITCODE_3BD& start = root.lastleaderlinepoint;
+  std::string text;
+  CoordinateCursor coordinates{text};
+  AppendCoordinatePair(coordinates, start.x, start.y);
+  AppendCoordinatePair(coordinates, start.x + root.dogleg_vector.x * root.dogleg_length,
+                       start.y + root.dogleg_vector.y * root.dogleg_length);
+  AppendBracketedItem(lines, text);
+}
+
+void AppendText(std::string& out, const Dwg_MLEADER_AnnotContext& annotation,
+                const EntityContext& context) {
+  if (annotation.has_content_txt == 0) {
+    return;
+  }
+  const Dwg_MLEADER_Content_MText& content = annotation.content.txt;
+  const std::string text = context.Decode(content.default_text);
+  if (text.empty()) {
+    return;
+  }
+  const double height = content.height > 0 ? content.height : annotation.text_height;
+  MtextLayout layout;  // what HTML cannot carry is not written for multileaders
+  AppendQuotedKey(out, ",\"text\":{\"html\":", MtextToHtml(text, height, layout));
+  AppendNumberKey(out, ",\"x\":", content.location.x);
+  AppendNumberKey(out, ",\"y\":", content.location.y);
+  AppendNumberKey(out, ",\"height\":", height);
+  AppendNumberKey(out, ",\"rotationRad\":", content.rotation);
+  out += '}';
+}
+
+}  // namespace
+
+std::string MultileaderRecord(const Dwg_Entity_MULTILEADER& multileader, std::string_view layer,
+                              EntityContext& context) {
+  const Dwg_MLEADER_AnnotContext& annotation = multileader.ctx;
+  std::string out = BeginRecord("MULTILEADER", layer);
+  out += ",\"lines\":[";
+  BracketCursor lines{out};
+  for (const Dwg_LEADER_Node& root : SpanOf(annotation.leaders, annotation.num_leaders)) {
+    for (const Dwg_LEADER_Line& line : SpanOf(root.lines, root.num_lines)) {
+      AppendLeaderLine(lines, line);
+    }
+    AppendDogleg(lines, root);
+  }
+  if (lines.count == 0) {
+    return {};
+  }
+  out += ']';
+  AppendNumberKey(out, ",\"arrowSize\":",
+                  annotation.arrow_size > 0 ? annotation.arrow_size : multileader.arrow_size);
+  AppendText(out, annotation, context);
+  out += '}';
+  return out;
+}
