@@ -15,20 +15,24 @@ file(TO_CMAKE_PATH "${cache_default}" cache_default)
 set(DWG_DEPENDENCY_CACHE "${cache_default}" CACHE PATH "Folder that keeps built dependencies")
 
 # dwg_cached_build(<out-var> NAME <name> SOURCE <cmake-project> KEY <text>...
-#                  ARGS <-D...>...)
+#                  ARGS <-D...>... [CXX])
 # Configures, builds and installs a CMake project once for each distinct key
-# and sets <out-var> to its install folder.
+# and sets <out-var> to its install folder. CXX says that the project holds C++
+# too; without it the C++ compiler does not matter to the key.
 function(dwg_cached_build out)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;SOURCE" "KEY;ARGS")
-  set(args
-      -DCMAKE_C_COMPILER=${CMAKE_C_COMPILER} -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
-      -DCMAKE_BUILD_TYPE=Release ${arg_ARGS})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "CXX" "NAME;SOURCE" "KEY;ARGS")
+  set(args -DCMAKE_C_COMPILER=${CMAKE_C_COMPILER} -DCMAKE_BUILD_TYPE=Release ${arg_ARGS})
+  set(compilers "${CMAKE_C_COMPILER_ID} ${CMAKE_C_COMPILER_VERSION}")
+  if(arg_CXX)
+    list(APPEND args -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
+    string(APPEND compilers " ${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
+  endif()
   if(CMAKE_TOOLCHAIN_FILE)
     list(APPEND args -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
     file(SHA256 "${CMAKE_TOOLCHAIN_FILE}" toolchain_hash)
   endif()
   string(SHA256 key
-         "${arg_KEY};${args};${toolchain_hash};${CMAKE_C_COMPILER_ID};${CMAKE_C_COMPILER_VERSION};${CMAKE_CXX_COMPILER_VERSION}")
+         "${arg_KEY};${args};${toolchain_hash};${compilers}")
   string(SUBSTRING "${key}" 0 16 key)
   set(root "${DWG_DEPENDENCY_CACHE}/${arg_NAME}-${key}")
   set(install "${root}/install")

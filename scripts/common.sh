@@ -1,0 +1,58 @@
+# Shared by the scripts beside it: finding the repository, saying what is going
+# on, and installing missing build needs. Meant to be sourced by bash.
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+
+# Messages go to standard error; standard output belongs to the result.
+say() { printf '== %s\n' "$*" >&2; }
+fail() { printf 'error: %s\n' "$*" >&2; exit 1; }
+
+# What turns a source tree into the worker.
+build_packages=(build-essential cmake ninja-build patch
+                libcurl4-openssl-dev libssl-dev zlib1g-dev)
+
+# install_packages NAME...: installs the Debian packages that are missing, and
+# says which. Root or sudo is needed only when something is missing.
+install_packages() {
+  command -v dpkg-query >/dev/null || {
+    say "This is not a Debian-like system; make sure that it has: $*"
+    return 0
+  }
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null ||
+      fail "these packages are missing, and installing them needs root or sudo: ${missing[*]}"
+    as_root=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq >&2
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+# Cargo only fetches the pinned sources, but it has to be there.
+require_cargo() {
+  command -v cargo >/dev/null || [ -x "${CARGO_HOME:-$HOME/.cargo}/bin/cargo" ] ||
+    fail "cargo (Rust 1.88 or newer) is needed to fetch the pinned sources"
+}
+
+# build_preset PRESET [TARGET...]: configures when needed and builds, with all
+# output on standard error.
+build_preset() {
+  local preset="$1"
+  shift
+  (
+    cd "$root"
+    if [ ! -f "build/$preset/build.ninja" ]; then
+      say "Configuring $preset; the first time this also builds the pinned libraries"
+      cmake --preset "$preset" >&2
+    fi
+    cmake --build "build/$preset" ${1:+--target "$@"} >&2
+  )
+}
