@@ -29,6 +29,7 @@ foreach(variable ZLIB_ROOT CMAKE_PREFIX_PATH CMAKE_MSVC_RUNTIME_LIBRARY)
   endif()
 endforeach()
 dwg_cached_build(sentry_install
+  CXX
   NAME sentry-native
   SOURCE "${PROJECT_SOURCE_DIR}/cmake/sentry"
   KEY ${sentry_key}
