@@ -15,12 +15,13 @@ file(TO_CMAKE_PATH "${cache_default}" cache_default)
 set(DWG_DEPENDENCY_CACHE "${cache_default}" CACHE PATH "Folder that keeps built dependencies")
 
 # dwg_cached_build(<out-var> NAME <name> SOURCE <cmake-project> KEY <text>...
-#                  ARGS <-D...>... [CXX])
+#                  ARGS <-D...>... PATHS <-D...>... [CXX])
 # Configures, builds and installs a CMake project once for each distinct key
-# and sets <out-var> to its install folder. CXX says that the project holds C++
-# too; without it the C++ compiler does not matter to the key.
+# and sets <out-var> to its install folder. PATHS are arguments that say only
+# where inputs lie: KEY has to stand for what is in them. CXX says that the
+# project holds C++ too; without it the C++ compiler does not matter to the key.
 function(dwg_cached_build out)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "CXX" "NAME;SOURCE" "KEY;ARGS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "CXX" "NAME;SOURCE" "KEY;ARGS;PATHS")
   set(args -DCMAKE_C_COMPILER=${CMAKE_C_COMPILER} -DCMAKE_BUILD_TYPE=Release ${arg_ARGS})
   set(compilers "${CMAKE_C_COMPILER_ID} ${CMAKE_C_COMPILER_VERSION}")
   if(arg_CXX)
@@ -28,7 +29,7 @@ function(dwg_cached_build out)
     string(APPEND compilers " ${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION}")
   endif()
   if(CMAKE_TOOLCHAIN_FILE)
-    list(APPEND args -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
+    set(toolchain -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
     file(SHA256 "${CMAKE_TOOLCHAIN_FILE}" toolchain_hash)
   endif()
   string(SHA256 key
@@ -50,7 +51,7 @@ function(dwg_cached_build out)
   message(STATUS "Building ${arg_NAME} once for this compiler and these flags (kept in ${root})")
   execute_process(
     COMMAND "${CMAKE_COMMAND}" -G "${CMAKE_GENERATOR}" -S "${arg_SOURCE}" -B "${root}/build"
-            -DCMAKE_INSTALL_PREFIX=${install} ${args}
+            -DCMAKE_INSTALL_PREFIX=${install} ${args} ${toolchain} ${arg_PATHS}
     RESULT_VARIABLE result)
   if(result EQUAL 0)
     execute_process(COMMAND "${CMAKE_COMMAND}" --build "${root}/build" --config Release

@@ -23,7 +23,9 @@ if(DWG_LIBREDWG_PATCHES)
   file(GLOB libredwg_patches CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/patches/libredwg/*.patch")
   list(SORT libredwg_patches)
 endif()
-set(libredwg_key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION}")
+file(SHA256
+  "${PROJECT_SOURCE_DIR}/cmake/checksums/libredwg-sys-${DWG_LIBREDWG_CRATE_VERSION}.sha256" hash)
+set(libredwg_key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION} ${hash}")
 foreach(patch IN LISTS libredwg_patches)
   file(SHA256 "${patch}" hash)
   list(APPEND libredwg_key "${hash}")
@@ -37,9 +39,8 @@ dwg_cached_build(libredwg_install
   NAME libredwg
   SOURCE "${PROJECT_SOURCE_DIR}/cmake/libredwg"
   KEY ${libredwg_key}
-  ARGS "-DLIBREDWG_SOURCE=${libredwg_source}"
-       "-DLIBREDWG_PATCHES=${libredwg_patch_list}"
-       "-DLIBREDWG_C_FLAGS=${DWG_LIBREDWG_C_FLAGS}")
+  ARGS "-DLIBREDWG_C_FLAGS=${DWG_LIBREDWG_C_FLAGS}"
+  PATHS "-DLIBREDWG_SOURCE=${libredwg_source}" "-DLIBREDWG_PATCHES=${libredwg_patch_list}")
 
 add_library(LibreDWG::libredwg STATIC IMPORTED GLOBAL)
 set_target_properties(LibreDWG::libredwg PROPERTIES

@@ -11,8 +11,7 @@ const Dwg_Object_LAYOUT* LayoutOf(Handle block, const LookupTables& tables) {
   return found == tables.layoutsByBlock.end() ? nullptr : found->second;
 }
 
-std::string SheetName(Handle block, const Dwg_Object_LAYOUT* layout,
-                      const EntityContext& context) {
+std::string SheetName(Handle block, const Dwg_Object_LAYOUT* layout, const EntityContext& context) {
   std::string name = layout == nullptr ? std::string{} : context.Decode(layout->layout_name);
   if (!name.empty()) {
     return name;

@@ -127,8 +127,7 @@ class Prepass {
   }
 
   void AddPdfDef(Handle handle, const Dwg_Object_PDFDEFINITION* definition) {
-    const std::string path =
-        definition == nullptr ? std::string{} : Decode(definition->filename);
+    const std::string path = definition == nullptr ? std::string{} : Decode(definition->filename);
     if (!path.empty()) {
       tables_.pdfDefs[handle] = {.resolvedPath = ResolvePdf(path, drawingFolder_),
                                  .declaredPath = path,

@@ -130,8 +130,7 @@ std::string ColorJson(const Dwg_Color& color) {
   if (color.index == kIndexByBlock) {
     return "\"K\"";
   }
-  const bool isTrueColor =
-      ColorMethod(color) == kMethodTrueColor || color.index == kIndexTrueColor;
+  const bool isTrueColor = ColorMethod(color) == kMethodTrueColor || color.index == kIndexTrueColor;
   if (!isTrueColor && color.index == kIndexForeground) {
     return "\"W\"";
   }

@@ -55,8 +55,8 @@ void AppendNumber(std::string& out, double value) {
   }
   std::array<char, 32> buffer;
   std::to_chars_result result{};
-  const bool isShortInteger = std::fabs(value) < kShortIntegerLimit &&
-                              value == std::trunc(value) && !(value == 0 && std::signbit(value));
+  const bool isShortInteger = std::fabs(value) < kShortIntegerLimit && value == std::trunc(value) &&
+                              !(value == 0 && std::signbit(value));
   if (isShortInteger) {
     result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                            static_cast<std::int64_t>(value));

@@ -28,5 +28,4 @@ void AppendEntity(EntityList& list, const Dwg_Object& object, EntityContext& con
 void AppendOwnedEntities(EntityList& list, const Dwg_Object& owner, EntityContext& context);
 
 // Appends the entity and, after a block reference, the attributes it owns.
-void AppendEntityWithAttributes(EntityList& list, const Dwg_Object& object,
-                                EntityContext& context);
+void AppendEntityWithAttributes(EntityList& list, const Dwg_Object& object, EntityContext& context);

@@ -12,8 +12,8 @@ constexpr unsigned kPolylinePath = 2;
 void DumpVertices(const Dwg_HATCH_Path& path) {
   unsigned j = 0;
   for (const auto& vertex : SpanOf(path.polyline_paths, path.num_segs_or_paths)) {
-    std::fprintf(stderr, "    v%02u (%0.6f, %0.6f) bulge=%g\n", j++, vertex.point.x,
-                 vertex.point.y, path.bulges_present != 0 ? vertex.bulge : 0.0);
+    std::fprintf(stderr, "    v%02u (%0.6f, %0.6f) bulge=%g\n", j++, vertex.point.x, vertex.point.y,
+                 path.bulges_present != 0 ? vertex.bulge : 0.0);
   }
 }
 
@@ -23,8 +23,8 @@ void DumpSegments(const Dwg_HATCH_Path& path) {
     switch (segment.curve_type) {
       case 1:
         std::fprintf(stderr, "    seg%02u LINE (%0.6f,%0.6f)->(%0.6f,%0.6f)\n", j,
-                     segment.first_endpoint.x, segment.first_endpoint.y,
-                     segment.second_endpoint.x, segment.second_endpoint.y);
+                     segment.first_endpoint.x, segment.first_endpoint.y, segment.second_endpoint.x,
+                     segment.second_endpoint.y);
         break;
       case 2:
         std::fprintf(stderr, "    seg%02u ARC c=(%0.6f,%0.6f) r=%0.6f a0=%0.6f a1=%0.6f ccw=%d\n",

@@ -82,8 +82,8 @@ std::string EllipseRecord(const Dwg_Entity_ELLIPSE& ellipse, std::string_view la
   AppendNumberKey(out, ",\"cy\":", ellipse.center.y);
   AppendNumberKey(out, ",\"smAxisX\":", axis.x);
   AppendNumberKey(out, ",\"smAxisY\":", axis.y);
-  AppendNumberKey(out, ",\"semiMajor\":",
-                  std::sqrt(axis.x * axis.x + axis.y * axis.y + axis.z * axis.z));
+  AppendNumberKey(
+      out, ",\"semiMajor\":", std::sqrt(axis.x * axis.x + axis.y * axis.y + axis.z * axis.z));
   AppendNumberKey(out, ",\"axisRatio\":", ellipse.axis_ratio);
   AppendAngles(out, ellipse);
   out += '}';

@@ -69,8 +69,7 @@ std::string SampledRecord(const Dwg_Entity_SPLINE& spline, std::string_view laye
   const std::size_t degree = spline.degree;
   const double start = knots[degree];
   const double range = knots[knots.size() - 1 - degree] - start;
-  const std::size_t samples =
-      std::max(controlPoints.size() * kSamplesPerControlPoint, kMinSamples);
+  const std::size_t samples = std::max(controlPoints.size() * kSamplesPerControlPoint, kMinSamples);
   if (range < kSmallestRange || IsTooCostly(degree, samples)) {
     return {};
   }

@@ -35,8 +35,8 @@ void AppendFrozenLayers(std::string& out, const Dwg_Entity_VIEWPORT& viewport,
   out += ",\"frozenLayers\":[";
   ListCursor names{out};
   for (const Dwg_Object_Ref* layer : SpanOf(viewport.frozen_layers, viewport.num_frozen_layers)) {
-    const auto found = layer == nullptr ? tables.layerNames.end()
-                                        : tables.layerNames.find(layer->absolute_ref);
+    const auto found =
+        layer == nullptr ? tables.layerNames.end() : tables.layerNames.find(layer->absolute_ref);
     if (found != tables.layerNames.end()) {
       AppendListQuoted(names, found->second);
     }

@@ -21,9 +21,9 @@ constexpr int kFatalBits =
 static_assert(kFatalBits == 0x3A00);
 
 constexpr std::array<std::string_view, 14> kErrorNames = {
-    "WRONGCRC",         "NOTYETSUPPORTED", "UNHANDLEDCLASS",  "INVALIDTYPE",  "INVALIDHANDLE",
-    "INVALIDEED",       "VALUEOUTOFBOUNDS", "CLASSESNOTFOUND", "SECTIONNOTFOUND", "PAGENOTFOUND",
-    "INTERNALERROR",    "INVALIDDWG",      "IOERROR",         "OUTOFMEM"};
+    "WRONGCRC",      "NOTYETSUPPORTED",  "UNHANDLEDCLASS",  "INVALIDTYPE",     "INVALIDHANDLE",
+    "INVALIDEED",    "VALUEOUTOFBOUNDS", "CLASSESNOTFOUND", "SECTIONNOTFOUND", "PAGENOTFOUND",
+    "INTERNALERROR", "INVALIDDWG",       "IOERROR",         "OUTOFMEM"};
 static_assert(1 << (kErrorNames.size() - 1) == DWG_ERR_OUTOFMEM);
 
 constexpr std::string_view kModelSpace = "*Model_Space";

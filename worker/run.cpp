@@ -1,32 +1,23 @@
 #include "worker/run.hpp"
 
-#include <array>
 #include <chrono>
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "document/assets.hpp"
-#include "document/layers.hpp"
-#include "document/layouts.hpp"
-#include "document/model_space.hpp"
-#include "document/prepass.hpp"
+#include "document/document.hpp"
 #include "encode/json_text.hpp"
-#include "entities/entity_context.hpp"
 #include "worker/crash_reporting.hpp"
 #include "worker/drawing_file.hpp"
 #include "worker/standard_streams.hpp"
 
 namespace {
 
-constexpr std::size_t kReservedOutput = 0x80000;
 constexpr const char* kComponent = "dwg_import_worker";
-constexpr const char* kUsage =
-    "{\"error\":\"Usage: dwg_import_worker <file.dwg> [--verbose]\"}\n";
+constexpr const char* kUsage = "{\"error\":\"Usage: dwg_import_worker <file.dwg> [--verbose]\"}\n";
 
 class Stopwatch {
  public:
@@ -39,7 +30,7 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-// Cumulative, in milliseconds.
+// Cumulative, in milliseconds. The layouts count into the entities.
 struct Timings {
   long long read = 0;
   long long prepass = 0;
@@ -49,27 +40,51 @@ struct Timings {
   long long total = 0;
 };
 
-struct VersionWord {
-  Dwg_Version_Type version;
-  std::string_view word;
-};
+// Prints the progress lines and takes the stage times.
+class Progress : public StageObserver {
+ public:
+  Progress(const Stopwatch& stopwatch, Timings& timings, unsigned objectCount)
+      : stopwatch_(stopwatch), timings_(timings), objectCount_(objectCount) {}
 
-constexpr std::array<VersionWord, 7> kVersionWords = {{{R_14, "R14"},
-                                                       {R_2000, "2000"},
-                                                       {R_2004, "2004"},
-                                                       {R_2007, "2007"},
-                                                       {R_2010, "2010"},
-                                                       {R_2013, "2013"},
-                                                       {R_2018, "2018"}}};
-
-std::string_view WordOf(Dwg_Version_Type version) {
-  for (const VersionWord& entry : kVersionWords) {
-    if (entry.version == version) {
-      return entry.word;
+  void Begin(Stage stage) override {
+    switch (stage) {
+      case Stage::kPrepass:
+        std::fprintf(stderr, "[DWG worker] Pre-pass: building lookup tables (%u objects)...\n",
+                     objectCount_);
+        break;
+      case Stage::kLayers: std::fputs("[DWG worker] Converting layers...\n", stderr); break;
+      case Stage::kAssets:
+        std::fputs("[DWG worker] Converting assets (block definitions)...\n", stderr);
+        break;
+      case Stage::kModelSpace:
+        std::fputs("[DWG worker] Converting model-space entities...\n", stderr);
+        break;
+      case Stage::kLayouts:
+        std::fputs("[DWG worker] Converting layouts (paper space)...\n", stderr);
+        break;
     }
   }
-  return "Unknown";
-}
+
+  void End(Stage stage) override {
+    switch (stage) {
+      case Stage::kPrepass: Close("Pre-pass", timings_.prepass); break;
+      case Stage::kLayers: Close("Layers", timings_.layers); break;
+      case Stage::kAssets: Close("Assets", timings_.assets); break;
+      case Stage::kModelSpace: break;
+      case Stage::kLayouts: Close("Entities", timings_.entities); break;
+    }
+  }
+
+ private:
+  void Close(const char* name, long long& milliseconds) {
+    milliseconds = stopwatch_.Milliseconds();
+    std::fprintf(stderr, "[DWG worker] %s done in %lld ms\n", name, milliseconds);
+  }
+
+  const Stopwatch& stopwatch_;
+  Timings& timings_;
+  unsigned objectCount_;
+};
 
 bool IsVerbose(int argc, const char* const* argv) {
   for (int i = 2; i < argc; ++i) {
@@ -80,24 +95,6 @@ bool IsVerbose(int argc, const char* const* argv) {
   return false;
 }
 
-// Types in byte order of their names.
-void AddSkippedTypes(const std::map<std::string, std::size_t>& counts,
-                     std::vector<std::string>& warnings) {
-  for (const auto& [name, count] : counts) {
-    warnings.push_back("Skipped " + std::to_string(count) + " " + name +
-                       (count == 1 ? " entity" : " entities") + " (not yet supported)");
-  }
-}
-
-void AppendWarnings(std::string& out, const std::vector<std::string>& warnings) {
-  out += ",\"warnings\":[";
-  ListCursor list{out};
-  for (const std::string& warning : warnings) {
-    AppendListQuoted(list, warning);
-  }
-  out += ']';
-}
-
 void AppendTimings(std::string& out, const Timings& timings) {
   AppendIntKey(out, ",\"timings\":{\"dwgReadMs\":", timings.read);
   AppendIntKey(out, ",\"prepassMs\":", timings.prepass);
@@ -106,11 +103,6 @@ void AppendTimings(std::string& out, const Timings& timings) {
   AppendIntKey(out, ",\"entitiesMs\":", timings.entities);
   AppendIntKey(out, ",\"workerTotalMs\":", timings.total);
   out += "}}";
-}
-
-// The folder of the drawing; empty when the path has none.
-std::filesystem::path FolderOf(const std::string& path) {
-  return std::filesystem::path(path).parent_path();
 }
 
 bool WriteLine(const std::string& text) {
@@ -125,76 +117,23 @@ int ReportFailedRead(const DrawingFile& drawing) {
   return 1;
 }
 
-class Conversion {
- public:
-  Conversion(DrawingFile& drawing, bool verbose, const Stopwatch& stopwatch, Timings timings)
-      : drawing_(drawing), verbose_(verbose), stopwatch_(stopwatch), timings_(timings) {}
-
-  const Timings& timings() const { return timings_; }
-
-  std::string Document() {
-    if (drawing_.result() != 0) {
-      warnings_.push_back("LibreDWG parse warnings: " + ErrorNames(drawing_.result()));
-    }
-    Dwg_Data& dwg = drawing_.data();
-    std::fprintf(stderr, "[DWG worker] Pre-pass: building lookup tables (%u objects)...\n",
-                 static_cast<unsigned>(dwg.num_objects));
-    const LookupTables tables =
-        BuildLookupTables(dwg, drawing_.HasUnicodeText(), FolderOf(drawing_.path()));
-    CloseStage("Pre-pass", timings_.prepass);
-
-    EntityContext context{dwg, tables, drawing_.HasUnicodeText(), warnings_, skippedTypes_};
-    std::string out;
-    out.reserve(kReservedOutput);
-    AppendSections(out, dwg, context);
-    AddSkippedTypes(skippedTypes_, warnings_);
-    AppendWarnings(out, warnings_);
-    timings_.total = stopwatch_.Milliseconds();
-    AppendTimings(out, timings_);
-    return out;
+std::string DocumentOf(DrawingFile& drawing, bool verbose, const Stopwatch& stopwatch,
+                       Timings& timings) {
+  std::vector<std::string> warnings;
+  if (drawing.result() != 0) {
+    warnings.push_back("LibreDWG parse warnings: " + ErrorNames(drawing.result()));
   }
-
- private:
-  void AppendSections(std::string& out, Dwg_Data& dwg, EntityContext& context) {
-    AppendQuotedKey(out, "{\"dwgVersion\":", WordOf(dwg.header.version));
-    AppendIntKey(out, ",\"insunits\":", dwg.header_vars.INSUNITS);
-
-    std::fputs("[DWG worker] Converting layers...\n", stderr);
-    out += ",\"layers\":[";
-    AppendLayers(out, dwg, context.unicodeText, verbose_);
-    out += ']';
-    CloseStage("Layers", timings_.layers);
-
-    std::fputs("[DWG worker] Converting assets (block definitions)...\n", stderr);
-    out += ",\"assets\":[";
-    AppendAssets(out, context, verbose_);
-    out += ']';
-    CloseStage("Assets", timings_.assets);
-
-    std::fputs("[DWG worker] Converting model-space entities...\n", stderr);
-    out += ",\"entities\":[";
-    AppendModelSpace(out, dwg, context, verbose_);
-    out += ']';
-
-    std::fputs("[DWG worker] Converting layouts (paper space)...\n", stderr);
-    out += ",\"layouts\":[";
-    AppendLayouts(out, context, verbose_);
-    out += ']';
-    CloseStage("Entities", timings_.entities);
-  }
-
-  void CloseStage(const char* name, long long& milliseconds) const {
-    milliseconds = stopwatch_.Milliseconds();
-    std::fprintf(stderr, "[DWG worker] %s done in %lld ms\n", name, milliseconds);
-  }
-
-  DrawingFile& drawing_;
-  bool verbose_;
-  const Stopwatch& stopwatch_;
-  Timings timings_;
-  std::vector<std::string> warnings_;
-  std::map<std::string, std::size_t> skippedTypes_;
-};
+  Progress progress(stopwatch, timings, static_cast<unsigned>(drawing.data().num_objects));
+  std::string document =
+      BuildDocument({.dwg = drawing.data(),
+                     .unicodeText = drawing.HasUnicodeText(),
+                     .debugColors = verbose,
+                     .drawingFolder = std::filesystem::path(drawing.path()).parent_path()},
+                    std::move(warnings), progress);
+  timings.total = stopwatch.Milliseconds();
+  AppendTimings(document, timings);
+  return document;
+}
 
 int Convert(const char* path, bool verbose) {
   const Stopwatch stopwatch;
@@ -210,8 +149,7 @@ int Convert(const char* path, bool verbose) {
     return ReportFailedRead(drawing);
   }
 
-  Conversion conversion(drawing, verbose, stopwatch, timings);
-  const std::string document = conversion.Document();
+  const std::string document = DocumentOf(drawing, verbose, stopwatch, timings);
   std::fprintf(stderr, "[DWG worker] JSON output size: %zu bytes\n", document.size());
   const bool isWritten = WriteLine(document);
   drawing.Free();
@@ -219,7 +157,7 @@ int Convert(const char* path, bool verbose) {
     std::fputs("[DWG worker] Could not write the document to standard output\n", stderr);
     return 1;
   }
-  std::fprintf(stderr, "[DWG worker] Total time: %lld ms\n", conversion.timings().total);
+  std::fprintf(stderr, "[DWG worker] Total time: %lld ms\n", timings.total);
   return 0;
 }
 

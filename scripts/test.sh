@@ -1,0 +1,89 @@
+#!/usr/bin/env bash
+# Installs what the tests need, builds every variant and runs every test.
+#
+#   scripts/test.sh [STAGE...]
+#
+# Stages, all of them by default: checks dev clang asan release windows.
+# DWG_CORPUS names a folder of drawings for the runs over real drawings; they
+# are left out, with a line that says so, when it is not set.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+test_packages=(clang clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
+               nlohmann-json3-dev python3-venv
+               libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1)
+
+prepare_python() {
+  local venv="${DWG_TEST_VENV:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/venv}"
+  local wanted
+  wanted="$(sha256sum "$root/tests/requirements.txt" | cut -d' ' -f1)"
+  if [ "$(cat "$venv/installed" 2>/dev/null)" != "$wanted" ]; then
+    say "Installing the tests' Python packages"
+    /usr/bin/python3 -m venv "$venv"
+    "$venv/bin/pip" install --quiet --disable-pip-version-check -r "$root/tests/requirements.txt" >&2
+    echo "$wanted" > "$venv/installed"
+  fi
+  PATH="$venv/bin:$PATH"
+  export PATH
+}
+
+our_sources() {
+  git -C "$root" ls-files --cached --others --exclude-standard -- '*.cpp' '*.hpp'
+}
+
+stage_checks() {
+  say "Format"
+  (cd "$root" && our_sources | xargs clang-format-14 --dry-run -Werror)
+}
+
+run_ctest() {
+  (cd "$root" && ctest --test-dir "build/$1" --output-on-failure --no-tests=error)
+}
+
+stage_dev() {
+  say "GCC, warnings as errors: build and test"
+  build_preset dev
+  run_ctest dev
+}
+
+stage_clang() {
+  say "Clang, warnings as errors: build, test, clang-tidy"
+  build_preset dev-clang
+  run_ctest dev-clang
+  (
+    cd "$root"
+    our_sources | grep -E '^(worker|document|encode|entities|text)/.*\.cpp$' |
+      grep -vE '_win\.cpp$|crash_reporting_(posix|sentry)\.cpp$' |
+      xargs -P "$(nproc)" -n 4 clang-tidy-14 -p build/dev-clang --quiet
+  )
+}
+
+stage_asan() {
+  say "Address and undefined-behaviour sanitizers: build and test"
+  build_preset asan
+  # The library leaks when it refuses a drawing, and our tests hand it such.
+  ASAN_OPTIONS=detect_leaks=0 run_ctest asan
+}
+
+stage_release() {
+  say "What users run: build, golden documents"
+  build_preset release
+  (cd "$root" && python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker)
+}
+
+stage_windows() {
+  say "64-bit Windows: cross build, tests and golden documents under wine"
+  "$root/scripts/test_windows.sh"
+}
+
+stages=("$@")
+[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan release windows)
+
+install_packages "${build_packages[@]}" "${test_packages[@]}"
+require_cargo
+prepare_python
+for stage in "${stages[@]}"; do
+  declare -F "stage_$stage" >/dev/null || fail "there is no stage named $stage"
+  "stage_$stage"
+done
+say "All stages passed: ${stages[*]}"
