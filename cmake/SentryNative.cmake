@@ -17,12 +17,13 @@ else()
 endif()
 
 set(sentry_key "sentry-contrib-native-sys ${DWG_SENTRY_CRATE_VERSION}")
-foreach(file sentry/CMakeLists.txt sentry/quiet_logging.h sentry/release_standard_streams.cpp
-             windows/include/NTSecAPI.h)
+foreach(file checksums/sentry-contrib-native-sys-${DWG_SENTRY_CRATE_VERSION}.sha256
+             sentry/CMakeLists.txt sentry/quiet_logging.h
+             sentry/release_standard_streams.cpp windows/include/NTSecAPI.h)
   file(SHA256 "${PROJECT_SOURCE_DIR}/cmake/${file}" hash)
   list(APPEND sentry_key "${hash}")
 endforeach()
-set(sentry_args "-DSENTRY_SOURCE=${sentry_source}/sentry-native")
+set(sentry_args "")
 foreach(variable ZLIB_ROOT CMAKE_PREFIX_PATH CMAKE_MSVC_RUNTIME_LIBRARY)
   if(${variable})
     list(APPEND sentry_args "-D${variable}=${${variable}}")
@@ -33,7 +34,8 @@ dwg_cached_build(sentry_install
   NAME sentry-native
   SOURCE "${PROJECT_SOURCE_DIR}/cmake/sentry"
   KEY ${sentry_key}
-  ARGS ${sentry_args})
+  ARGS ${sentry_args}
+  PATHS "-DSENTRY_SOURCE=${sentry_source}/sentry-native")
 
 foreach(name sentry crashpad_client crashpad_util crashpad_compat mini_chromium)
   add_library(Sentry::${name} STATIC IMPORTED GLOBAL)
@@ -58,4 +60,4 @@ else()
 endif()
 
 set(DWG_CRASHPAD_HANDLER "${sentry_install}/bin/crashpad_handler${CMAKE_EXECUTABLE_SUFFIX}")
-set(DWG_SENTRY_LICENSES "${sentry_install}/licenses")
+file(COPY "${sentry_install}/licenses" DESTINATION "${CMAKE_BINARY_DIR}")

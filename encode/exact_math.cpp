@@ -90,7 +90,8 @@ struct ReducedAngle {
 // quarters above its point and the rest below. Words of 2/pi in front of the
 // window would only add whole turns; those behind it count for less than 2^-200.
 ReducedAngle ReduceAngle(double x) {
-  if (x <= kHalfPi.hi / 2) return {0, {x, 0}};
+  if (x <= kHalfPi.hi / 2)
+    return {0, {x, 0}};
   constexpr int kWindow = 9;
   int exponent = 0;
   const double fraction = std::frexp(x, &exponent);
@@ -132,7 +133,8 @@ ReducedAngle ReduceAngle(double x) {
   Double2 rest = {0, 0};
   for (int i = point / 32; i >= 0; --i) {
     std::uint32_t word = product[static_cast<std::size_t>(i)];
-    if (i == point / 32) word &= (1U << (point % 32)) - 1;
+    if (i == point / 32)
+      word &= (1U << (point % 32)) - 1;
     rest = Add(rest, {std::ldexp(static_cast<double>(word), 32 * i - point), 0});
   }
   rest = Multiply(rest, kHalfPi);
@@ -153,12 +155,11 @@ Double2 NestedSeries(Double2 z, double a) {
 // The sine of an angle `quarters` quarter turns after x.
 double SineOf(double x, unsigned quarters) {
   const ReducedAngle angle = ReduceAngle(std::fabs(x));
-  const unsigned quarter =
-      (quarters + (std::signbit(x) ? 4 - angle.quarter : angle.quarter)) % 4;
+  const unsigned quarter = (quarters + (std::signbit(x) ? 4 - angle.quarter : angle.quarter)) % 4;
   const Double2 rest = std::signbit(x) ? Negate(angle.rest) : angle.rest;
   const Double2 square = Multiply(rest, rest);
-  const double value = quarter % 2 == 0 ? Multiply(rest, NestedSeries(square, 2)).hi
-                                        : NestedSeries(square, 1).hi;
+  const double value =
+      quarter % 2 == 0 ? Multiply(rest, NestedSeries(square, 2)).hi : NestedSeries(square, 1).hi;
   return quarter < 2 ? value : -value;
 }
 
@@ -200,12 +201,14 @@ Double2 ArcTangent(Double2 x) {
 }  // namespace
 
 double ExactSin(double x) {
-  if (!std::isfinite(x)) return std::numeric_limits<double>::quiet_NaN();
+  if (!std::isfinite(x))
+    return std::numeric_limits<double>::quiet_NaN();
   return x == 0 ? x : SineOf(x, 0);
 }
 
 double ExactCos(double x) {
-  if (!std::isfinite(x)) return std::numeric_limits<double>::quiet_NaN();
+  if (!std::isfinite(x))
+    return std::numeric_limits<double>::quiet_NaN();
   return SineOf(std::fabs(x), 1);
 }
 
@@ -214,14 +217,19 @@ double ExactAtan(double x) {
 }
 
 double ExactAtan2(double y, double x) {
-  if (std::isnan(x) || std::isnan(y)) return std::numeric_limits<double>::quiet_NaN();
-  if (y == 0) return std::copysign(std::signbit(x) ? kPi.hi : 0, y);
-  if (x == 0) return std::copysign(kHalfPi.hi, y);
+  if (std::isnan(x) || std::isnan(y))
+    return std::numeric_limits<double>::quiet_NaN();
+  if (y == 0)
+    return std::copysign(std::signbit(x) ? kPi.hi : 0, y);
+  if (x == 0)
+    return std::copysign(kHalfPi.hi, y);
   if (std::isinf(x) || std::isinf(y)) {
     // Quarters of pi: 1 and 3 on the diagonals, 0 and 4 along x, 2 along y.
     double quarters = 2;
-    if (std::isinf(x)) quarters = x > 0 ? 0 : 4;
-    if (std::isinf(x) && std::isinf(y)) quarters = x > 0 ? 1 : 3;
+    if (std::isinf(x))
+      quarters = x > 0 ? 0 : 4;
+    if (std::isinf(x) && std::isinf(y))
+      quarters = x > 0 ? 1 : 3;
     return std::copysign(Multiply(kPi, {quarters / 4, 0}).hi, y);
   }
 
@@ -230,13 +238,16 @@ double ExactAtan2(double y, double x) {
   const double across = std::frexp(std::fabs(x), &exponent);
   const double up = std::frexp(std::fabs(y), &exponentOfY);
   // So far from the diagonal that the quotient's part in the sum is lost.
-  if (exponentOfY - exponent > 80) return std::copysign(kHalfPi.hi, y);
-  if (exponentOfY - exponent < -80) return x > 0 ? y / x : std::copysign(kPi.hi, y);
+  if (exponentOfY - exponent > 80)
+    return std::copysign(kHalfPi.hi, y);
+  if (exponentOfY - exponent < -80)
+    return x > 0 ? y / x : std::copysign(kPi.hi, y);
 
   const Double2 a = {std::ldexp(up, exponentOfY - exponent), 0};
   const Double2 b = {across, 0};
-  Double2 angle = a.hi <= b.hi ? ArcTangent(Divide(a, b))
-                               : Add(kHalfPi, Negate(ArcTangent(Divide(b, a))));
-  if (x < 0) angle = Add(kPi, Negate(angle));
+  Double2 angle =
+      a.hi <= b.hi ? ArcTangent(Divide(a, b)) : Add(kHalfPi, Negate(ArcTangent(Divide(b, a))));
+  if (x < 0)
+    angle = Add(kPi, Negate(angle));
   return std::copysign(angle.hi, y);
 }

@@ -11,7 +11,8 @@ namespace {
 std::string ExecutableDirectory() {
   char path[PATH_MAX];
   const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-  if (length <= 0) return {};
+  if (length <= 0)
+    return {};
   const std::string file(path, static_cast<std::size_t>(length));
   return file.substr(0, file.find_last_of('/'));
 }

@@ -21,9 +21,11 @@ const char* EnvironmentValue(const char* name) {
 
 void StartCrashReporting(const char* component) {
   const char* dsn = EnvironmentValue("KVT_SENTRY_DSN");
-  if (dsn == nullptr) return;
+  if (dsn == nullptr)
+    return;
   sentry_options_t* options = sentry_options_new();
-  if (options == nullptr) return;
+  if (options == nullptr)
+    return;
   sentry_options_set_dsn(options, dsn);
   SetReportPaths(options, EnvironmentValue("KVT_SENTRY_DB"));
   if (const char* release = EnvironmentValue("KVT_SENTRY_RELEASE")) {
@@ -32,13 +34,15 @@ void StartCrashReporting(const char* component) {
   if (const char* environment = EnvironmentValue("KVT_SENTRY_ENV")) {
     sentry_options_set_environment(options, environment);
   }
-  if (sentry_init(options) != 0) return;
+  if (sentry_init(options) != 0)
+    return;
   active = true;
   sentry_set_tag("component", component);
 }
 
 void StopCrashReporting() noexcept {
-  if (!active) return;
+  if (!active)
+    return;
   sentry_close();
   active = false;
 }

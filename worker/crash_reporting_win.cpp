@@ -19,7 +19,8 @@ std::wstring ExecutableDirectory() {
 // Empty when the text cannot be converted.
 std::wstring WideFromUtf8(const char* text) {
   const int length = MultiByteToWideChar(CP_UTF8, 0, text, -1, nullptr, 0);
-  if (length <= 0) return {};
+  if (length <= 0)
+    return {};
   std::wstring wide(static_cast<std::size_t>(length), L'\0');
   MultiByteToWideChar(CP_UTF8, 0, text, -1, wide.data(), length);
   wide.pop_back();  // the terminator

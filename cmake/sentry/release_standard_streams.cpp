@@ -12,7 +12,8 @@ const bool kReleased = [] {
   for (DWORD stream : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
     HANDLE handle = GetStdHandle(stream);
     SetStdHandle(stream, nullptr);
-    if (handle != nullptr && handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+    if (handle != nullptr && handle != INVALID_HANDLE_VALUE)
+      CloseHandle(handle);
   }
   return true;
 }();
@@ -29,9 +30,11 @@ namespace {
 
 const bool kReleased = [] {
   const int null = open("/dev/null", O_RDWR);
-  if (null < 0) return false;
+  if (null < 0)
+    return false;
   for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(null, stream);
-  if (null > STDERR_FILENO) close(null);
+  if (null > STDERR_FILENO)
+    close(null);
   return true;
 }();
 

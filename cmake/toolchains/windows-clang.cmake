@@ -34,7 +34,7 @@ set(CMAKE_C_FLAGS_INIT "-nostdlibinc -idirafter ${mingw_root}/include")
 set(CMAKE_CXX_FLAGS_INIT
     "-nostdinc++ -isystem ${mingw_gcc}/include/c++ -isystem ${mingw_gcc}/include/c++/${mingw_triple} -isystem ${mingw_gcc}/include/c++/backward ${CMAKE_C_FLAGS_INIT}")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-fuse-ld=lld -static -B${mingw_gcc} -L${mingw_gcc} -Wl,--no-insert-timestamp")
-set(CMAKE_CXX_STANDARD_LIBRARIES "-lwinpthread" CACHE STRING "")
+set(CMAKE_CXX_STANDARD_LIBRARIES "-lwinpthread -lssp" CACHE STRING "")
 
 set(CMAKE_FIND_ROOT_PATH ${mingw_root})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
