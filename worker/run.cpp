@@ -1,8 +1,6 @@
 #include "worker/run.hpp"
 
-#include <array>
 #include <chrono>
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <map>
@@ -19,14 +17,14 @@
 #include "entities/entity_context.hpp"
 #include "worker/crash_reporting.hpp"
 #include "worker/drawing_file.hpp"
+#include "worker/read_result.hpp"
 #include "worker/standard_streams.hpp"
 
 namespace {
 
 constexpr std::size_t kReservedOutput = 0x80000;
 constexpr const char* kComponent = "dwg_import_worker";
-constexpr const char* kUsage =
-    "{\"error\":\"Usage: dwg_import_worker <file.dwg> [--verbose]\"}\n";
+constexpr const char* kUsage = "{\"error\":\"Usage: dwg_import_worker <file.dwg> [--verbose]\"}\n";
 
 class Stopwatch {
  public:
@@ -48,28 +46,6 @@ struct Timings {
   long long entities = 0;
   long long total = 0;
 };
-
-struct VersionWord {
-  Dwg_Version_Type version;
-  std::string_view word;
-};
-
-constexpr std::array<VersionWord, 7> kVersionWords = {{{R_14, "R14"},
-                                                       {R_2000, "2000"},
-                                                       {R_2004, "2004"},
-                                                       {R_2007, "2007"},
-                                                       {R_2010, "2010"},
-                                                       {R_2013, "2013"},
-                                                       {R_2018, "2018"}}};
-
-std::string_view WordOf(Dwg_Version_Type version) {
-  for (const VersionWord& entry : kVersionWords) {
-    if (entry.version == version) {
-      return entry.word;
-    }
-  }
-  return "Unknown";
-}
 
 bool IsVerbose(int argc, const char* const* argv) {
   for (int i = 2; i < argc; ++i) {
@@ -156,7 +132,7 @@ class Conversion {
 
  private:
   void AppendSections(std::string& out, Dwg_Data& dwg, EntityContext& context) {
-    AppendQuotedKey(out, "{\"dwgVersion\":", WordOf(dwg.header.version));
+    AppendQuotedKey(out, "{\"dwgVersion\":", ReleaseWord(dwg.header.version));
     AppendIntKey(out, ",\"insunits\":", dwg.header_vars.INSUNITS);
 
     std::fputs("[DWG worker] Converting layers...\n", stderr);

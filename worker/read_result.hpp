@@ -1,0 +1,19 @@
+// What LibreDWG tells about a drawing that it has read.
+#pragma once
+
+#include <dwg.h>
+
+#include <string>
+#include <string_view>
+
+// Whether a reader's result has a bit that leaves no usable drawing. Several
+// bits that LibreDWG calls critical are not among them: what could be read is
+// converted.
+bool IsFatalResult(int result);
+
+// The names of a result's set bits, lowest first, separated by ", ".
+std::string ErrorNames(int result);
+
+// The word for a drawing's release, "Unknown" for any but the seven with a
+// format of their own from R14 on.
+std::string_view ReleaseWord(Dwg_Version_Type version);
