@@ -67,18 +67,18 @@ std::mt19937_64 Generator() {
 TEST(JsonNumberSweep, RandomBitPatterns) {
   Sweep sweep;
   auto generator = Generator();
-  for (int i = 0; i < 2'500'000; ++i) {
+  for (int i = 0; i < 2'000'000; ++i) {
     sweep.Check(std::bit_cast<double>(generator()));
   }
   EXPECT_EQ(sweep.mismatches(), 0U);
-  EXPECT_EQ(sweep.count(), 2'500'000U);
+  EXPECT_EQ(sweep.count(), 2'000'000U);
 }
 
 // What drawings hold: coordinates with a few decimals.
 TEST(JsonNumberSweep, DecimalFractions) {
   Sweep sweep;
   auto generator = Generator();
-  for (int i = 0; i < 4'000'000; ++i) {
+  for (int i = 0; i < 3'500'000; ++i) {
     const std::uint64_t word = generator();
     const auto digits = static_cast<double>(static_cast<std::int64_t>(word) >> (word % 53));
     sweep.Check(digits / std::pow(10.0, static_cast<double>(word >> 32U & 15U)));
@@ -90,7 +90,7 @@ TEST(JsonNumberSweep, DecimalFractions) {
 TEST(JsonNumberSweep, TiesOfTheTenthDigit) {
   Sweep sweep;
   auto generator = Generator();
-  for (int i = 0; i < 2'000'000; ++i) {
+  for (int i = 0; i < 1'500'000; ++i) {
     const std::uint64_t word = generator();
     const auto tenDigits = static_cast<double>(1'000'000'000 + word % 9'000'000'000);
     sweep.Check((tenDigits + 0.5) * std::pow(10.0, static_cast<double>(word >> 40U & 31U) - 16));
@@ -101,7 +101,7 @@ TEST(JsonNumberSweep, TiesOfTheTenthDigit) {
 
 TEST(JsonNumberSweep, Integers) {
   Sweep sweep;
-  for (int i = -600'000; i <= 600'000; ++i) {
+  for (int i = -300'000; i <= 300'000; ++i) {
     sweep.Check(i);
     sweep.Check(1e10 + i);
     sweep.Check(1e10 + i / 1024.0);
