@@ -27,6 +27,10 @@ if(DWG_SANITIZERS)
     -fsanitize=${DWG_SANITIZERS} -fno-sanitize-recover=all)
 endif()
 
+if(DWG_BUILD_FUZZERS)
+  target_compile_options(dwg_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT MSVC AND NOT DWG_SANITIZERS)
   target_compile_options(dwg_settings INTERFACE -fstack-protector-strong)
   target_compile_definitions(dwg_settings INTERFACE $<$<NOT:$<PLATFORM_ID:Windows>>:_FORTIFY_SOURCE=2>)

@@ -49,6 +49,3 @@ class DrawingFile {
   bool isFreed_ = false;
   std::unique_ptr<Dwg_Data> data_;
 };
-
-// The names of a result's set bits, lowest first, separated by ", ".
-std::string ErrorNames(int result);

@@ -12,6 +12,7 @@
 #include "encode/json_text.hpp"
 #include "worker/crash_reporting.hpp"
 #include "worker/drawing_file.hpp"
+#include "worker/read_result.hpp"
 #include "worker/standard_streams.hpp"
 
 namespace {

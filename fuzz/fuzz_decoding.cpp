@@ -1,0 +1,65 @@
+// Text decoding and quoting: no report, valid UTF-8 from both decoders, a
+// grammatical literal from any bytes.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "encode/json_text.hpp"
+#include "encode/text_decoding.hpp"
+#include "fuzz/check.hpp"
+#include "tests/support/json_grammar.hpp"
+
+namespace {
+
+// Whether the text is UTF-8 without surrogates and overlong forms.
+bool IsUtf8(const std::string& text) {
+  std::size_t i = 0;
+  while (i < text.size()) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if ((lead >= 0x80 && lead < 0xC2) || lead > 0xF4 || i + length > text.size()) {
+      return false;
+    }
+    std::uint32_t codePoint = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (std::size_t j = 1; j < length; ++j) {
+      const auto next = static_cast<unsigned char>(text[i + j]);
+      if ((next & 0xC0U) != 0x80) {
+        return false;
+      }
+      codePoint = codePoint << 6U | (next & 0x3FU);
+    }
+    const std::uint32_t least = length == 1   ? 0
+                                : length == 2 ? 0x80
+                                : length == 3 ? 0x800
+                                              : 0x10000;
+    if (codePoint < least || codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint < 0xE000)) {
+      return false;
+    }
+    i += length;
+  }
+  return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  SetEightBitIsUtf8(false);
+  const std::string decoded = DecodeCodePageText(bytes.c_str());
+  FUZZ_CHECK(IsUtf8(decoded));
+  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(decoded.c_str())));
+
+  std::vector<char16_t> units;
+  for (std::size_t i = 0; i + 1 < size; i += 2) {
+    units.push_back(static_cast<char16_t>(data[i] | data[i + 1] << 8U));
+  }
+  units.push_back(0);
+  FUZZ_CHECK(IsUtf8(DecodeUtf16Text(units.data())));
+
+  SetEightBitIsUtf8(true);
+  FUZZ_CHECK(DecodeCodePageText(bytes.c_str()) == bytes.c_str());
+  SetEightBitIsUtf8(false);
+  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(bytes.c_str())));
+  return 0;
+}

@@ -1,0 +1,576 @@
+// Whole drawings in memory: objects of every handled type, built from fuzz
+// bytes with missing data, wrong counts, values that are not finite, dangling
+// and circular handles and wrong owners, through the whole conversion. It goes
+// beyond what the library's readers let through.
+//
+// A count never exceeds its array here unless the array is missing: nobody
+// could tell.
+
+#include <dwg.h>
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+extern "C" {
+#include <hash.h>
+}
+
+#include "document/document.hpp"
+#include "encode/text_decoding.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/entity_context.hpp"
+#include "fuzz/check.hpp"
+#include "fuzz/fuzz_input.hpp"
+#include "tests/support/json_grammar.hpp"
+
+namespace {
+
+constexpr std::size_t kMaxObjects = 96;
+constexpr std::uint32_t kHandles = 24;
+
+class DrawingBuilder {
+ public:
+  explicit DrawingBuilder(FuzzInput& input) : input_(input) {
+    objects_.reserve(kMaxObjects);
+    dwg_.object_map = hash_new(kMaxObjects);
+    unicodeText_ = input_.OneIn(2);
+    dwg_.header.version = static_cast<Dwg_Version_Type>(input_.Below(48));
+    dwg_.header_vars.INSUNITS = static_cast<BITCODE_BS>(input_.Word());
+    while (!input_.IsEmpty() && objects_.size() < kMaxObjects) {
+      AddObject();
+    }
+    dwg_.object = objects_.data();
+    dwg_.num_objects = static_cast<BITCODE_BL>(objects_.size());
+    for (std::size_t i = 0; i < objects_.size(); ++i) {
+      if (objects_[i].handle.value != 0) {
+        hash_set(dwg_.object_map, objects_[i].handle.value, i);
+      }
+    }
+  }
+  ~DrawingBuilder() { hash_free(dwg_.object_map); }
+  DrawingBuilder(const DrawingBuilder&) = delete;
+  DrawingBuilder& operator=(const DrawingBuilder&) = delete;
+
+  Dwg_Data& dwg() { return dwg_; }
+  bool unicodeText() const { return unicodeText_; }
+
+ private:
+  template <typename T>
+  T* New() {
+    auto holder = std::make_shared<T>();
+    owned_.push_back(holder);
+    return holder.get();
+  }
+
+  // An array of up to 12 values and its count; sometimes missing with a count.
+  template <typename T, typename Count, typename Fill>
+  void Array(T*& data, Count& count, Fill fill) {
+    if (input_.OneIn(10)) {
+      data = nullptr;
+      count = static_cast<Count>(input_.Word() * 65537U);
+      return;
+    }
+    auto holder = std::make_shared<std::vector<T>>(input_.Below(13));
+    for (T& value : *holder) {
+      fill(value);
+    }
+    data = holder->data();
+    count = static_cast<Count>(holder->size());
+    owned_.push_back(holder);
+  }
+
+  char* Text() {
+    if (input_.OneIn(8)) {
+      return nullptr;
+    }
+    static constexpr std::array<const char*, 6> kNames = {
+        "*Model_Space", "*Paper_Space", "*PAPER_SPACE3", "*model_spaceX", "block", "romans.shx"};
+    std::string bytes = input_.OneIn(3) ? kNames[input_.Below(kNames.size())] : input_.Bytes(60);
+    auto holder = std::make_shared<std::vector<char>>();
+    for (const char c : bytes) {
+      holder->push_back(c);
+      if (unicodeText_) {
+        holder->push_back(input_.OneIn(6) ? static_cast<char>(input_.Byte()) : '\0');
+      }
+    }
+    holder->insert(holder->end(), 2, '\0');
+    owned_.push_back(holder);
+    return holder->data();
+  }
+
+  Handle AnyHandle() { return input_.Below(kHandles); }
+
+  Dwg_Object_Ref* Reference() {
+    if (input_.OneIn(6)) {
+      return nullptr;
+    }
+    auto* reference = New<Dwg_Object_Ref>();
+    reference->absolute_ref = AnyHandle();
+    return reference;
+  }
+
+  void Fill(BITCODE_2RD& point) { point = {input_.Double(), input_.Double()}; }
+  void Fill(BITCODE_2DPOINT& point) { point = {input_.Double(), input_.Double()}; }
+  void Fill(BITCODE_3BD& point) { point = {input_.Double(), input_.Double(), input_.Double()}; }
+  void Fill(Dwg_Color& color) {
+    static constexpr std::array<std::uint32_t, 5> kMethods = {0, 0xC0, 0xC2, 0xC3, 0xFF};
+    color.index = static_cast<BITCODE_BSd>(input_.OneIn(2) ? input_.Byte() : input_.Word());
+    color.rgb =
+        kMethods[input_.Below(kMethods.size())] << 24U | input_.Word() << 8U | input_.Byte();
+    color.alpha_type = input_.OneIn(2) ? 3 : input_.Byte();
+    color.alpha = input_.Byte();
+    color.alpha_raw = input_.Word();
+  }
+
+  Dwg_Object& Begin(unsigned type) {
+    Dwg_Object object{};
+    object.fixedtype = static_cast<DWG_OBJECT_TYPE>(type);
+    object.type = static_cast<BITCODE_BS>(input_.OneIn(20) ? input_.Byte() : type);
+    object.index = static_cast<BITCODE_RL>(input_.OneIn(30) ? input_.Word() : objects_.size());
+    object.handle.value = AnyHandle();
+    static char entityName[] = "THING";
+    static char blockName[] = "BLOCK";
+    object.name = input_.OneIn(4) ? nullptr : input_.OneIn(4) ? blockName : entityName;
+    object.parent = &dwg_;
+    objects_.push_back(object);
+    return objects_.back();
+  }
+
+  template <typename T, typename FillData>
+  void Entity(unsigned type, T* EntityTio::*member, FillData fill) {
+    Dwg_Object& object = Begin(type);
+    object.supertype = DWG_SUPERTYPE_ENTITY;
+    if (input_.OneIn(40)) {
+      return;  // no entity data
+    }
+    auto* entity = New<Dwg_Object_Entity>();
+    object.tio.entity = entity;
+    entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference();
+    entity->layer = Reference();
+    Fill(entity->color);
+    entity->linewt = input_.Byte();
+    if (input_.OneIn(25)) {
+      return;  // none of its type
+    }
+    T* data = New<T>();
+    entity->tio.*member = data;
+    fill(*data);
+  }
+
+  template <typename T, typename FillData>
+  void Object(unsigned type, T* ObjectTio::*member, FillData fill) {
+    Dwg_Object& object = Begin(type);
+    object.supertype = DWG_SUPERTYPE_OBJECT;
+    if (input_.OneIn(40)) {
+      return;
+    }
+    object.tio.object = New<Dwg_Object_Object>();
+    if (input_.OneIn(25)) {
+      return;
+    }
+    T* data = New<T>();
+    object.tio.object->tio.*member = data;
+    fill(*data);
+  }
+
+  void AddObject() {
+    switch (input_.Byte() % 8) {
+      case 0:
+      case 1: AddTable(); break;
+      case 2:
+      case 3: AddCurve(); break;
+      case 4: AddPolyline(); break;
+      case 5: AddArea(); break;
+      case 6: AddText(); break;
+      default: AddReference(); break;
+    }
+  }
+
+  void AddTable() {
+    switch (input_.Byte() % 8) {
+      case 0:
+        Object(DWG_TYPE_LAYER, &ObjectTio::LAYER, [this](Dwg_Object_LAYER& layer) {
+          layer.name = Text();
+          layer.off = input_.Byte();
+          layer.locked = input_.Byte();
+          layer.linewt = input_.Byte();
+          Fill(layer.color);
+        });
+        break;
+      case 1:
+        Object(DWG_TYPE_STYLE, &ObjectTio::STYLE, [this](Dwg_Object_STYLE& style) {
+          style.text_size = input_.Double();
+          style.font_file = Text();
+        });
+        break;
+      case 2: AddDimStyle(); break;
+      case 3:
+        Object(DWG_TYPE_IMAGEDEF, &ObjectTio::IMAGEDEF,
+               [this](Dwg_Object_IMAGEDEF& definition) { definition.file_path = Text(); });
+        break;
+      case 4:
+        Object(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION,
+               [this](Dwg_Object_PDFDEFINITION& definition) {
+                 definition.filename = Text();
+                 definition.name = Text();
+               });
+        break;
+      case 5: AddLayout(); break;
+      default:
+        Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER,
+               [this](Dwg_Object_BLOCK_HEADER& block) {
+                 block.name = Text();
+                 Fill(block.base_pt);
+               });
+        break;
+    }
+  }
+
+  void AddDimStyle() {
+    Object(DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, [this](Dwg_Object_DIMSTYLE& style) {
+      style.DIMTXT = input_.Double();
+      style.DIMSCALE = input_.Double();
+      style.DIMASZ = input_.Double();
+      style.DIMTXSTY = Reference();
+      Fill(style.DIMCLRT);
+      Fill(style.DIMCLRD);
+      style.DIMDEC = static_cast<BITCODE_BS>(input_.Word());
+      style.DIMLFAC = input_.Double();
+      style.DIMRND = input_.Double();
+      style.DIMZIN = static_cast<BITCODE_BS>(input_.Byte());
+      style.DIMLUNIT = static_cast<BITCODE_BS>(input_.Byte());
+      style.DIMPOST = Text();
+    });
+  }
+
+  void AddLayout() {
+    Object(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, [this](Dwg_Object_LAYOUT& layout) {
+      layout.block_header = Reference();
+      layout.layout_name = Text();
+      layout.plotsettings.paper_width = input_.Double();
+      layout.plotsettings.paper_units = input_.Double();
+      layout.EXTMIN.x = input_.Double();
+    });
+  }
+
+  void AddCurve() {
+    switch (input_.Byte() % 8) {
+      case 0:
+        Entity(DWG_TYPE_LINE, &EntityTio::LINE, [this](auto& line) {
+          Fill(line.start);
+          Fill(line.end);
+        });
+        break;
+      case 1:
+        Entity(DWG_TYPE_POINT, &EntityTio::POINT,
+               [this](auto& point) { point.x = input_.Double(); });
+        break;
+      case 2:
+        Entity(DWG_TYPE_ARC, &EntityTio::ARC, [this](auto& arc) {
+          Fill(arc.center);
+          arc.radius = input_.Double();
+          arc.start_angle = input_.Double();
+        });
+        break;
+      case 3:
+        Entity(DWG_TYPE_CIRCLE, &EntityTio::CIRCLE,
+               [this](auto& c) { c.radius = input_.Double(); });
+        break;
+      case 4:
+        Entity(DWG_TYPE_ELLIPSE, &EntityTio::ELLIPSE, [this](auto& e) { Fill(e.sm_axis); });
+        break;
+      case 5: Entity(DWG_TYPE_RAY, &EntityTio::RAY, [this](auto& ray) { Fill(ray.vector); }); break;
+      case 6: Entity(DWG_TYPE_XLINE, &EntityTio::XLINE, [this](auto& x) { Fill(x.point); }); break;
+      default: AddSpline(); break;
+    }
+  }
+
+  void AddSpline() {
+    Entity(DWG_TYPE_SPLINE, &EntityTio::SPLINE, [this](Dwg_Entity_SPLINE& spline) {
+      spline.degree = static_cast<BITCODE_BS>(input_.OneIn(10) ? input_.Word() : input_.Byte() % 6);
+      spline.closed_b = input_.Byte() & 1U;
+      spline.rational = input_.Byte() & 1U;
+      spline.weighted = input_.Byte() & 1U;
+      Fill(spline.beg_tan_vec);
+      if (input_.OneIn(4)) {
+        Array(spline.fit_pts, spline.num_fit_pts, [this](auto& point) { Fill(point); });
+      }
+      Array(spline.ctrl_pts, spline.num_ctrl_pts, [this](auto& point) {
+        point.x = input_.Double();
+        point.y = input_.Double();
+        point.w = input_.Double();
+      });
+      double knot = 0;
+      const bool isOrdered = !input_.OneIn(4);
+      Array(spline.knots, spline.num_knots, [this, &knot, isOrdered](double& value) {
+        knot += input_.Byte() % 4;
+        value = isOrdered ? knot : input_.Double();
+      });
+    });
+  }
+
+  void AddPolyline() {
+    switch (input_.Byte() % 6) {
+      case 0:
+        Entity(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, [this](auto& polyline) {
+          polyline.flag = static_cast<BITCODE_BS>(input_.Word());
+          Array(polyline.points, polyline.num_points, [this](auto& point) { Fill(point); });
+          Array(polyline.bulges, polyline.num_bulges, [this](double& b) { b = input_.Double(); });
+        });
+        break;
+      case 1:
+        Entity(DWG_TYPE_POLYLINE_2D, &EntityTio::POLYLINE_2D,
+               [this](auto& polyline) { polyline.flag = input_.Byte(); });
+        break;
+      case 2:
+        Entity(DWG_TYPE_POLYLINE_3D, &EntityTio::POLYLINE_3D,
+               [this](auto& polyline) { polyline.flag = input_.Byte(); });
+        break;
+      case 3:
+        Entity(DWG_TYPE_VERTEX_2D, &EntityTio::VERTEX_2D, [this](auto& vertex) {
+          Fill(vertex.point);
+          vertex.flag = input_.Byte();
+          vertex.bulge = input_.Double();
+        });
+        break;
+      case 4:
+        Entity(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D, [this](auto& v) { Fill(v.point); });
+        break;
+      default: Entity(DWG_TYPE_SEQEND, &EntityTio::SEQEND, [](auto&) {}); break;
+    }
+  }
+
+  void AddArea() {
+    switch (input_.Byte() % 5) {
+      case 0:
+        Entity(DWG_TYPE_SOLID, &EntityTio::SOLID, [this](auto& solid) {
+          Fill(solid.corner1);
+          Fill(solid.corner3);
+          Fill(solid.corner4);
+        });
+        break;
+      case 1:
+        Entity(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, [this](auto& wipeout) {
+          Fill(wipeout.pt0);
+          Fill(wipeout.uvec);
+          wipeout.display_props = input_.Byte();
+          Array(wipeout.clip_verts, wipeout.num_clip_verts, [this](auto& point) { Fill(point); });
+        });
+        break;
+      default:
+        Entity(DWG_TYPE_HATCH, &EntityTio::HATCH, [this](auto& hatch) {
+          hatch.is_solid_fill = input_.Byte() & 1U;
+          hatch.is_gradient_fill = input_.Byte() & 1U;
+          Array(hatch.paths, hatch.num_paths, [this](auto& path) { FillPath(path); });
+        });
+        break;
+    }
+  }
+
+  void FillPath(Dwg_HATCH_Path& path) {
+    path.flag = input_.Byte();
+    path.closed = input_.Byte() & 1U;
+    path.bulges_present = input_.Byte() & 1U;
+    if ((path.flag & 2U) != 0) {
+      Array(path.polyline_paths, path.num_segs_or_paths, [this](auto& vertex) {
+        Fill(vertex.point);
+        vertex.bulge = input_.Double();
+      });
+      return;
+    }
+    Array(path.segs, path.num_segs_or_paths, [this](Dwg_HATCH_PathSeg& segment) {
+      segment.curve_type = input_.Byte() % 6;
+      Fill(segment.first_endpoint);
+      Fill(segment.center);
+      Fill(segment.endpoint);
+      segment.radius = input_.Double();
+      segment.start_angle = input_.Double();
+      segment.end_angle = input_.Double();
+      segment.is_ccw = input_.Byte() & 1U;
+      segment.minor_major_ratio = input_.Double();
+      if (segment.curve_type == 4) {
+        Array(segment.fitpts, segment.num_fitpts, [this](auto& point) { Fill(point); });
+        Array(segment.control_points, segment.num_control_points,
+              [this](auto& control) { Fill(control.point); });
+      }
+    });
+  }
+
+  template <typename Data>
+  void FillText(Data& text) {
+    Fill(text.ins_pt);
+    text.height = input_.Double();
+    text.rotation = input_.Double();
+    text.style = Reference();
+  }
+
+  void AddText() {
+    switch (input_.Byte() % 8) {
+      case 0:
+        Entity(DWG_TYPE_TEXT, &EntityTio::TEXT, [this](Dwg_Entity_TEXT& text) {
+          FillText(text);
+          text.text_value = Text();
+          text.horiz_alignment = input_.Byte() % 6;
+        });
+        break;
+      case 1:
+        Entity(DWG_TYPE_ATTRIB, &EntityTio::ATTRIB, [this](auto& attribute) {
+          FillText(attribute);
+          attribute.text_value = Text();
+          attribute.tag = Text();
+          attribute.flags = input_.Byte();
+        });
+        break;
+      case 2:
+        Entity(DWG_TYPE_ATTDEF, &EntityTio::ATTDEF, [this](auto& definition) {
+          FillText(definition);
+          definition.default_value = Text();
+          definition.prompt = Text();
+          definition.flags = input_.Byte();
+        });
+        break;
+      case 3:
+        Entity(DWG_TYPE_MTEXT, &EntityTio::MTEXT, [this](auto& mtext) {
+          Fill(mtext.ins_pt);
+          Fill(mtext.x_axis_dir);
+          mtext.rect_width = input_.Double();
+          mtext.text_height = input_.OneIn(2) ? 0 : input_.Double();
+          mtext.text = Text();
+          mtext.style = Reference();
+        });
+        break;
+      case 4: AddDimension(); break;
+      case 5:
+        Entity(DWG_TYPE_LEADER, &EntityTio::LEADER, [this](auto& leader) {
+          Array(leader.points, leader.num_points, [this](auto& point) { Fill(point); });
+        });
+        break;
+      default: AddMultileader(); break;
+    }
+  }
+
+  template <typename Data>
+  void FillDimension(Data& dimension) {
+    Fill(dimension.def_pt);
+    dimension.user_text = Text();
+    dimension.act_measurement = input_.Double();
+    dimension.dimstyle = Reference();
+  }
+
+  void AddDimension() {
+    switch (input_.Byte() % 3) {
+      case 0:
+        Entity(DWG_TYPE_DIMENSION_LINEAR, &EntityTio::DIMENSION_LINEAR,
+               [this](auto& dimension) { FillDimension(dimension); });
+        break;
+      case 1:
+        Entity(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED,
+               [this](auto& dimension) { FillDimension(dimension); });
+        break;
+      default:
+        Entity(DWG_TYPE_DIMENSION_RADIUS, &EntityTio::DIMENSION_RADIUS,
+               [this](auto& dimension) { FillDimension(dimension); });
+        break;
+    }
+  }
+
+  void AddMultileader() {
+    Entity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, [this](auto& multileader) {
+      auto& annotation = multileader.ctx;
+      annotation.arrow_size = input_.Double();
+      annotation.has_content_txt = input_.Byte() & 1U;
+      if (annotation.has_content_txt != 0) {
+        annotation.content.txt.default_text = Text();
+        annotation.content.txt.height = input_.Double();
+      }
+      Array(annotation.leaders, annotation.num_leaders, [this](Dwg_LEADER_Node& root) {
+        root.has_dogleg = input_.Byte() & 1U;
+        root.dogleg_length = input_.Double();
+        Array(root.lines, root.num_lines, [this](Dwg_LEADER_Line& line) {
+          Array(line.points, line.num_points, [this](auto& point) { Fill(point); });
+        });
+      });
+    });
+  }
+
+  unsigned Unsupported() {
+    static constexpr std::array<unsigned, 6> kTypes = {DWG_TYPE_UNUSED, DWG_TYPE_BLOCK,
+                                                       DWG_TYPE_ENDBLK, DWG_TYPE__3DFACE,
+                                                       DWG_TYPE_TRACE,  DWG_TYPE_UNKNOWN_ENT};
+    return kTypes[input_.Below(kTypes.size())];
+  }
+
+  void AddReference() {
+    switch (input_.Byte() % 6) {
+      case 0:
+        Entity(DWG_TYPE_MINSERT, &EntityTio::MINSERT,
+               [this](auto& insert) { insert.block_header = Reference(); });
+        break;
+      case 1:
+        Entity(DWG_TYPE_IMAGE, &EntityTio::IMAGE, [this](auto& image) {
+          image.display_props = input_.Byte();
+          image.image_size = {input_.Double(), input_.Double()};
+          image.imagedef = Reference();
+        });
+        break;
+      case 2:
+        Entity(DWG_TYPE_PDFUNDERLAY, &EntityTio::PDFUNDERLAY,
+               [this](auto& underlay) { underlay.definition_id = Reference(); });
+        break;
+      case 3: AddViewport(); break;
+      case 4: Entity(Unsupported(), &EntityTio::_3DFACE, [](auto&) {}); break;
+      default:
+        Entity(DWG_TYPE_INSERT, &EntityTio::INSERT, [this](auto& insert) {
+          insert.block_header = Reference();
+          Fill(insert.ins_pt);
+          Fill(insert.scale);
+        });
+        break;
+    }
+  }
+
+  void AddViewport() {
+    Entity(DWG_TYPE_VIEWPORT, &EntityTio::VIEWPORT, [this](auto& viewport) {
+      viewport.id = input_.Byte() % 4;
+      viewport.width = input_.OneIn(2) ? 1 : input_.Double();
+      viewport.height = input_.OneIn(2) ? 1 : input_.Double();
+      viewport.status_flag = input_.OneIn(3) ? input_.Word() : 0x10000;
+      viewport.clip_boundary = Reference();
+      Array(viewport.frozen_layers, viewport.num_frozen_layers,
+            [this](BITCODE_H& layer) { layer = Reference(); });
+    });
+  }
+
+  FuzzInput& input_;
+  Dwg_Data dwg_{};
+  bool unicodeText_ = false;
+  std::vector<Dwg_Object> objects_;
+  std::deque<std::shared_ptr<void>> owned_;
+};
+
+std::string Convert(DrawingBuilder& drawing, bool debugColors) {
+  StageObserver observer;
+  return BuildDocument({.dwg = drawing.dwg(),
+                        .unicodeText = drawing.unicodeText(),
+                        .debugColors = debugColors,
+                        .drawingFolder = "."},
+                       {}, observer);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  FuzzInput input(data, size);
+  const std::uint8_t switches = input.Byte();
+  SetInputIsDxf((switches & 1U) != 0);
+  SetEightBitIsUtf8((switches & 2U) != 0);
+  DrawingBuilder drawing(input);
+  const std::string document = Convert(drawing, (switches & 4U) != 0);
+  FUZZ_CHECK(IsGrammaticalJson(document + "}"));
+  FUZZ_CHECK(Convert(drawing, (switches & 4U) != 0) == document);
+  return 0;
+}

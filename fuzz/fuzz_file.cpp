@@ -1,0 +1,48 @@
+// Drawing files from fuzz bytes through the library's reader and the whole
+// conversion. DWG_FUZZ_EXTENSION, set by the build, chooses the format.
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "document/document.hpp"
+#include "fuzz/check.hpp"
+#include "tests/support/json_grammar.hpp"
+#include "worker/drawing_file.hpp"
+
+namespace {
+
+std::string InputPath() {
+  const auto folder = std::filesystem::temp_directory_path();
+  return (folder / ("dwg_fuzz_" + std::to_string(getpid()) + DWG_FUZZ_EXTENSION)).string();
+}
+
+std::string Convert(DrawingFile& drawing) {
+  StageObserver observer;
+  return BuildDocument({.dwg = drawing.data(),
+                        .unicodeText = drawing.HasUnicodeText(),
+                        .debugColors = true,
+                        .drawingFolder = {}},
+                       {}, observer);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const std::string path = InputPath();
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  FUZZ_CHECK(file != nullptr);
+  std::fwrite(data, 1, size, file);
+  std::fclose(file);
+  DrawingFile drawing(path);
+  drawing.Read();
+  if (!drawing.HasFailed()) {
+    const std::string document = Convert(drawing);
+    FUZZ_CHECK(IsGrammaticalJson(document + "}"));
+    FUZZ_CHECK(Convert(drawing) == document);
+  }
+  return 0;
+}

@@ -1,0 +1,32 @@
+// Single-line text codes: no report, balanced ends, the same twice.
+
+#include <cstdint>
+#include <string>
+
+#include "encode/json_text.hpp"
+#include "fuzz/check.hpp"
+#include "tests/support/json_grammar.hpp"
+#include "text/text_codes.hpp"
+
+namespace {
+
+std::size_t Count(const std::string& text, const std::string& word) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(word); at != std::string::npos;
+       at = text.find(word, at + word.size())) {
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  const std::string html = TextCodesToHtml(text);
+  FUZZ_CHECK(html == TextCodesToHtml(text));
+  FUZZ_CHECK(Count(html, "<u>") == Count(html, "</u>"));
+  FUZZ_CHECK(Count(html, "<span ") == Count(html, "</span>"));
+  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(html.c_str())));
+  return 0;
+}

@@ -1,0 +1,167 @@
+#include "encode/json_text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+TEST(JsonNumber, IntegersCarryNoPoint) {
+  EXPECT_EQ(JsonNumber(0), "0");
+  EXPECT_EQ(JsonNumber(-42), "-42");
+  EXPECT_EQ(JsonNumber(100000), "100000");
+}
+
+TEST(JsonNumber, RoundsToTenSignificantDigits) {
+  EXPECT_EQ(JsonNumber(0.1), "0.1");
+  EXPECT_EQ(JsonNumber(1.0 / 3), "0.3333333333");
+  EXPECT_EQ(JsonNumber(123456.789), "123456.789");
+  EXPECT_EQ(JsonNumber(12345678901.0), "1.23456789e+10");
+}
+
+TEST(JsonNumber, TurnsToExponentsAtElevenIntegerDigits) {
+  EXPECT_EQ(JsonNumber(9999999999.0), "9999999999");
+  EXPECT_EQ(JsonNumber(-9999999999.0), "-9999999999");
+  EXPECT_EQ(JsonNumber(1e10), "1e+10");
+  EXPECT_EQ(JsonNumber(9999999999.5), "1e+10");
+  EXPECT_EQ(JsonNumber(9999999999.4), "9999999999");
+}
+
+TEST(JsonNumber, TurnsToExponentsBelowOneTenThousandth) {
+  EXPECT_EQ(JsonNumber(0.0001), "0.0001");
+  EXPECT_EQ(JsonNumber(0.000123456789012), "0.000123456789");
+  EXPECT_EQ(JsonNumber(1e-5), "1e-05");
+  EXPECT_EQ(JsonNumber(1.5e-7), "1.5e-07");
+}
+
+TEST(JsonNumber, WritesExponentsOfThreeDigitsInFull) {
+  EXPECT_EQ(JsonNumber(1e100), "1e+100");
+  EXPECT_EQ(JsonNumber(std::numeric_limits<double>::max()), "1.797693135e+308");
+  EXPECT_EQ(JsonNumber(std::numeric_limits<double>::denorm_min()), "4.940656458e-324");
+}
+
+TEST(JsonNumber, KeepsTheSignOfNegativeZero) {
+  EXPECT_EQ(JsonNumber(-0.0), "-0");
+}
+
+TEST(JsonNumber, WritesInfinitiesAndNanAsZero) {
+  EXPECT_EQ(JsonNumber(std::numeric_limits<double>::infinity()), "0");
+  EXPECT_EQ(JsonNumber(-std::numeric_limits<double>::infinity()), "0");
+  EXPECT_EQ(JsonNumber(std::numeric_limits<double>::quiet_NaN()), "0");
+  EXPECT_EQ(JsonNumber(-std::numeric_limits<double>::quiet_NaN()), "0");
+}
+
+TEST(JsonInt, WritesTheWholeRange) {
+  EXPECT_EQ(JsonInt(0), "0");
+  EXPECT_EQ(JsonInt(7), "7");
+  EXPECT_EQ(JsonInt(-100), "-100");
+  EXPECT_EQ(JsonInt(std::numeric_limits<std::int32_t>::max()), "2147483647");
+  EXPECT_EQ(JsonInt(std::numeric_limits<std::int32_t>::min()), "-2147483648");
+}
+
+TEST(AppendInt, WritesUnsignedWordsAsUnsigned) {
+  std::string out;
+  AppendInt(out, std::numeric_limits<std::uint32_t>::max());
+  EXPECT_EQ(out, "4294967295");
+}
+
+TEST(JsonQuote, NullIsAnEmptyString) {
+  EXPECT_EQ(JsonQuote(nullptr), R"("")");
+}
+
+TEST(JsonQuote, EmptyTextIsAnEmptyString) {
+  EXPECT_EQ(JsonQuote(""), R"("")");
+}
+
+TEST(JsonQuote, EscapesQuotesAndBackslashesButNoSlashes) {
+  EXPECT_EQ(JsonQuote(R"(a"b\c/d)"), R"("a\"b\\c/d")");
+}
+
+TEST(JsonQuote, UsesShortEscapesForTabLineFeedAndReturnOnly) {
+  EXPECT_EQ(JsonQuote("\t\n\r"), R"("\t\n\r")");
+  EXPECT_EQ(JsonQuote("\b\f"), R"("\u0008\u000c")");
+}
+
+TEST(JsonQuote, WritesOtherControlsWithFourLowerCaseDigits) {
+  EXPECT_EQ(JsonQuote("\x01\x0b\x1b\x1f"), R"("\u0001\u000b\u001b\u001f")");
+}
+
+TEST(JsonQuote, CopiesDeleteAndSpace) {
+  EXPECT_EQ(JsonQuote(" \x7f"), "\" \x7f\"");
+}
+
+TEST(JsonQuote, CopiesHighBytesValidOrNot) {
+  EXPECT_EQ(JsonQuote("\xC3\xBC"), "\"\xC3\xBC\"");
+  EXPECT_EQ(JsonQuote("\xFF\x80"), "\"\xFF\x80\"");
+}
+
+TEST(JsonQuote, EscapesExactlyThirtyFourBytes) {
+  int escaped = 0;
+  for (int byte = 1; byte < 256; ++byte) {
+    const std::string text(1, static_cast<char>(byte));
+    const std::string quoted = JsonQuote(text.c_str());
+    if (quoted != '"' + text + '"') {
+      ++escaped;
+      EXPECT_TRUE(byte < 0x20 || byte == '"' || byte == '\\') << byte;
+    }
+  }
+  EXPECT_EQ(escaped, 0x1F + 2);
+}
+
+TEST(AppendQuoted, EndsAtTheFirstNul) {
+  std::string out;
+  AppendQuoted(out, std::string_view("ab\0cd", 5));
+  EXPECT_EQ(out, R"("ab")");
+}
+
+TEST(AppendQuoted, KeepsTextBehindEscapes) {
+  std::string out = "x";
+  AppendQuoted(out, "one\ntwo\"three");
+  EXPECT_EQ(out, R"(x"one\ntwo\"three")");
+}
+
+TEST(JsonBool, IsABareWord) {
+  EXPECT_EQ(JsonBool(true), "true");
+  EXPECT_EQ(JsonBool(false), "false");
+}
+
+TEST(CoordinateCursor, JoinsPairsIntoOneFlatSequence) {
+  std::string out = "[";
+  CoordinateCursor cursor{out};
+  AppendCoordinatePair(cursor, 1, 2.5);
+  AppendCoordinatePair(cursor, -0.0, std::numeric_limits<double>::infinity());
+  EXPECT_EQ(out, "[1,2.5,-0,0");
+  EXPECT_FALSE(cursor.first);
+}
+
+TEST(BracketCursor, CollectsFlatArraysIntoAnOuterArray) {
+  std::string out = "[";
+  BracketCursor cursor{out};
+  AppendBracketedItem(cursor, "0,0,1,1");
+  AppendBracketedItem(cursor, "");
+  AppendBracketedItem(cursor, "2,2");
+  EXPECT_EQ(out, "[[0,0,1,1],[],[2,2]");
+  EXPECT_EQ(cursor.count, 3U);
+}
+
+TEST(ListCursor, JoinsPointsNumbersAndTexts) {
+  std::string points;
+  ListCursor pointList{points};
+  AppendPoint(pointList, 1, 2);
+  AppendPoint(pointList, 3, 4, 5);
+  EXPECT_EQ(points, "[1,2],[3,4,5]");
+
+  std::string mixed;
+  ListCursor list{mixed};
+  AppendListNumber(list, 0.5);
+  AppendListQuoted(list, "a\"b");
+  EXPECT_EQ(mixed, R"(0.5,"a\"b")");
+}
+
+TEST(AppendKey, WritesTheKeyAsGivenAndTheValueBehindIt) {
+  std::string out;
+  AppendNumberKey(out, "{\"a\":", 1e10);
+  AppendIntKey(out, ",\"b\":", -3);
+  AppendBoolKey(out, ",\"c\":", true);
+  AppendQuotedKey(out, ",\"d\":", "\t");
+  EXPECT_EQ(out, R"({"a":1e+10,"b":-3,"c":true,"d":"\t")");
+}

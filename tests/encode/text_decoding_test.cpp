@@ -1,0 +1,146 @@
+#include "encode/text_decoding.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Every case leaves the process-wide switch as it starts.
+class TextDecoding : public testing::Test {
+ protected:
+  void TearDown() override { SetEightBitIsUtf8(false); }
+};
+
+std::string DecodeUnits(std::vector<char16_t> units) {
+  units.push_back(0);
+  return DecodeUtf16Text(units.data());
+}
+
+std::string Utf8(std::u8string_view text) {
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+TEST_F(TextDecoding, NullIsAnEmptyText) {
+  EXPECT_EQ(DecodeCodePageText(nullptr), "");
+  EXPECT_EQ(DecodeUtf16Text(nullptr), "");
+  EXPECT_EQ(DecodeText(false, nullptr), "");
+  EXPECT_EQ(DecodeText(true, nullptr), "");
+  SetEightBitIsUtf8(true);
+  EXPECT_EQ(DecodeCodePageText(nullptr), "");
+}
+
+TEST_F(TextDecoding, AsciiIsCopied) {
+  std::string ascii;
+  for (int byte = 1; byte < 0x80; ++byte) {
+    ascii += static_cast<char>(byte);
+  }
+  EXPECT_EQ(DecodeCodePageText(ascii.c_str()), ascii);
+}
+
+TEST_F(TextDecoding, UpperControlsAreWindows1252) {
+  EXPECT_EQ(DecodeCodePageText("\x80\x82\x83\x84\x85\x86\x87"),
+            Utf8(u8"\u20AC\u201A\u0192\u201E\u2026\u2020\u2021"));
+  EXPECT_EQ(DecodeCodePageText("\x88\x89\x8A\x8B\x8C\x8E"),
+            Utf8(u8"\u02C6\u2030\u0160\u2039\u0152\u017D"));
+  EXPECT_EQ(DecodeCodePageText("\x91\x92\x93\x94\x95\x96\x97"),
+            Utf8(u8"\u2018\u2019\u201C\u201D\u2022\u2013\u2014"));
+  EXPECT_EQ(DecodeCodePageText("\x98\x99\x9A\x9B\x9C\x9E\x9F"),
+            Utf8(u8"\u02DC\u2122\u0161\u203A\u0153\u017E\u0178"));
+}
+
+TEST_F(TextDecoding, FiveUnassignedBytesStandForThemselves) {
+  EXPECT_EQ(DecodeCodePageText("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
+}
+
+TEST_F(TextDecoding, UpperHalfIsLatin1) {
+  EXPECT_EQ(DecodeCodePageText("\xA0"), "\xC2\xA0");
+  EXPECT_EQ(DecodeCodePageText("\xBF\xC0"), "\xC2\xBF\xC3\x80");
+  EXPECT_EQ(DecodeCodePageText("\xFF"), "\xC3\xBF");
+}
+
+TEST_F(TextDecoding, Utf8InAnOldDrawingIsReadAsWindows1252) {
+  EXPECT_EQ(DecodeCodePageText("\xC3\xBC"), Utf8(u8"\u00C3\u00BC"));
+}
+
+TEST_F(TextDecoding, Utf8OfANewDxfIsCopiedUnchanged) {
+  SetEightBitIsUtf8(true);
+  EXPECT_TRUE(EightBitIsUtf8());
+  EXPECT_EQ(DecodeCodePageText("\xC3\xBC\xFF"), "\xC3\xBC\xFF");
+  EXPECT_EQ(DecodeText(false, "\xE6\x97\xA5"), "\xE6\x97\xA5");
+}
+
+TEST_F(TextDecoding, SingleBytesAreWindows1252WhateverTheSwitch) {
+  SetEightBitIsUtf8(true);
+  EXPECT_EQ(DecodeWindows1252Byte(0x80), Utf8(u8"\u20AC"));
+  EXPECT_EQ(DecodeWindows1252Byte(0xFF), Utf8(u8"\u00FF"));
+  EXPECT_EQ(DecodeWindows1252Byte('A'), "A");
+}
+
+TEST_F(TextDecoding, FormattingCodesAreLeftAlone) {
+  EXPECT_EQ(DecodeCodePageText(R"(\U+00FC %%d \M+5xxxx)"), R"(\U+00FC %%d \M+5xxxx)");
+}
+
+TEST_F(TextDecoding, UnitsTakeOneTwoOrThreeBytes) {
+  EXPECT_EQ(DecodeUnits({0x01, 0x41, 0x7F}), "\x01\x41\x7F");
+  EXPECT_EQ(DecodeUnits({0x80, 0xFC, 0x7FF}), "\xC2\x80\xC3\xBC\xDF\xBF");
+  EXPECT_EQ(DecodeUnits({0x800, 0x65E5, 0xD7FF, 0xE000, 0xFFFF}),
+            "\xE0\xA0\x80\xE6\x97\xA5\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF");
+}
+
+TEST_F(TextDecoding, SurrogatePairIsOneCodePoint) {
+  EXPECT_EQ(DecodeUnits({0xD83D, 0xDE00}), "\xF0\x9F\x98\x80");
+  EXPECT_EQ(DecodeUnits({0xD800, 0xDC00}), "\xF0\x90\x80\x80");
+  EXPECT_EQ(DecodeUnits({0xDBFF, 0xDFFF}), "\xF4\x8F\xBF\xBF");
+}
+
+TEST_F(TextDecoding, ReversedPairIsTwoReplacements) {
+  EXPECT_EQ(DecodeUnits({0xDE00, 0xD83D}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST_F(TextDecoding, LoneSurrogateTakesNoNeighbourWithIt) {
+  EXPECT_EQ(DecodeUnits({0xD83D, 'a'}),
+            "\xEF\xBF\xBD"
+            "a");
+  EXPECT_EQ(DecodeUnits({0xDE00, 'a'}),
+            "\xEF\xBF\xBD"
+            "a");
+  EXPECT_EQ(DecodeUnits({0xD83D, 0xD83D, 0xDE00}), "\xEF\xBF\xBD\xF0\x9F\x98\x80");
+}
+
+TEST_F(TextDecoding, HighSurrogateAtTheEndEndsTheText) {
+  EXPECT_EQ(DecodeUnits({'a', 0xD83D}), "a\xEF\xBF\xBD");
+}
+
+TEST_F(TextDecoding, SixteenBitTextEndsAtItsFirstZeroUnit) {
+  EXPECT_EQ(DecodeUnits({'a', 0, 'b'}), "a");
+  EXPECT_EQ(DecodeUnits({}), "");
+}
+
+TEST_F(TextDecoding, UnitWithAZeroByteDoesNotEndTheText) {
+  EXPECT_EQ(DecodeUnits({0x0100, 0x0041}),
+            "\xC4\x80"
+            "A");
+}
+
+TEST_F(TextDecoding, SixteenBitTextMayStartAtAnOddAddress) {
+  const std::vector<char16_t> units = {'o', 0xFC, 0};
+  std::vector<char> bytes(1 + sizeof(char16_t) * units.size());
+  std::memcpy(bytes.data() + 1, units.data(), sizeof(char16_t) * units.size());
+  EXPECT_EQ(DecodeUtf16Text(bytes.data() + 1), "o\xC3\xBC");
+}
+
+TEST_F(TextDecoding, SixteenBitTextIgnoresTheEightBitSwitch) {
+  SetEightBitIsUtf8(true);
+  EXPECT_EQ(DecodeUnits({0xFC}), "\xC3\xBC");
+}
+
+TEST_F(TextDecoding, DecodeTextGoesByTheKindOfTheStrings) {
+  const std::vector<char16_t> units = {'a', 'b', 0};
+  EXPECT_EQ(DecodeText(true, reinterpret_cast<const char*>(units.data())), "ab");
+  EXPECT_EQ(DecodeText(false, "a\xFC"), "a\xC3\xBC");
+}

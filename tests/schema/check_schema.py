@@ -1,0 +1,159 @@
+#!/usr/bin/env python3
+"""Holds documents against docs/document.schema.json.
+
+Without arguments: every golden document must be valid, and every planted
+mistake must be rejected. With --worker and --drawings: the documents of every
+drawing in a folder, too.
+"""
+
+import argparse
+import copy
+import json
+import os
+import pathlib
+import subprocess
+import sys
+
+import jsonschema_rs
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SCHEMA = json.loads((ROOT / "docs" / "document.schema.json").read_text(encoding="utf-8"))
+TIMEOUT_SECONDS = 300
+
+
+def parse(data):
+    """The document, with bytes that are no UTF-8 replaced as hosts do."""
+    return json.loads(data.decode("utf-8", "replace"))
+
+
+def golden_documents():
+    for path in sorted((ROOT / "tests" / "golden").glob("*/expected/*.json")):
+        yield f"{path.parent.parent.name}/{path.stem}", parse(path.read_bytes())
+
+
+def corpus_documents(worker, drawings):
+    for path in sorted(pathlib.Path(drawings).rglob("*")):
+        if path.suffix.lower() in (".dwg", ".dxf") and path.is_file():
+            run = subprocess.run([worker, str(path), "--verbose"], capture_output=True,
+                                 timeout=TIMEOUT_SECONDS, check=False)
+            if run.returncode in (0, 1):
+                yield str(path.relative_to(drawings)), parse(run.stdout)
+
+
+def minimal():
+    """A valid document with one record, to plant mistakes into."""
+    record = {"type": "LINE", "layer": "0", "startX": 0, "startY": 0, "endX": 1, "endY": 1,
+              "color": "L", "lw": "L"}
+    return {"dwgVersion": "2000", "insunits": 4,
+            "layers": [{"name": "0", "visible": True, "locked": False,
+                        "color": {"r": 1, "g": 2, "b": 3}, "lw": 25}],
+            "assets": [{"name": "b", "baseX": 1, "baseY": 2, "entities": [record]}],
+            "entities": [copy.deepcopy(record)],
+            "layouts": [{"name": "s", "entities": [copy.deepcopy(record)]}],
+            "warnings": ["w"],
+            "timings": {key: 0 for key in ("dwgReadMs", "prepassMs", "layersMs", "assetsMs",
+                                           "entitiesMs", "workerTotalMs")}}
+
+
+def put(path, value):
+    """A mistake: the value at a path of keys; DELETE removes the key."""
+    def plant(document):
+        target = document
+        for key in path[:-1]:
+            target = target[key]
+        if value is DELETE:
+            del target[path[-1]]
+        else:
+            target[path[-1]] = value
+    return plant
+
+
+DELETE = object()
+PLANTED = {
+    "a missing section": put(["layers"], DELETE),
+    "an unknown section": put(["blocks"], []),
+    "a release word in lower case": put(["dwgVersion"], "r14"),
+    "units as a text": put(["insunits"], "4"),
+    "a nameless layer": put(["layers", 0, "name"], ""),
+    "a layer colour as a tag": put(["layers", 0, "color"], "L"),
+    "a channel above 255": put(["layers", 0, "color", "r"], 256),
+    "a lineweight that no code stands for": put(["layers", 0, "lw"], 26),
+    "an alpha of 0": put(["layers", 0, "alpha"], 0),
+    "a base point without its y": put(["assets", 0, "baseY"], DELETE),
+    "an unknown record type": put(["entities", 0, "type"], "LINES"),
+    "a record without its layer": put(["entities", 0, "layer"], DELETE),
+    "a record without its colour": put(["entities", 0, "color"], DELETE),
+    "a colour tag that does not exist": put(["entities", 0, "color"], "B"),
+    "a coordinate as null": put(["entities", 0, "endX"], None),
+    "a key of another record": put(["entities", 0, "radius"], 1),
+    "a sheet without entities": put(["layouts", 0, "entities"], []),
+    "half of the plot settings": put(["layouts", 0, "paperW"], 210),
+    "a negative time": put(["timings", "prepassMs"], -1),
+    "a time that is no integer": put(["timings", "prepassMs"], 0.5),
+    "an error beside a document": put(["error"], "Failed to read x: IOERROR"),
+}
+PLANTED_RECORDS = {
+    "a polyline without bulges": {"type": "LWPOLYLINE", "closed": True, "points": [[0, 0]]},
+    "a point of three coordinates": {"type": "SOLID", "pts": [[0, 0], [1, 0], [1, 1, 1]]},
+    "a loop of two points": {"type": "HATCH", "solid": True, "loops": [[0, 0, 1, 1]]},
+    "an alignment without its point": {"type": "TEXT", "x": 0, "y": 0, "html": "<p></p>",
+                                       "height": 1, "rotationRad": 0, "halign": 1, "valign": 0},
+    "a default value of an attribute": {"type": "DYNTEXT", "kind": "attrib", "x": 0, "y": 0,
+                                        "html": "<p></p>", "height": 1, "rotationRad": 0,
+                                        "tag": "T", "defaultValue": "", "flags": 0},
+    "an empty run": {"type": "MTEXT", "x": 0, "y": 0, "html": "<p></p>", "rawMtext": "",
+                     "width": 0, "height": 0, "rotationRad": 0, "attachment": 1,
+                     "runs": [{"start": 0, "length": 1}]},
+    "an inherited dimension colour": {"type": "DIMENSION_RADIUS", "defX": 0, "defY": 0, "arcX": 0,
+                                      "arcY": 0, "leaderLen": 0, "measurement": 0,
+                                      "userText": "", "textMidX": 0, "textMidY": 0,
+                                      "textColorRgb": "L"},
+    "a leader of one point": {"type": "LEADER", "points": [[0, 0]], "arrowOn": True,
+                              "arrowSize": 1},
+    "a multileader without lines": {"type": "MULTILEADER", "lines": [], "arrowSize": 1},
+}
+
+
+def planted_documents():
+    for name, plant in PLANTED.items():
+        document = minimal()
+        plant(document)
+        yield name, document
+    for name, record in PLANTED_RECORDS.items():
+        document = minimal()
+        document["entities"] = [{"layer": "0", **record, "color": "L", "lw": "L"}]
+        yield name, document
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--worker")
+    parser.add_argument("--drawings", default=os.environ.get("DWG_CORPUS"))
+    options = parser.parse_args()
+
+    validator = jsonschema_rs.Draft202012Validator(SCHEMA)
+    jsonschema_rs.meta.validate(SCHEMA)
+    passed = failed = 0
+
+    def expect(holds, message):
+        nonlocal passed, failed
+        passed, failed = passed + holds, failed + (not holds)
+        if not holds:
+            print(f"FAILED {message}")
+
+    expect(validator.is_valid(minimal()), "the minimal document is rejected")
+    for name, document in planted_documents():
+        expect(not validator.is_valid(document), f"accepted: {name}")
+    documents = list(golden_documents())
+    expect(bool(documents), "there is no golden document")
+    if options.worker and options.drawings:
+        documents += corpus_documents(options.worker, options.drawings)
+    for name, document in documents:
+        error = next(validator.iter_errors(document), None)
+        expect(error is None, f"{name}: {str(error)[:400]}")
+    print(f"{passed} passed, {failed} failed")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

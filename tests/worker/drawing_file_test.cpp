@@ -1,0 +1,158 @@
+#include "worker/drawing_file.hpp"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "encode/text_decoding.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/entity_context.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class DrawingFileTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = fs::temp_directory_path() / ("dwg_import_file_" + std::string(test->name()));
+    fs::create_directories(folder_);
+  }
+  void TearDown() override {
+    fs::remove_all(folder_);
+    SetInputIsDxf(false);
+    SetEightBitIsUtf8(false);
+  }
+
+  std::string Write(const std::string& name, const std::string& content) {
+    std::ofstream(folder_ / name, std::ios::binary) << content;
+    return (folder_ / name).string();
+  }
+
+  fs::path folder_;
+};
+
+bool IsReadAsDxf(const std::string& path) {
+  return DrawingFile(path).isDxf();
+}
+
+// A drawing of one layer and one point. The comment brings it over the size
+// that the library asks of a DXF file.
+std::string Dxf(const std::string& release, const std::string& layerName) {
+  return "999\n" + std::string(200, '-') + "\n0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\n" + release +
+         "\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n5\n10\n2\n" +
+         layerName +
+         "\n70\n4\n62\n-3\n6\nCONTINUOUS\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+         "0\nPOINT\n5\n20\n8\n" +
+         layerName + "\n10\n1.0\n20\n2.0\n30\n0.0\n0\nENDSEC\n0\nEOF\n";
+}
+
+const Dwg_Object_LAYER* FirstLayer(DrawingFile& drawing) {
+  for (const Dwg_Object& object : Objects(drawing.data())) {
+    if (object.fixedtype == DWG_TYPE_LAYER) {
+      return ObjectData(object, &ObjectTio::LAYER);
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+TEST_F(DrawingFileTest, DxfExtensionInAnyLetterCaseIsDxf) {
+  EXPECT_TRUE(IsReadAsDxf("plan.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("PLAN.DXF"));
+  EXPECT_TRUE(IsReadAsDxf("plan.Dxf"));
+  EXPECT_TRUE(IsReadAsDxf("a.b.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("/folder.dwg/plan.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("..dxf"));
+}
+
+TEST_F(DrawingFileTest, AnyOtherExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf("plan.dwg"));
+  EXPECT_FALSE(IsReadAsDxf("x.dxf.dwg"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf.bak"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf "));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxfx"));
+  EXPECT_FALSE(IsReadAsDxf("plandxf"));
+}
+
+TEST_F(DrawingFileTest, NoExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf("x"));
+  EXPECT_FALSE(IsReadAsDxf(""));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf/x"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf/"));
+  EXPECT_FALSE(IsReadAsDxf("--verbose"));
+}
+
+TEST_F(DrawingFileTest, FileNamedJustByTheExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf(".dxf"));
+  EXPECT_FALSE(IsReadAsDxf("folder/.DXF"));
+}
+
+TEST_F(DrawingFileTest, MissingFileFails) {
+  DrawingFile drawing((folder_ / "none.dwg").string());
+  drawing.Read();
+  EXPECT_TRUE(drawing.HasFailed());
+  EXPECT_NE(drawing.result() & DWG_ERR_IOERROR, 0);
+}
+
+TEST_F(DrawingFileTest, FailedReadLeavesTheSwitchesAlone) {
+  SetInputIsDxf(false);
+  DrawingFile drawing((folder_ / "none.dxf").string());
+  drawing.Read();
+  EXPECT_TRUE(drawing.HasFailed());
+  EXPECT_FALSE(InputIsDxf());
+}
+
+TEST_F(DrawingFileTest, FreeMayBeRepeated) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1015", "A")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  drawing.Free();
+  drawing.Free();
+}
+
+TEST_F(DrawingFileTest, DxfHasTheVersionOfItsOwnRelease) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1015", "A")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  EXPECT_EQ(drawing.data().header.version, R_2000);
+  EXPECT_FALSE(drawing.HasUnicodeText());
+}
+
+TEST_F(DrawingFileTest, OldDxfHasCodePageText) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1015", "T\xFCr")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  EXPECT_TRUE(InputIsDxf());
+  EXPECT_FALSE(EightBitIsUtf8());
+  const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(DecodeText(drawing.HasUnicodeText(), layer->name), "T\xC3\xBCr");
+}
+
+TEST_F(DrawingFileTest, NewDxfHasUtf8TextInEightBitForm) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1021", "T\xC3\xBCr")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  EXPECT_EQ(drawing.data().header.version, R_2007);
+  EXPECT_FALSE(drawing.HasUnicodeText());
+  EXPECT_TRUE(EightBitIsUtf8());
+  const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(DecodeText(drawing.HasUnicodeText(), layer->name), "T\xC3\xBCr");
+}
+
+TEST_F(DrawingFileTest, DxfIsSettledAfterTheRead) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1015", "A")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, -3);
+  EXPECT_EQ(layer->off, 1);
+  EXPECT_EQ(layer->locked, 1);
+}
