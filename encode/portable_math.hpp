@@ -5,7 +5,7 @@
 //
 // Where the C library is glibc these are its functions. Elsewhere they are the
 // correctly rounded ones of exact_math.hpp, which is what glibc returns in all
-// but about 0.15 % of cases.
+// but about 0.1 % of cases.
 #pragma once
 
 double PortableSin(double x);

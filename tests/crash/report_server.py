@@ -20,7 +20,10 @@ class ReportServer:
 
         class Handler(http.server.BaseHTTPRequestHandler):
             def do_POST(self):
-                body = self.read_body()
+                try:
+                    body = self.read_body()
+                except ValueError:
+                    body = None  # cut off
                 with outer.arrived:
                     if body is None or len(outer.uploads) >= MAX_UPLOADS:
                         self.send_error(413)

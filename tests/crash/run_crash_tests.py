@@ -32,6 +32,8 @@ RUN_SECONDS = 120
 UPLOAD_SECONDS = 60
 # What the upload may cost a run whose server does not answer.
 ALLOWED_DELAY_SECONDS = 1.0
+# Windows' code of the exception that a breakpoint is.
+BREAKPOINT = 0x80000003
 FOLDER = "Zeichnungen äöü 図面"
 
 
@@ -77,6 +79,7 @@ class Worker:
         if with_handler:
             shutil.copy2(worker.parent / self.handler.name, self.handler)
         self.launcher = ["wine"] if wine else []
+        self.crasher = next(worker.parent.rglob("crash_process.exe")) if wine else None
 
     def native(self, path):
         """A path as the worker itself has to spell it."""
@@ -133,11 +136,19 @@ class Worker:
             process.stdout.close()
             process.stderr.close()
 
-    def crash(self, number, **variables):
-        """Sends a signal to a worker in the middle of a run, and waits for its end."""
+    def crash(self, number=signal.SIGSEGV, **variables):
+        """Sends a signal to a worker in the middle of a run, and waits for its end.
+        On Windows, whatever the number, it runs into a breakpoint instead."""
         with self.in_a_run(**variables) as process:
             time.sleep(0.2)  # from the progress line into the read itself
-            process.send_signal(number)
+            if self.wine:
+                subprocess.run(["wine", self.crasher, self.native(self.program)], check=True,
+                               env=self.environment(), timeout=RUN_SECONDS)
+                # Below wine the handler keeps the pipes open until it ends.
+                process.wait(RUN_SECONDS)
+                self.end_handlers()
+            else:
+                process.send_signal(number)
             output = process.stdout.read()
             errors = process.lines + process.stderr.read()
             process.wait(RUN_SECONDS)
@@ -155,6 +166,11 @@ class Worker:
                         found.append(int(entry.name))
         return found
 
+    def end_handlers(self):
+        for process in self.handlers():
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(process, signal.SIGKILL)
+
     def files(self):
         return sorted(str(p.relative_to(self.folder)) for p in self.folder.rglob("*"))
 
@@ -168,6 +184,17 @@ def silent_server():
     """Takes connections and never answers."""
     with socket.create_server(("127.0.0.1", 0), backlog=8) as listener:
         yield f"http://publickey@127.0.0.1:{listener.getsockname()[1]}/42"
+
+
+@contextlib.contextmanager
+def idle_wine():
+    """Keeps wine's background processes alive. Started by a test they would hold
+    on to its pipes, and the end of the worker's output would not be seen."""
+    with subprocess.Popen(["wine", "cmd"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL, env=dict(os.environ, WINEDEBUG="-all")) as idle:
+        time.sleep(5)
+        yield
+        idle.stdin.close()
 
 
 def refusing_dsn():
@@ -188,60 +215,66 @@ class Tests:
         self.count += 1
         return Worker(self.worker_file, self.scratch / f"{self.count} {FOLDER}", self.wine, **options)
 
-    def check_report(self, number, exception_code):
-        worker = self.worker()
-        database = self.scratch / f"Berichte {self.count} für 図面"
+    def crash_and_receive(self, worker, database, number, **variables):
+        """Makes a worker crash and gives what its handler reports: the run, the
+        minidump and the event. Under wine it is taken from the database, for
+        wine's WinHTTP cannot post a body whose length is not known before."""
         with ReportServer() as server:
-            run = worker.crash(number, KVT_SENTRY_DSN=server.dsn,
-                               KVT_SENTRY_DB=worker.native(database),
-                               KVT_SENTRY_RELEASE="worker@1.2.3", KVT_SENTRY_ENV="testing-ä")
-            require(run.status != 0, "the worker was not made to crash")
-            require(run.output == b"", f"a crashed run printed {run.output!r}")
-            require(only_progress_lines(run.errors), f"more than progress lines: {run.errors!r}")
+            run = worker.crash(number, KVT_SENTRY_DSN=server.dsn, **variables)
+            if self.wine:
+                dumps = list((database / "reports").glob("*.dmp"))
+                events = list((database / "attachments").glob("*/__sentry-event"))
+                require(len(dumps) == 1 and len(events) == 1, f"{len(dumps)} minidumps were written")
+                return run, dumps[0].read_bytes(), events[0].read_bytes()
             require(server.wait(1, UPLOAD_SECONDS), "no report arrived")
             require(wait_for(lambda: not worker.handlers(), UPLOAD_SECONDS), "the handler stayed")
             require(len(server.uploads) == 1, f"{len(server.uploads)} reports arrived")
             path, headers, body = server.uploads[0]
         require(path.startswith("/api/42/minidump/") and "sentry_key=publickey" in path,
                 f"the report went to {path}")
+        require(list(database.rglob("*.dmp")), "the database keeps no minidump")
         parts = multipart_parts(headers, body)
-        minidump = Minidump(parts["upload_file_minidump"][1])
+        return run, parts["upload_file_minidump"][1], parts["__sentry-event"][1]
+
+    def check_report(self, number, exception_code):
+        worker = self.worker()
+        database = self.scratch / f"Berichte {self.count} für 図面"
+        run, minidump, event = self.crash_and_receive(
+            worker, database, number, KVT_SENTRY_DB=worker.native(database),
+            KVT_SENTRY_RELEASE="worker@1.2.3", KVT_SENTRY_ENV="testing-ä")
+        require(self.wine or run.status == -number, f"the worker ended with {run.status}")
+        require(run.output == b"", f"a crashed run printed {run.output!r}")
+        require(only_progress_lines(run.errors), f"more than progress lines: {run.errors!r}")
+        minidump = Minidump(minidump)
         require(EXCEPTION_STREAM in minidump.streams, "the minidump holds no exception")
-        require(exception_code is None or minidump.exception_code() == exception_code,
+        require(minidump.exception_code() == exception_code,
                 f"the minidump tells of exception {minidump.exception_code():#x}")
         modules = minidump.modules()
         require(any("dwg_import_worker" in name for name in modules),
                 f"the worker is not among the modules {modules}")
-        event = unpack_messagepack(parts["__sentry-event"][1])
+        event = unpack_messagepack(event)
         require(event.get("tags", {}).get("component") == "dwg_import_worker",
                 f"the tags are {event.get('tags')}")
         require(event.get("release") == "worker@1.2.3", f"the release is {event.get('release')}")
         require(event.get("environment") == "testing-ä",
                 f"the environment is {event.get('environment')}")
-        require(list(database.rglob("*.dmp")), "the database keeps no minidump")
         require(not (worker.folder / "crashpad-db").exists(), "a second database was made")
-        return worker
 
     def report_of_a_bad_access_arrives(self):
-        self.check_report(*((signal.SIGFPE, None) if self.wine
-                            else (signal.SIGSEGV, signal.SIGSEGV)))
+        self.check_report(signal.SIGSEGV, BREAKPOINT if self.wine else signal.SIGSEGV)
 
     def report_of_an_abort_arrives(self):
         if self.wine:
-            return "wine ends a process on SIGABRT without an exception"
+            return "there are no signals on Windows"
         self.check_report(signal.SIGABRT, signal.SIGABRT)
         return None
 
     def default_database_lies_beside_the_worker(self):
         worker = self.worker()
-        with ReportServer() as server:
-            worker.crash(signal.SIGFPE if self.wine else signal.SIGSEGV, KVT_SENTRY_DSN=server.dsn)
-            require(server.wait(1, UPLOAD_SECONDS), "no report arrived")
-            _, headers, body = server.uploads[0]
-        event = unpack_messagepack(multipart_parts(headers, body)["__sentry-event"][1])
-        require("release" not in event, f"a release that nobody set: {event.get('release')}")
-        require(list((worker.folder / "crashpad-db").rglob("*.dmp")),
-                f"no minidump beside the worker, only {worker.files()}")
+        _, minidump, event = self.crash_and_receive(worker, worker.folder / "crashpad-db",
+                                                    signal.SIGSEGV)
+        Minidump(minidump)
+        require("release" not in unpack_messagepack(event), "the report has a release")
 
     def handler_runs_only_with_a_dsn_and_ends_with_the_run(self):
         worker = self.worker()
@@ -314,8 +347,9 @@ class Tests:
         worker = self.worker()
         plain = worker.convert()
         with silent_server() as silent:
-            # A report that could not be sent is waiting when the next run starts.
-            worker.crash(signal.SIGFPE if self.wine else signal.SIGSEGV, KVT_SENTRY_DSN=silent)
+            if not self.wine:
+                # A report that could not be sent is waiting when the next run starts.
+                worker.crash(KVT_SENTRY_DSN=silent)
             for dsn in (silent, refusing_dsn()):
                 without, reporting = [], []
                 for _ in range(3):
@@ -328,9 +362,7 @@ class Tests:
                 require(delay <= ALLOWED_DELAY_SECONDS, f"a run took {delay:.2f} s longer")
                 print(f"    with {dsn}: {min(without):.3f} s without reporting, "
                       f"{min(reporting):.3f} s with it")
-        for process in worker.handlers():
-            with contextlib.suppress(ProcessLookupError):
-                os.kill(process, signal.SIGKILL)
+        worker.end_handlers()
 
     def all(self):
         return (
@@ -354,7 +386,8 @@ def main():
     parser.add_argument("--only", default="", help="run only the tests whose name holds this text")
     options = parser.parse_args()
     passed = failed = skipped = 0
-    with tempfile.TemporaryDirectory(prefix="crash-tests-", ignore_cleanup_errors=True) as scratch:
+    with tempfile.TemporaryDirectory(prefix="crash-tests-", ignore_cleanup_errors=True) as scratch, \
+            idle_wine() if options.wine else contextlib.nullcontext():
         tests = Tests(options.worker.resolve(), options.wine, pathlib.Path(scratch).resolve())
         for test in tests.all():
             if options.only not in test.__name__:
