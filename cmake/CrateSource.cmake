@@ -2,8 +2,25 @@
 # there yet, and checks every file of it against a manifest kept in this
 # repository. Cargo only downloads and unpacks: no Rust is compiled.
 
+# dwg_tree_sha256(<out-var> <dir>)
+# Sets <out-var> to one digest for all files below a folder: that of the list
+# which `find . -type f -printf '%P\0' | LC_ALL=C sort -z | xargs -0 sha256sum` prints
+# there.
+function(dwg_tree_sha256 out dir)
+  file(GLOB_RECURSE paths RELATIVE "${dir}" "${dir}/*")
+  list(SORT paths COMPARE STRING)
+  set(listing "")
+  foreach(path IN LISTS paths)
+    file(SHA256 "${dir}/${path}" digest)
+    string(APPEND listing "${digest}  ${path}\n")
+  endforeach()
+  string(SHA256 digest "${listing}")
+  set(${out} "${digest}" PARENT_SCOPE)
+endfunction()
+
 # dwg_check_manifest(<dir> <manifest>)
-# Fails when a file named by the manifest is missing or differs.
+# Fails when a file named by the manifest is missing or differs. A line that
+# names a folder holds that folder's tree digest.
 function(dwg_check_manifest dir manifest)
   file(STRINGS "${manifest}" lines)
   foreach(line IN LISTS lines)
@@ -12,7 +29,11 @@ function(dwg_check_manifest dir manifest)
     if(NOT EXISTS "${dir}/${path}")
       message(FATAL_ERROR "${dir}: ${path} is missing; the source tree is not the pinned one")
     endif()
-    file(SHA256 "${dir}/${path}" actual)
+    if(IS_DIRECTORY "${dir}/${path}")
+      dwg_tree_sha256(actual "${dir}/${path}")
+    else()
+      file(SHA256 "${dir}/${path}" actual)
+    endif()
     if(NOT actual STREQUAL expected)
       message(FATAL_ERROR "${dir}: ${path} differs from the pinned source tree\n"
                           "  expected SHA-256 ${expected}\n  found SHA-256    ${actual}")

@@ -2,7 +2,7 @@
 # combination of version, patches, compiler and flags, so that a fresh build
 # folder finds them again in seconds.
 
-if(DEFINED ENV{DWG_DEPENDENCY_CACHE})
+if(NOT "$ENV{DWG_DEPENDENCY_CACHE}" STREQUAL "")
   set(cache_default "$ENV{DWG_DEPENDENCY_CACHE}")
 elseif(CMAKE_HOST_WIN32)
   set(cache_default "$ENV{LOCALAPPDATA}/dwg_import_worker")

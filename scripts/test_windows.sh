@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Cross-builds the worker, crashpad_handler and the unit tests for 64-bit Windows
+# and runs them under wine: unit tests, golden documents, crash reporting. Says
+# what it installs when something is missing.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/windows_packages.sh"
+
+install_packages "${build_packages[@]}" "${windows_packages[@]}" python3
+require_cargo
+
+build="$root/build/windows"
+cmake -S "$root" --preset windows -DDWG_BUILD_TESTS=ON >&2
+cmake --build "$build" >&2
+
+say "DLLs: only Windows' own"
+own_dlls='^(ADVAPI32|KERNEL32|msvcrt|POWRPROF|RPCRT4|SHLWAPI|USER32|VERSION|WINHTTP|dbghelp|ole32|SHELL32)\.dll$'
+for program in dwg_import_worker crashpad_handler; do
+  dlls="$(x86_64-w64-mingw32-objdump -p "$build/$program.exe" | sed -n 's/^\s*DLL Name: //p')"
+  [ -n "$dlls" ] || fail "$program.exe names no DLL at all"
+  if others="$(grep -viE "$own_dlls" <<< "$dlls")"; then
+    fail "$program.exe needs $others"
+  fi
+done
+
+# A wine prefix of its own, so that nobody's settings matter.
+export WINEPREFIX="${DWG_WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/wine}"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
+mkdir -p "$WINEPREFIX"
+wine wineboot --init >/dev/null 2>&1 || fail "wine does not start"
+
+say "Unit tests under wine"
+(cd "$build" && wine "$(find . -name unit_tests.exe)" --gtest_brief=1)
+
+if [ -f "$root/tests/golden/run_golden.py" ] && compgen -G "$root/tests/golden/*/cases.json" >/dev/null; then
+  say "Golden documents under wine"
+  python3 "$root/tests/golden/run_golden.py" --worker "$build/dwg_import_worker.exe" --launcher wine
+fi
+
+say "Crash reporting under wine"
+python3 "$root/tests/crash/run_crash_tests.py" --worker "$build/dwg_import_worker.exe" --wine

@@ -1,0 +1,48 @@
+// Crash reporting through sentry-native: the order of the steps, the same on
+// every platform.
+#include <sentry.h>
+
+#include <cstdlib>
+
+#include "worker/crash_reporting.hpp"
+#include "worker/crash_reporting_paths.hpp"
+
+namespace {
+
+bool active = false;
+
+// Null when the variable is unset or empty.
+const char* EnvironmentValue(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr && *value != '\0' ? value : nullptr;
+}
+
+}  // namespace
+
+void StartCrashReporting(const char* component) {
+  const char* dsn = EnvironmentValue("KVT_SENTRY_DSN");
+  if (dsn == nullptr)
+    return;
+  sentry_options_t* options = sentry_options_new();
+  if (options == nullptr)
+    return;
+  sentry_options_set_dsn(options, dsn);
+  SetReportPaths(options, EnvironmentValue("KVT_SENTRY_DB"));
+  if (const char* release = EnvironmentValue("KVT_SENTRY_RELEASE")) {
+    sentry_options_set_release(options, release);
+  }
+  if (const char* environment = EnvironmentValue("KVT_SENTRY_ENV")) {
+    sentry_options_set_environment(options, environment);
+  }
+  if (sentry_init(options) != 0)
+    return;
+  active = true;
+  sentry_set_tag("component", component);
+}
+
+void StopCrashReporting() noexcept {
+  if (!active)
+    return;
+  sentry_close();
+  active = false;
+}
