@@ -41,8 +41,7 @@ void AppendSizes(std::string& out, const DimStyleEntry& style) {
 
 void AppendAppearance(std::string& out, const DimStyleEntry& style,
                       const HandleMap<std::string>& styleFonts) {
-  const auto font =
-      style.textStyle == 0 ? styleFonts.end() : styleFonts.find(style.textStyle);
+  const auto font = style.textStyle == 0 ? styleFonts.end() : styleFonts.find(style.textStyle);
   if (font != styleFonts.end() && !font->second.empty()) {
     AppendQuotedKey(out, ",\"fontFamily\":", font->second);
   }

@@ -114,7 +114,8 @@ class ParagraphFields {
 
  private:
   static bool StartsNumber(std::string_view field) {
-    return !field.empty() && (field.front() == '.' || (field.front() >= '0' && field.front() <= '9'));
+    return !field.empty() &&
+           (field.front() == '.' || (field.front() >= '0' && field.front() <= '9'));
   }
 
   static void SetLength(double& length, std::string_view text) {

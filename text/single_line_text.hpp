@@ -11,8 +11,7 @@
 
 #include "entities/entity_context.hpp"
 
-std::string TextRecord(const Dwg_Entity_TEXT& text, std::string_view layer,
-                       EntityContext& context);
+std::string TextRecord(const Dwg_Entity_TEXT& text, std::string_view layer, EntityContext& context);
 std::string AttributeRecord(const Dwg_Entity_ATTRIB& attribute, std::string_view layer,
                             EntityContext& context);
 std::string AttributeDefinitionRecord(const Dwg_Entity_ATTDEF& definition, std::string_view layer,

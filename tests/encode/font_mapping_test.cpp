@@ -41,8 +41,8 @@ TEST(FontMapping, UnknownShapeFontsAreArial) {
 }
 
 TEST(FontMapping, OtherNamesStayAsTheyAre) {
-  for (const char* name : {"Times New Roman", "arial.ttf", "myfont", "ARIAL", "宋体", ".shx", ".SHX",
-                           "romans.ttf", "romans.shx ", "shx", "romans.shxx", " romans"}) {
+  for (const char* name : {"Times New Roman", "arial.ttf", "myfont", "ARIAL", "宋体", ".shx",
+                           ".SHX", "romans.ttf", "romans.shx ", "shx", "romans.shxx", " romans"}) {
     EXPECT_EQ(MapFontFamily(name), name);
   }
 }

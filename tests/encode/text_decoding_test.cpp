@@ -31,9 +31,9 @@ TEST(TextDecoding, AsciiBytesStay) {
 // The published table of Windows-1252, as UTF-8 characters.
 TEST(TextDecoding, UpperControlRangeIsWindows1252) {
   const std::vector<std::string> expected = {
-      "€", "\xC2\x81", "‚", "ƒ", "„", "…", "†", "‡", "ˆ", "‰", "Š",
-      "‹", "Œ", "\xC2\x8D", "Ž", "\xC2\x8F", "\xC2\x90", "‘", "’", "“", "”", "•",
-      "–", "—", "˜", "™", "š", "›", "œ", "\xC2\x9D", "ž", "Ÿ"};
+      "€", "\xC2\x81", "‚",        "ƒ", "„",        "…",        "†", "‡",        "ˆ", "‰", "Š",
+      "‹", "Œ",        "\xC2\x8D", "Ž", "\xC2\x8F", "\xC2\x90", "‘", "’",        "“", "”", "•",
+      "–", "—",        "˜",        "™", "š",        "›",        "œ", "\xC2\x9D", "ž", "Ÿ"};
   ASSERT_EQ(expected.size(), 32U);
   for (std::size_t i = 0; i < expected.size(); ++i) {
     const std::string text(1, static_cast<char>(0x80 + i));
