@@ -55,11 +55,10 @@ bool Same(std::optional<double> a, std::optional<double> b) {
 }
 
 std::string RandomText(std::mt19937& random) {
-  constexpr std::string_view kParts[] = {"0",  "1",   "9",   "12", "255", "4294967295", "2147483648",
-                                         ".",  "-",   "+",   "e",  "E",   "x",          "0x",
-                                         "p",  "inf", "nan", " ",  "\t",  "\n",         "\v",
-                                         "a",  "f",   ",",   ";",  "308", "-324",       "(1)",
-                                         "00", "inity"};
+  constexpr std::string_view kParts[] = {
+      "0",  "1", "9", "12", "255", "4294967295", "2147483648", ".",   "-",  "+",
+      "e",  "E", "x", "0x", "p",   "inf",        "nan",        " ",   "\t", "\n",
+      "\v", "a", "f", ",",  ";",   "308",        "-324",       "(1)", "00", "inity"};
   std::string text;
   for (std::size_t i = random() % 8; i > 0; --i) {
     text += kParts[random() % std::size(kParts)];
@@ -86,7 +85,9 @@ TEST(Numbers, DoublesAreReadAsTheStandardLibraryDoes) {
 }
 
 TEST(Numbers, TextsWithoutANumberHaveNoValue) {
-  for (const char* text : {"", " ", ".", "-", "+", "e5", "x", "--1", "+-1", ",5", "\xC2\xA0" "1"}) {
+  for (const char* text : {"", " ", ".", "-", "+", "e5", "x", "--1", "+-1", ",5",
+                           "\xC2\xA0"
+                           "1"}) {
     EXPECT_FALSE(ParseDouble(text)) << text;
     EXPECT_FALSE(ParseInt32(text)) << text;
     EXPECT_FALSE(ParseUint32(text)) << text;

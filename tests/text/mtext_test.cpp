@@ -111,17 +111,17 @@ TEST_F(MtextRecords, MissingHeightIsReadFromTheFirstHeightCode) {
   };
   for (const Case& row : {Case{"\\H2.5;abc", "2.5"},  // its value
                           {"a{\\C1;b\\H3;c}\\H4;", "3"},
-                          {"\\H2x;abc\\H3;", "0"},     // relative
-                          {"\\H0x10;", "16"},          // not a trailing x
-                          {"\\H3", "3"},               // to the end of the text
-                          {"\\H3 abc", "3"},           // trailing characters
-                          {"\\H3 abx", "0"},           // ends in x
-                          {"\\H;\\H3;", "0"},          // bare
-                          {"\\Habc;", "0"},            // no number
-                          {"\\H1e999;", "0"},          // out of range
-                          {"\\H-2;", "-2"},            // as it is read
-                          {"\\\\H5;", "5"},            // an escaped backslash is not told apart
-                          {"\\h5;H5;", "0"},           // no such code
+                          {"\\H2x;abc\\H3;", "0"},  // relative
+                          {"\\H0x10;", "16"},       // not a trailing x
+                          {"\\H3", "3"},            // to the end of the text
+                          {"\\H3 abc", "3"},        // trailing characters
+                          {"\\H3 abx", "0"},        // ends in x
+                          {"\\H;\\H3;", "0"},       // bare
+                          {"\\Habc;", "0"},         // no number
+                          {"\\H1e999;", "0"},       // out of range
+                          {"\\H-2;", "-2"},         // as it is read
+                          {"\\\\H5;", "5"},         // an escaped backslash is not told apart
+                          {"\\h5;H5;", "0"},        // no such code
                           {"", "0"}}) {
     mtext.text = drawing.Text(row.text);
     EXPECT_EQ(Frame(), std::string(",\"width\":0,\"height\":") + row.height) << row.text;
@@ -185,9 +185,8 @@ TEST_F(MtextRecords, NonAsciiCharactersOfTheFontNameCount) {
 TEST_F(MtextRecords, ObliqueCodesAreWarnedOfWithTheirCount) {
   mtext.text = drawing.Text("\\Q1;a\\Q2;b\\Q3;");
   Record("L1");
-  EXPECT_THAT(drawing.warnings,
-              ElementsAre("3 \\Q oblique angle code(s) on layer \"L1\" ignored "
-                          "(Qt limitation — no per-fragment slant)"));
+  EXPECT_THAT(drawing.warnings, ElementsAre("3 \\Q oblique angle code(s) on layer \"L1\" ignored "
+                                            "(Qt limitation — no per-fragment slant)"));
 }
 
 TEST_F(MtextRecords, ObliqueWarningIsCutAfter127Bytes) {
@@ -218,8 +217,8 @@ TEST_F(MtextRecords, BothWarningsComeInOrder) {
 }
 
 TEST_F(MtextRecords, HtmlIsCutWhereACodeWritesNul) {
-  mtext.text = drawing.Text("a\\U+0000b");
-  EXPECT_THAT(Record(), HasSubstr(R"("html":"<p>a","rawMtext":"a\\U+0000b")"));
+  mtext.text = drawing.Text("a\\U+0000 b");
+  EXPECT_THAT(Record(), HasSubstr(R"("html":"<p>a","rawMtext":"a\\U+0000 b")"));
 }
 
 TEST_F(MtextRecords, InfiniteMarginIsWrittenAsZero) {

@@ -65,8 +65,7 @@ TEST_F(MultileaderRecords, DoglegFollowsTheLinesOfItsRoot) {
   Dwg_LEADER_Node first = Root({Line({{1, 2, 0}, {3, 4, 0}}), Line({{5, 6, 0}, {7, 8, 0}})});
   AddDogleg(first);
   SetRoots({first, Root({Line({{9, 9, 0}, {8, 8, 0}})})});
-  EXPECT_EQ(Record(),
-            kStart + R"([[1,2,3,4],[5,6,7,8],[10,20,8,21],[9,9,8,8]],"arrowSize":0})");
+  EXPECT_EQ(Record(), kStart + R"([[1,2,3,4],[5,6,7,8],[10,20,8,21],[9,9,8,8]],"arrowSize":0})");
 }
 
 TEST_F(MultileaderRecords, DoglegAloneIsALine) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -119,22 +119,18 @@ TEST(TextCodesToHtml, CharacterNumbersAreWindows1252InUtf8DrawingsToo) {
 }
 
 TEST(TextCodesToHtml, TimeGrowsInProportionToTheText) {
+  // Processor time, so that a busy machine does not decide; a converter that
+  // looked at everything twice would need minutes for the larger text.
   const auto secondsFor = [](const std::string& shape, std::size_t bytes) {
     std::string text;
     while (text.size() < bytes) {
       text += shape;
     }
-    double best = 1e9;
-    for (int round = 0; round < 3; ++round) {
-      const auto start = std::chrono::steady_clock::now();
-      TextCodesToHtml(text);
-      const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-      best = std::min(best, elapsed.count());
-    }
-    return best;
+    const std::clock_t start = std::clock();
+    TextCodesToHtml(text);
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
   };
   for (const std::string shape : {"%", "%%", "%%%", "%%u", "%%o", "%%1", "%%176", "a", "<"}) {
-    EXPECT_LT(secondsFor(shape, 2000000), 40 * std::max(secondsFor(shape, 200000), 0.001))
-        << shape;
+    EXPECT_LT(secondsFor(shape, 2000000), 60 * std::max(secondsFor(shape, 200000), 0.005)) << shape;
   }
 }
