@@ -63,7 +63,7 @@ std::string CountUnsupported(const Source& source) {
 }  // namespace
 
 std::string convertEntity(const Dwg_Object& object, EntityContext& context) {
-  if (object.tio.entity == nullptr) {
+  if (!IsEntity(object) || object.tio.entity == nullptr) {
     return {};
   }
   const Source source{object, LayerNameOf(*object.tio.entity, context), context};
