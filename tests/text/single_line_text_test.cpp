@@ -86,7 +86,7 @@ TEST_F(TextRecords, HeightAndFontAreLookedUpIndependently) {
 }
 
 TEST_F(TextRecords, UnknownStylesAndEmptyFamiliesWriteNoFont) {
-  for (const Handle style : {0x99U, 0x14U, 0U}) {
+  for (const Handle style : {Handle{0x99}, Handle{0x14}, Handle{0}}) {
     Dwg_Entity_TEXT text{};
     text.style = drawing.Ref(style);
     EXPECT_TRUE(Record(text).ends_with(R"("height":0,"rotationRad":0})")) << style;
