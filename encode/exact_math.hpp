@@ -3,7 +3,7 @@
 // arithmetic, rounded to nearest and not contracted, and carry about 100
 // significant bits on the way, so that a result which is not the nearest one
 // would need some 46 bits of coincidence. Special values are those of C's
-// Annex F; a NaN's sign is not defined.
+// the appendix on IEC 60559; a NaN's sign is not defined.
 #pragma once
 
 double ExactSin(double x);
