@@ -16,4 +16,4 @@ target_link_libraries(dwg_import PRIVATE Sentry::sentry)
 set(handler "${CMAKE_BINARY_DIR}/crashpad_handler${CMAKE_EXECUTABLE_SUFFIX}")
 add_custom_command(OUTPUT "${handler}" DEPENDS "${DWG_CRASHPAD_HANDLER}"
   COMMAND "${CMAKE_COMMAND}" -E copy "${DWG_CRASHPAD_HANDLER}" "${handler}")
-add_custom_target(crashpad_handler ALL DEPENDS "${handler}")
+add_custom_target(handler_beside_worker ALL DEPENDS "${handler}")
