@@ -1,7 +1,7 @@
 // Tables of multi-line texts with what the rules make of them.
 //
-// Every expected value was worked out from the rule that its row names, with a
-// pencil; none was copied from the converter.
+// Every expected value was worked out from the rule that its row names; none
+// was copied from the converter.
 #pragma once
 
 #include <gtest/gtest.h>
