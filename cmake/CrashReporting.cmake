@@ -13,7 +13,4 @@ target_sources(dwg_import PRIVATE
 target_link_libraries(dwg_import PRIVATE Sentry::sentry)
 
 # The handler stands beside the worker.
-set(handler "${CMAKE_BINARY_DIR}/crashpad_handler${CMAKE_EXECUTABLE_SUFFIX}")
-add_custom_command(OUTPUT "${handler}" DEPENDS "${DWG_CRASHPAD_HANDLER}"
-  COMMAND "${CMAKE_COMMAND}" -E copy "${DWG_CRASHPAD_HANDLER}" "${handler}")
-add_custom_target(crashpad_handler ALL DEPENDS "${handler}")
+file(COPY "${DWG_CRASHPAD_HANDLER}" DESTINATION "${CMAKE_BINARY_DIR}")

@@ -11,13 +11,25 @@ void AppendOwned(EntityList& list, Handle owner, EntityContext& context) {
   }
 }
 
+// The library looks for the block through its BLOCK_CONTROL, which it takes to
+// have its data.
+Handle ModelSpaceByLibrary(Dwg_Data& dwg) {
+  for (const Dwg_Object& object : Objects(dwg)) {
+    if (object.fixedtype == DWG_TYPE_BLOCK_CONTROL &&
+        ObjectData(object, &ObjectTio::BLOCK_CONTROL) == nullptr) {
+      return 0;
+    }
+  }
+  return HandleOf(dwg_model_space_ref(&dwg));
+}
+
 }  // namespace
 
 void AppendModelSpace(std::string& out, Dwg_Data& dwg, EntityContext& context, bool debug) {
   EntityList list{out, debug};
   Handle block = context.tables.modelSpace;
   if (block == 0) {
-    block = HandleOf(dwg_model_space_ref(&dwg));
+    block = ModelSpaceByLibrary(dwg);
   }
   if (block != 0) {
     AppendOwned(list, block, context);

@@ -127,7 +127,10 @@ class Prepass {
   }
 
   void AddPdfDef(Handle handle, const Dwg_Object_PDFDEFINITION* definition) {
-    const std::string path = definition == nullptr ? std::string{} : Decode(definition->filename);
+    if (definition == nullptr) {
+      return;
+    }
+    const std::string path = Decode(definition->filename);
     if (!path.empty()) {
       tables_.pdfDefs[handle] = {.resolvedPath = ResolvePdf(path, drawingFolder_),
                                  .declaredPath = path,

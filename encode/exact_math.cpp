@@ -85,13 +85,18 @@ struct ReducedAngle {
   Double2 rest;      // within a quarter of pi around it
 };
 
+constexpr std::size_t Index(int i) {
+  return static_cast<std::size_t>(i);
+}
+
 // The finite, non-negative angle x as a whole number of quarter turns and a rest.
 // x is m * 2^exponent; m times a window of 2/pi, as an integer, has the whole
 // quarters above its point and the rest below. Words of 2/pi in front of the
 // window would only add whole turns; those behind it count for less than 2^-200.
 ReducedAngle ReduceAngle(double x) {
-  if (x <= kHalfPi.hi / 2)
+  if (x <= kHalfPi.hi / 2) {
     return {0, {x, 0}};
+  }
   constexpr int kWindow = 9;
   int exponent = 0;
   const double fraction = std::frexp(x, &exponent);
@@ -105,18 +110,18 @@ ReducedAngle ReduceAngle(double x) {
     const std::uint64_t factor = (m >> (32 * half)) & 0xFFFFFFFF;
     std::uint64_t carry = 0;
     for (int i = 0; i < kWindow; ++i) {
-      const std::uint64_t word = kTwoOverPi[static_cast<std::size_t>(start + kWindow - 1 - i)];
-      std::uint32_t& sum = product[static_cast<std::size_t>(i + half)];
+      const std::uint64_t word = kTwoOverPi[Index(start + kWindow - 1 - i)];
+      std::uint32_t& sum = product[Index(i + half)];
       carry += word * factor + sum;
       sum = static_cast<std::uint32_t>(carry);
       carry >>= 32;
     }
-    product[static_cast<std::size_t>(kWindow + half)] = static_cast<std::uint32_t>(carry);
+    product[Index(kWindow + half)] = static_cast<std::uint32_t>(carry);
   }
 
   const int point = 32 * (start + kWindow) - exponent;  // bits below the point
   const auto bit = [&product](int position) {
-    return (product[static_cast<std::size_t>(position / 32)] >> (position % 32)) & 1U;
+    return (product[Index(position / 32)] >> (position % 32)) & 1U;
   };
   unsigned quarter = bit(point) + 2 * bit(point + 1);
   const bool roundUp = bit(point - 1) != 0;
@@ -132,9 +137,10 @@ ReducedAngle ReduceAngle(double x) {
   }
   Double2 rest = {0, 0};
   for (int i = point / 32; i >= 0; --i) {
-    std::uint32_t word = product[static_cast<std::size_t>(i)];
-    if (i == point / 32)
+    std::uint32_t word = product[Index(i)];
+    if (i == point / 32) {
       word &= (1U << (point % 32)) - 1;
+    }
     rest = Add(rest, {std::ldexp(static_cast<double>(word), 32 * i - point), 0});
   }
   rest = Multiply(rest, kHalfPi);
@@ -201,14 +207,16 @@ Double2 ArcTangent(Double2 x) {
 }  // namespace
 
 double ExactSin(double x) {
-  if (!std::isfinite(x))
+  if (!std::isfinite(x)) {
     return std::numeric_limits<double>::quiet_NaN();
+  }
   return x == 0 ? x : SineOf(x, 0);
 }
 
 double ExactCos(double x) {
-  if (!std::isfinite(x))
+  if (!std::isfinite(x)) {
     return std::numeric_limits<double>::quiet_NaN();
+  }
   return SineOf(std::fabs(x), 1);
 }
 
@@ -217,19 +225,24 @@ double ExactAtan(double x) {
 }
 
 double ExactAtan2(double y, double x) {
-  if (std::isnan(x) || std::isnan(y))
+  if (std::isnan(x) || std::isnan(y)) {
     return std::numeric_limits<double>::quiet_NaN();
-  if (y == 0)
+  }
+  if (y == 0) {
     return std::copysign(std::signbit(x) ? kPi.hi : 0, y);
-  if (x == 0)
+  }
+  if (x == 0) {
     return std::copysign(kHalfPi.hi, y);
+  }
   if (std::isinf(x) || std::isinf(y)) {
     // Quarters of pi: 1 and 3 on the diagonals, 0 and 4 along x, 2 along y.
     double quarters = 2;
-    if (std::isinf(x))
+    if (std::isinf(x)) {
       quarters = x > 0 ? 0 : 4;
-    if (std::isinf(x) && std::isinf(y))
+    }
+    if (std::isinf(x) && std::isinf(y)) {
       quarters = x > 0 ? 1 : 3;
+    }
     return std::copysign(Multiply(kPi, {quarters / 4, 0}).hi, y);
   }
 
@@ -238,16 +251,19 @@ double ExactAtan2(double y, double x) {
   const double across = std::frexp(std::fabs(x), &exponent);
   const double up = std::frexp(std::fabs(y), &exponentOfY);
   // So far from the diagonal that the quotient's part in the sum is lost.
-  if (exponentOfY - exponent > 80)
+  if (exponentOfY - exponent > 80) {
     return std::copysign(kHalfPi.hi, y);
-  if (exponentOfY - exponent < -80)
+  }
+  if (exponentOfY - exponent < -80) {
     return x > 0 ? y / x : std::copysign(kPi.hi, y);
+  }
 
   const Double2 a = {std::ldexp(up, exponentOfY - exponent), 0};
   const Double2 b = {across, 0};
   Double2 angle =
       a.hi <= b.hi ? ArcTangent(Divide(a, b)) : Add(kHalfPi, Negate(ArcTangent(Divide(b, a))));
-  if (x < 0)
+  if (x < 0) {
     angle = Add(kPi, Negate(angle));
+  }
   return std::copysign(angle.hi, y);
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "encode/json_text.hpp"
+#include "encode/portable_math.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/entity_context.hpp"
 #include "entities/hatch_debug.hpp"
@@ -39,12 +40,12 @@ void AppendBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, dou
   const double dx = to.x - from.x;
   const double dy = to.y - from.y;
   const double chord = std::sqrt(dx * dx + dy * dy);
-  const double angle = 4 * std::atan(bulge);
+  const double angle = 4 * PortableAtan(bulge);
   if (chord < kShortestChord || std::fabs(angle) < kSmallestAngle) {
     loop.push_back({from.x, from.y});
     return;
   }
-  const double radius = chord / (2 * std::sin(std::fabs(angle) / 2));
+  const double radius = chord / (2 * PortableSin(std::fabs(angle) / 2));
   const double offsetSquared = radius * radius - (chord / 2) * (chord / 2);
   const double distance = offsetSquared > 0 ? std::sqrt(offsetSquared) : 0;
   const double offset = bulge > 0 ? distance : -distance;
@@ -52,11 +53,11 @@ void AppendBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, dou
   // in the usual bulge geometry. Consumers depend on the placement.
   const double centerX = (from.x + to.x) / 2 + offset * (dy / chord);
   const double centerY = (from.y + to.y) / 2 + offset * (-dx / chord);
-  const double start = std::atan2(from.y - centerY, from.x - centerX);
+  const double start = PortableAtan2(from.y - centerY, from.x - centerX);
   const int steps = StepCount(angle);
   for (int j = 0; j < steps; ++j) {
     const double a = start + j * angle / steps;
-    loop.push_back({centerX + radius * std::cos(a), centerY + radius * std::sin(a)});
+    loop.push_back({centerX + radius * PortableCos(a), centerY + radius * PortableSin(a)});
   }
 }
 
@@ -96,17 +97,17 @@ void AppendSweep(Loop& loop, const Dwg_HATCH_PathSeg& segment, PointAt pointAt) 
 
 void AppendCircularArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
   AppendSweep(loop, segment, [&segment](double a) {
-    return Point{segment.center.x + segment.radius * std::cos(a),
-                 segment.center.y + segment.radius * std::sin(a)};
+    return Point{segment.center.x + segment.radius * PortableCos(a),
+                 segment.center.y + segment.radius * PortableSin(a)};
   });
 }
 
 void AppendEllipticalArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
   const BITCODE_2RD& axis = segment.endpoint;
   AppendSweep(loop, segment, [&segment, &axis](double a) {
-    const double minor = std::sin(a) * segment.minor_major_ratio;
-    return Point{segment.center.x + std::cos(a) * axis.x + minor * -axis.y,
-                 segment.center.y + std::cos(a) * axis.y + minor * axis.x};
+    const double minor = PortableSin(a) * segment.minor_major_ratio;
+    return Point{segment.center.x + PortableCos(a) * axis.x + minor * -axis.y,
+                 segment.center.y + PortableCos(a) * axis.y + minor * axis.x};
   });
 }
 

@@ -44,8 +44,8 @@ std::span<const Dwg_Object* const> VerticesAfter(const Dwg_Object& polyline,
   if (begin < run.begin || begin >= run.end) {
     run = WalkVertices(objects, begin);
   }
-  const auto first = std::lower_bound(run.vertices.begin(), run.vertices.end(), &objects[begin],
-                                      std::less<const Dwg_Object*>());
+  const auto first =
+      std::lower_bound(run.vertices.begin(), run.vertices.end(), &objects[begin], std::less<>());
   return {first, run.vertices.end()};
 }
 

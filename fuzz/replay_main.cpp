@@ -5,9 +5,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
-#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -17,7 +16,9 @@ namespace fs = std::filesystem;
 
 void Replay(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream content;
+  content << file.rdbuf();
+  const std::string bytes = content.str();
   std::fprintf(stderr, "replaying %s (%zu bytes)\n", path.string().c_str(), bytes.size());
   LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
 }

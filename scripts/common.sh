@@ -42,17 +42,15 @@ require_cargo() {
     fail "cargo (Rust 1.88 or newer) is needed to fetch the pinned sources"
 }
 
-# build_preset PRESET [TARGET...]: configures when needed and builds, with all
+# build_preset PRESET [TARGET...]: configures and builds, with all
 # output on standard error.
 build_preset() {
   local preset="$1"
   shift
   (
     cd "$root"
-    if [ ! -f "build/$preset/build.ninja" ]; then
-      say "Configuring $preset; the first time this also builds the pinned libraries"
-      cmake --preset "$preset" >&2
-    fi
+    say "Configuring $preset; the first time this also builds the pinned libraries"
+    cmake --preset "$preset" >&2
     cmake --build "build/$preset" ${1:+--target "$@"} >&2
   )
 }

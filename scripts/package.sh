@@ -102,12 +102,12 @@ for target in "${targets[@]}"; do
   if [ "$target" = windows ]; then
     install_packages "${build_packages[@]}" "${windows_packages[@]}"
     require_cargo
-    build_preset windows dwg_import_worker crashpad_handler
+    build_preset windows dwg_import_worker
     file="$root/dist/dwg_import_worker-$version-windows-x86_64.zip"
   else
     install_packages "${build_packages[@]}"
     require_cargo
-    build_preset release dwg_import_worker crashpad_handler
+    build_preset release dwg_import_worker
     file="$root/dist/dwg_import_worker-$version-linux-x86_64.tar.gz"
   fi
   pack "$target" "$file"

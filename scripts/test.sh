@@ -23,8 +23,8 @@ prepare_python() {
     "$venv/bin/pip" install --quiet --disable-pip-version-check -r "$root/tests/requirements.txt" >&2
     echo "$wanted" > "$venv/installed"
   fi
-  PATH="$venv/bin:$PATH"
-  export PATH
+  # CMake and the test scripts take the interpreter from here.
+  export VIRTUAL_ENV="$venv" PATH="$venv/bin:$PATH"
 }
 
 our_sources() {

@@ -5,6 +5,7 @@
 
 #include "encode/json_text.hpp"
 #include "encode/numbers.hpp"
+#include "encode/portable_math.hpp"
 #include "entities/drawing_access.hpp"
 #include "text/mtext_to_html.hpp"
 
@@ -155,7 +156,7 @@ std::string MtextRecord(const Dwg_Entity_MTEXT& mtext, std::string_view layer,
   AppendQuotedKey(out, ",\"rawMtext\":", text);
   AppendNumberKey(out, ",\"width\":", frame.width);
   AppendNumberKey(out, ",\"height\":", frame.height);
-  AppendNumberKey(out, ",\"rotationRad\":", std::atan2(mtext.x_axis_dir.y, mtext.x_axis_dir.x));
+  AppendNumberKey(out, ",\"rotationRad\":", PortableAtan2(mtext.x_axis_dir.y, mtext.x_axis_dir.x));
   AppendIntKey(out, ",\"attachment\":", mtext.attachment);
   AppendRuns(out, layout.runs);
   AppendBlocks(out, layout.blocks);

@@ -14,6 +14,8 @@
 #include "encode/json_text.hpp"
 #include "encode/numbers.hpp"
 #include "encode/utf8.hpp"
+#include "text/fields.hpp"
+#include "text/paragraph_format.hpp"
 
 namespace {
 
@@ -24,13 +26,33 @@ constexpr std::int32_t kMaxStretch = 200;
 constexpr std::int32_t kLastWesternCharset = 2;
 constexpr std::size_t kMaxCodePointDigits = 6;
 
-constexpr bool IsContinuationByte(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+// What a byte of ordinary text adds to the character position: 0 for a
+// continuation byte, 2 for the lead byte of a surrogate pair.
+constexpr std::array<std::uint8_t, 256> MakeUtf16Units() {
+  std::array<std::uint8_t, 256> units{};
+  for (std::size_t byte = 0; byte < units.size(); ++byte) {
+    if (byte >= 0xF0) {
+      units[byte] = 2;
+    } else if (byte < 0x80 || byte >= 0xC0) {
+      units[byte] = 1;
+    }
+  }
+  return units;
 }
 
-// What one lead byte adds to the character position.
-constexpr std::int32_t Utf16Units(char leadByte) {
-  return static_cast<unsigned char>(leadByte) >= 0xF0 ? 2 : 1;
+constexpr std::array<std::uint8_t, 256> kUtf16Units = MakeUtf16Units();
+
+// Bytes that do not stand for themselves.
+constexpr bool IsSpecial(char byte) {
+  switch (byte) {
+    case '{':
+    case '}':
+    case '\\':
+    case '<':
+    case '>':
+    case '&': return true;
+    default: return false;
+  }
 }
 
 constexpr std::optional<std::uint32_t> HexDigit(char c) {
@@ -46,15 +68,6 @@ constexpr std::optional<std::uint32_t> HexDigit(char c) {
   return std::nullopt;
 }
 
-// The first character of `text`, however many bytes it has.
-std::string_view FirstCharacter(std::string_view text) {
-  std::size_t length = 1;
-  while (length < text.size() && IsContinuationByte(text[length])) {
-    ++length;
-  }
-  return text.substr(0, length);
-}
-
 // Cuts the text before the first separator off `rest`.
 std::string_view NextField(std::string_view& rest, char separator) {
   const std::size_t end = std::min(rest.find(separator), rest.size());
@@ -63,80 +76,10 @@ std::string_view NextField(std::string_view& rest, char separator) {
   return field;
 }
 
-// Calls `handle` with every field, an empty text being one empty field.
-template <typename Handle>
-void ForEachField(std::string_view text, char separator, Handle handle) {
-  std::size_t start = 0;
-  while (true) {
-    const std::size_t end = text.find(separator, start);
-    if (end == std::string_view::npos) {
-      handle(text.substr(start));
-      return;
-    }
-    handle(text.substr(start, end - start));
-    start = end + 1;
-  }
-}
-
 // A factor as whole percent.
 std::optional<std::int32_t> ParsePercent(std::string_view text) {
   const auto value = ParseDouble(text);
   return value ? TruncateToInt32(*value * 100 + 0.5) : std::nullopt;
-}
-
-// Reads the fields of a paragraph code into a block.
-class ParagraphFields {
- public:
-  explicit ParagraphFields(ParagraphBlock& block) : block_(block) {}
-
-  void Read(std::string_view field) {
-    if (inTabStops_ && StartsNumber(field)) {
-      AddTabStop(field);
-      return;
-    }
-    inTabStops_ = false;
-    if (field.size() < 2) {
-      return;
-    }
-    const std::string_view rest = field.substr(1);
-    switch (field.front()) {
-      case 'i': SetLength(block_.textIndent, rest); break;
-      case 'l': SetLength(block_.leftMargin, rest); break;
-      case 'r': SetLength(block_.rightMargin, rest); break;
-      case 'q': block_.alignment = FirstCharacter(rest); break;
-      case 't':
-        AddTabStop(rest);
-        inTabStops_ = true;
-        break;
-      default: break;
-    }
-  }
-
- private:
-  static bool StartsNumber(std::string_view field) {
-    return !field.empty() &&
-           (field.front() == '.' || (field.front() >= '0' && field.front() <= '9'));
-  }
-
-  static void SetLength(double& length, std::string_view text) {
-    if (const auto value = ParseDouble(text)) {
-      length = *value;
-    }
-  }
-
-  void AddTabStop(std::string_view text) {
-    if (const auto value = ParseDouble(text)) {
-      block_.tabStops.push_back(*value);
-    }
-  }
-
-  ParagraphBlock& block_;
-  bool inTabStops_ = false;
-};
-
-bool SaysSomething(const ParagraphBlock& block) {
-  return !block.alignment.empty() || block.textIndent != 0 || block.leftMargin != 0 ||
-         block.rightMargin != 0 || !block.tabStops.empty();
 }
 
 // The start of a run whose end is not known before its group closes.
@@ -189,14 +132,19 @@ class MtextScanner {
         ++position_;
         break;
       case '\\': Code(); break;
-      default:
-        AppendHtmlEscaped(out_, byte);
-        if (!IsContinuationByte(byte)) {
-          charPos_ += Utf16Units(byte);
-        }
-        ++position_;
-        break;
+      default: OrdinaryText(); break;
     }
+  }
+
+  // The byte at the position, whatever it is, and all that need no attention.
+  void OrdinaryText() {
+    const std::size_t start = position_;
+    do {
+      charPos_ += kUtf16Units[static_cast<unsigned char>(text_[position_])];
+      ++position_;
+    } while (position_ < text_.size() && !IsSpecial(text_[position_]));
+    AppendHtmlEscaped(out_, text_[start]);
+    out_.append(text_, start + 1, position_ - start - 1);
   }
 
   // The position is at a backslash. An unknown code drops only that: what
@@ -435,10 +383,8 @@ class MtextScanner {
   }
 
   void Paragraph(std::string_view argument) {
-    ParagraphBlock block;
+    ParagraphBlock block = ParseParagraphFormat(argument);
     block.index = paragraph_;
-    ParagraphFields fields(block);
-    ForEachField(argument, ',', [&fields](std::string_view field) { fields.Read(field); });
     if (SaysSomething(block)) {
       layout_.blocks.push_back(std::move(block));
     }

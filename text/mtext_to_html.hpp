@@ -27,12 +27,12 @@ struct TextRun {
 
 // The format of one paragraph; lengths in drawing units, 0 when not set.
 struct ParagraphBlock {
-  std::int32_t index = 0;  // paragraph number from 0
-  std::string alignment;   // the code's character, empty when not set
+  std::int32_t index = 0;      // paragraph number from 0
+  std::string alignment = {};  // the code's character, empty when not set
   double textIndent = 0;
   double leftMargin = 0;
   double rightMargin = 0;
-  std::vector<double> tabStops;
+  std::vector<double> tabStops = {};
 
   friend bool operator==(const ParagraphBlock&, const ParagraphBlock&) = default;
 };

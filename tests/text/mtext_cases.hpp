@@ -1,14 +1,16 @@
 // Tables of multi-line texts with what the rules make of them.
 //
-// Every expected value was worked out from the rule that its row names, with a
-// pencil; none was copied from the converter.
+// Every expected value was worked out from the rule that its row names; none
+// was copied from the converter.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "text/mtext_to_html.hpp"

@@ -52,7 +52,8 @@ TEST(MtextToHtml, ColourIndexCodes) {
       {"leading zeros are decimal", "\\C010;a", Colored("255,0,0", "a")},
       {"no number has no effect", "\\Cred;a", "<p>a</p>"},
       {"an empty argument has no effect", "\\C;a", "<p>a</p>"},
-      {"without a semicolon the rest is the argument", "b\\C1 a", "<p>b<span "
+      {"without a semicolon the rest is the argument", "b\\C1 a",
+       "<p>b<span "
        "style=\"color:rgb(255,0,0)\"></span></p>"},
   });
 }
@@ -129,8 +130,7 @@ TEST(MtextToHtml, FontCodes) {
       {"a name", "\\fArial;a", Styled(arial, "a")},
       {"\\F is the same", "\\FArial;a", Styled(arial, "a")},
       {"a shape font is mapped", "\\Fromans.shx;a", Styled("font-family:Times New Roman;", "a")},
-      {"letter case of a shape font", "\\FMONOTXT.SHX;a",
-       Styled("font-family:Courier New;", "a")},
+      {"letter case of a shape font", "\\FMONOTXT.SHX;a", Styled("font-family:Courier New;", "a")},
       {"an unknown shape font is Arial", "\\Fmyfont.shx;a", Styled(arial, "a")},
       {"a desktop font stays as it is", "\\fTimes New Roman;a",
        Styled("font-family:Times New Roman;", "a")},
@@ -145,8 +145,7 @@ TEST(MtextToHtml, FontCodes) {
        Styled(arial + "font-weight:bold;font-style:italic;", "a")},
       {"b0 and i0 write nothing", "\\fArial|b0|i0|c0|p0;a", Styled(arial, "a")},
       {"only a 1 is bold", "\\fArial|b2;a", Styled(arial, "a")},
-      {"what follows the 1 is ignored", "\\fArial|b12;a",
-       Styled(arial + "font-weight:bold;", "a")},
+      {"what follows the 1 is ignored", "\\fArial|b12;a", Styled(arial + "font-weight:bold;", "a")},
       {"the last field of a kind counts", "\\fArial|b1|b0;a", Styled(arial, "a")},
       {"field letters are lower case", "\\fArial|B1|I1;a", Styled(arial, "a")},
       {"a field of one character is ignored", "\\fArial|b|i;a", Styled(arial, "a")},
@@ -162,8 +161,10 @@ TEST(MtextToHtml, FontCodes) {
        "<p><span style=\"font-family:Arial;font-weight:bold;\">a"
        "<span style=\"font-family:Arial;\">b</span></span></p>"},
       {"an odd pitch is fixed", "\\fArial|p1;ab", Styled(arial, "ab"), {FixedPitch(0, 2)}},
-      {"pitch and family 49 is odd", "\\fCourier New|b0|i0|c0|p49;ab",
-       Styled("font-family:Courier New;", "ab"), {FixedPitch(0, 2)}},
+      {"pitch and family 49 is odd",
+       "\\fCourier New|b0|i0|c0|p49;ab",
+       Styled("font-family:Courier New;", "ab"),
+       {FixedPitch(0, 2)}},
       {"an even pitch is not fixed", "\\fArial|p34;ab", Styled(arial, "ab")},
       {"a negative odd pitch is odd", "\\fArial|p-1;ab", Styled(arial, "ab"), {FixedPitch(0, 2)}},
       {"a bad pitch has no effect, the font has", "\\fArial|px;ab", Styled(arial, "ab")},
@@ -171,7 +172,9 @@ TEST(MtextToHtml, FontCodes) {
       {"a bad character set has no effect", "\\fArial|cx|b1;ab",
        Styled(arial + "font-weight:bold;", "ab")},
       {"an odd pitch without a name", "\\f|p1;ab", "<p>ab</p>", {FixedPitch(0, 2)}},
-      {"two odd pitches of one code are two runs", "\\f|p1|p3;ab", "<p>ab</p>",
+      {"two odd pitches of one code are two runs",
+       "\\f|p1|p3;ab",
+       "<p>ab</p>",
        {FixedPitch(0, 2), FixedPitch(0, 2)}},
       {"a fixed pitch ends with its group", "a{\\f|p1;bc}d", "<p>abcd</p>", {FixedPitch(1, 2)}},
       {"without a semicolon the rest is the argument", "\\fArial", Styled(arial, "")},
@@ -251,6 +254,5 @@ TEST(MtextToHtml, CharacterSetsAboveTwoAreNonWestern) {
 }
 
 TEST(MtextToHtml, SimSunHasNoFixedPitchRun) {
-  CheckMtextCases({{"2 is even", "\\fSimSun|b0|i0|c134|p2;X",
-                    Styled("font-family:SimSun;", "X")}});
+  CheckMtextCases({{"2 is even", "\\fSimSun|b0|i0|c134|p2;X", Styled("font-family:SimSun;", "X")}});
 }

@@ -1,5 +1,7 @@
 #include "worker/read_result.hpp"
 
+#include <dwg.h>
+
 #include <gtest/gtest.h>
 
 #include <utility>
