@@ -11,7 +11,8 @@ set -euo pipefail
 
 test_packages=(clang clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
                nlohmann-json3-dev python3-venv
-               libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1)
+               libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1 libfreetype6
+               libglib2.0-0 libx11-6 libbrotli1 libpng16-16)
 
 prepare_python() {
   local venv="${DWG_TEST_VENV:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/venv}"
@@ -66,9 +67,13 @@ stage_asan() {
 }
 
 stage_release() {
-  say "What users run: build, golden documents"
+  say "What users run: build, golden documents, crash reporting"
   build_preset release
-  (cd "$root" && python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker)
+  (
+    cd "$root"
+    python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker
+    python3 tests/crash/run_crash_tests.py --worker build/release/dwg_import_worker
+  )
 }
 
 stage_windows() {
