@@ -19,7 +19,8 @@ HANDLE FindProcess(const wchar_t* program) {
   for (BOOL more = Process32FirstW(snapshot, &entry); more && found == nullptr;
        more = Process32NextW(snapshot, &entry)) {
     HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, entry.th32ProcessID);
-    if (process == nullptr) continue;
+    if (process == nullptr)
+      continue;
     wchar_t path[1024];
     DWORD length = 1024;
     if (QueryFullProcessImageNameW(process, 0, path, &length) && _wcsicmp(path, program) == 0) {
@@ -35,9 +36,11 @@ HANDLE FindProcess(const wchar_t* program) {
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
-  if (argc != 2) return 2;
+  if (argc != 2)
+    return 2;
   HANDLE process = FindProcess(argv[1]);
-  if (process == nullptr) return 3;
+  if (process == nullptr)
+    return 3;
   // The same address in every process.
   auto* breakpoint = reinterpret_cast<LPTHREAD_START_ROUTINE>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "DebugBreak")));
