@@ -73,6 +73,11 @@ stage_release() {
     cd "$root"
     python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker
     python3 tests/crash/run_crash_tests.py --worker build/release/dwg_import_worker
+    if [ -n "${DWG_CORPUS:-}" ]; then
+      python3 tests/corpus/run_corpus.py --worker build/release/dwg_import_worker
+    else
+      say "DWG_CORPUS is not set: the runs over a folder of real drawings were left out"
+    fi
   )
 }
 
