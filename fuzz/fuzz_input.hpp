@@ -29,7 +29,11 @@ class FuzzInput {
 
   bool OneIn(unsigned count) { return Byte() % count == 0; }
 
-  std::uint32_t Word() { return static_cast<std::uint32_t>(Byte()) | Byte() << 8U; }
+  std::uint32_t Word() {
+    const std::uint32_t low = Byte();
+    const std::uint32_t high = Byte();
+    return low | high << 8U;
+  }
 
   // Small integers, fractions, the special values and any bit pattern.
   double Double() {
