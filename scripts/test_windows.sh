@@ -30,10 +30,9 @@ mkdir -p "$WINEPREFIX"
 wine wineboot --init >/dev/null 2>&1 || fail "wine does not start"
 
 # A program that idles keeps wine's background processes up; starting them for
-# every run would take seconds each time.
-sleep 3600 | wine cmd >/dev/null 2>&1 &
-idle=$!
-trap 'kill "$idle" 2>/dev/null || true; wineserver -k || true' EXIT
+# every run would take seconds each time. It ends with this script, which holds
+# the other end of its input.
+coproc idle_wine { exec wine cmd >/dev/null 2>&1; }
 
 say "Unit tests under wine"
 (cd "$build" && wine "$(find . -name unit_tests.exe)" --gtest_brief=1)
