@@ -59,6 +59,7 @@ class ReportServer:
 
         self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
         self.server.daemon_threads = True
+        self.server.handle_error = lambda *_: None  # a client that was ended
         self.dsn = f"http://publickey@127.0.0.1:{self.server.server_port}/42"
 
     def __enter__(self):
