@@ -29,6 +29,11 @@ export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
 mkdir -p "$WINEPREFIX"
 wine wineboot --init >/dev/null 2>&1 || fail "wine does not start"
 
+# A program that idles keeps wine's background processes up; starting them for
+# every run would take seconds each time. It ends with this script, which holds
+# the other end of its input.
+coproc idle_wine { exec wine cmd >/dev/null 2>&1; }
+
 say "Unit tests under wine"
 (cd "$build" && wine "$(find . -name unit_tests.exe)" --gtest_brief=1)
 
