@@ -318,7 +318,7 @@ class DrawingBuilder {
       case 0:
         Entity(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, [this](auto& polyline) {
           polyline.flag = static_cast<BITCODE_BS>(input_.Word());
-          Array(polyline.points, polyline.num_points, [this](auto& point) { Fill(point); });
+          Array(polyline.points, polyline.num_points, [this](auto& point) { this->Fill(point); });
           Array(polyline.bulges, polyline.num_bulges, [this](double& b) { b = input_.Double(); });
         });
         break;
@@ -358,7 +358,8 @@ class DrawingBuilder {
           Fill(wipeout.pt0);
           Fill(wipeout.uvec);
           wipeout.display_props = input_.Byte();
-          Array(wipeout.clip_verts, wipeout.num_clip_verts, [this](auto& point) { Fill(point); });
+          Array(wipeout.clip_verts, wipeout.num_clip_verts,
+                [this](auto& point) { this->Fill(point); });
         });
         break;
       default:
@@ -446,7 +447,7 @@ class DrawingBuilder {
       case 4: AddDimension(); break;
       case 5:
         Entity(DWG_TYPE_LEADER, &EntityTio::LEADER, [this](auto& leader) {
-          Array(leader.points, leader.num_points, [this](auto& point) { Fill(point); });
+          Array(leader.points, leader.num_points, [this](auto& point) { this->Fill(point); });
         });
         break;
       default: AddMultileader(); break;
@@ -491,7 +492,7 @@ class DrawingBuilder {
         root.has_dogleg = input_.Byte() & 1U;
         root.dogleg_length = input_.Double();
         Array(root.lines, root.num_lines, [this](Dwg_LEADER_Line& line) {
-          Array(line.points, line.num_points, [this](auto& point) { Fill(point); });
+          Array(line.points, line.num_points, [this](auto& point) { this->Fill(point); });
         });
       });
     });
