@@ -10,6 +10,7 @@
 #include "encode/numbers.hpp"
 #include "encode/text_decoding.hpp"
 #include "entities/drawing_access.hpp"
+#include "entities/stored_flags.hpp"
 
 namespace {
 
@@ -17,7 +18,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kModelSpace = "*Model_Space";
 constexpr std::string_view kPaperSpace = "*Paper_Space";
-constexpr std::uint32_t kNonRectangularClip = 0x10000;
 
 // A text that is no valid path on this platform gives an empty one.
 fs::path PathOf(std::string_view utf8) try {
@@ -158,10 +158,7 @@ class Prepass {
   }
 
   void AddClipBoundary(const Dwg_Entity_VIEWPORT* viewport) {
-    if (viewport == nullptr || (viewport->status_flag & kNonRectangularClip) == 0) {
-      return;
-    }
-    const Handle boundary = HandleOf(viewport->clip_boundary);
+    const Handle boundary = viewport == nullptr ? 0 : ClipBoundaryOf(*viewport);
     if (boundary != 0) {
       tables_.clipBoundaries.insert(boundary);
     }

@@ -1,8 +1,12 @@
-// Byte-wise ASCII letter case, independent of any locale.
+// Byte-wise ASCII letters and digits, independent of any locale.
 #pragma once
 
 #include <string>
 #include <string_view>
+
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 constexpr char LowerAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -6,15 +6,13 @@
 #include <limits>
 #include <string>
 
+#include "encode/ascii.hpp"
+
 namespace {
 
 // The white space of the C locale, which the process never leaves.
 constexpr bool IsSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-constexpr bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 struct Magnitude {

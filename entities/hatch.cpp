@@ -9,6 +9,7 @@
 #include "entities/drawing_access.hpp"
 #include "entities/entity_context.hpp"
 #include "entities/hatch_debug.hpp"
+#include "entities/stored_flags.hpp"
 
 namespace {
 
@@ -19,7 +20,6 @@ constexpr double kMinSteps = 2;
 constexpr double kMaxSteps = 36;
 constexpr double kShortestChord = 1e-12;
 constexpr double kSmallestAngle = 1e-9;
-constexpr unsigned kPolylinePath = 2;
 constexpr std::size_t kMinLoopPoints = 3;
 
 struct Point {
@@ -164,7 +164,7 @@ std::string HatchRecord(const Dwg_Entity_HATCH& hatch, std::string_view layer) {
   std::string loopText;
   BracketCursor loops{loopText};
   for (const Dwg_HATCH_Path& path : paths) {
-    const Loop loop = (path.flag & kPolylinePath) != 0 ? PolylineLoop(path) : EdgeLoop(path);
+    const Loop loop = IsPolylinePath(path) ? PolylineLoop(path) : EdgeLoop(path);
     if (loop.size() >= kMinLoopPoints) {
       AppendLoop(loops, loop);
     }

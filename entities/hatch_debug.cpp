@@ -4,10 +4,9 @@
 #include <cstdlib>
 
 #include "entities/drawing_access.hpp"
+#include "entities/stored_flags.hpp"
 
 namespace {
-
-constexpr unsigned kPolylinePath = 2;
 
 void DumpVertices(const Dwg_HATCH_Path& path) {
   unsigned j = 0;
@@ -55,7 +54,7 @@ void DumpHatch(const Dwg_Entity_HATCH& hatch) {
   for (const Dwg_HATCH_Path& path : SpanOf(hatch.paths, hatch.num_paths)) {
     std::fprintf(stderr, "  path %u: flag=0x%x n=%u closed=%d bulges=%d\n", i++, path.flag,
                  path.num_segs_or_paths, path.closed, path.bulges_present);
-    if ((path.flag & kPolylinePath) != 0) {
+    if (IsPolylinePath(path)) {
       DumpVertices(path);
     } else {
       DumpSegments(path);

@@ -72,38 +72,11 @@ std::vector<Vertex> Vertices2d(std::span<const Dwg_Object* const> objects) {
   return vertices.empty() ? frame : vertices;
 }
 
-}  // namespace
-
-std::string LwPolylineRecord(const Dwg_Entity_LWPOLYLINE& polyline, std::string_view layer) {
-  const auto points = SpanOf(polyline.points, polyline.num_points);
-  const auto bulges = SpanOf(polyline.bulges, polyline.num_bulges);
-  if (points.empty()) {
-    return {};
-  }
-  std::string out = BeginRecord("LWPOLYLINE", layer);
-  AppendBoolKey(out, ",\"closed\":", (polyline.flag & kLwPolylineClosed) != 0);
-  out += ",\"points\":[";
-  ListCursor pointList{out};
-  for (const BITCODE_2RD& point : points) {
-    AppendPoint(pointList, point.x, point.y);
-  }
-  out += "],\"bulges\":[";
-  ListCursor bulgeList{out};
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    AppendListNumber(bulgeList, i < bulges.size() ? bulges[i] : 0);
-  }
-  out += "]}";
-  return out;
-}
-
-std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string_view layer,
-                             EntityContext& context, const Dwg_Object& object) {
-  const std::vector<Vertex> vertices = Vertices2d(VerticesAfter(object, context));
-  if (vertices.empty()) {
-    return {};
-  }
-  std::string out = BeginRecord("POLYLINE_2D", layer);
-  AppendBoolKey(out, ",\"closed\":", (polyline.flag & kPolylineClosed) != 0);
+// The record of a two-dimensional polyline, with one bulge a point.
+std::string BulgedRecord(std::string_view type, std::string_view layer, bool isClosed,
+                         std::span<const Vertex> vertices) {
+  std::string out = BeginRecord(type, layer);
+  AppendBoolKey(out, ",\"closed\":", isClosed);
   out += ",\"points\":[";
   ListCursor points{out};
   for (const Vertex& vertex : vertices) {
@@ -116,6 +89,31 @@ std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string
   }
   out += "]}";
   return out;
+}
+
+}  // namespace
+
+std::string LwPolylineRecord(const Dwg_Entity_LWPOLYLINE& polyline, std::string_view layer) {
+  const auto points = SpanOf(polyline.points, polyline.num_points);
+  const auto bulges = SpanOf(polyline.bulges, polyline.num_bulges);
+  if (points.empty()) {
+    return {};
+  }
+  std::vector<Vertex> vertices;
+  vertices.reserve(points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    vertices.push_back({points[i].x, points[i].y, i < bulges.size() ? bulges[i] : 0});
+  }
+  return BulgedRecord("LWPOLYLINE", layer, (polyline.flag & kLwPolylineClosed) != 0, vertices);
+}
+
+std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string_view layer,
+                             EntityContext& context, const Dwg_Object& object) {
+  const std::vector<Vertex> vertices = Vertices2d(VerticesAfter(object, context));
+  if (vertices.empty()) {
+    return {};
+  }
+  return BulgedRecord("POLYLINE_2D", layer, (polyline.flag & kPolylineClosed) != 0, vertices);
 }
 
 std::string Polyline3dRecord(const Dwg_Entity_POLYLINE_3D& polyline, std::string_view layer,

@@ -5,11 +5,11 @@
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
+#include "entities/stored_flags.hpp"
 
 namespace {
 
 constexpr unsigned kOverallViewportId = 1;
-constexpr std::uint32_t kNonRectangularClip = 0x10000;
 constexpr std::size_t kMaxClipDepth = 8;
 
 void AppendView(std::string& out, const Dwg_Entity_VIEWPORT& viewport) {
@@ -47,9 +47,8 @@ void AppendFrozenLayers(std::string& out, const Dwg_Entity_VIEWPORT& viewport,
 // The entity that clips the viewport, null when there is none to be written.
 const Dwg_Object* ClipEntity(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
                              const EntityContext& context) {
-  const Handle handle = HandleOf(viewport.clip_boundary);
-  if ((viewport.status_flag & kNonRectangularClip) == 0 || handle == 0 ||
-      context.dwg.object_map == nullptr) {
+  const Handle handle = ClipBoundaryOf(viewport);
+  if (handle == 0 || context.dwg.object_map == nullptr) {
     return nullptr;
   }
   const Dwg_Object* clip = dwg_resolve_handle(&context.dwg, handle);

@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::size_t kMaxCodeDigits = 3;
 
-constexpr bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 class TextCodeScanner {
  public:
   explicit TextCodeScanner(std::string_view text) : text_(text) { out_.reserve(text.size()); }
