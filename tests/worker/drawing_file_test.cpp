@@ -41,11 +41,12 @@ bool IsReadAsDxf(const std::string& path) {
 
 // A drawing of one layer and one point. The comment brings it over the size
 // that the library asks of a DXF file.
-std::string Dxf(const std::string& release, const std::string& layerName) {
+std::string Dxf(const std::string& release, const std::string& layerName,
+                const std::string& color = "62\n-3\n") {
   return "999\n" + std::string(200, '-') + "\n0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\n" + release +
          "\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n5\n10\n2\n" +
-         layerName +
-         "\n70\n4\n62\n-3\n6\nCONTINUOUS\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+         layerName + "\n70\n4\n" + color +
+         "6\nCONTINUOUS\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
          "0\nPOINT\n5\n20\n8\n" +
          layerName + "\n10\n1.0\n20\n2.0\n30\n0.0\n0\nENDSEC\n0\nEOF\n";
 }
@@ -155,4 +156,25 @@ TEST_F(DrawingFileTest, DxfIsSettledAfterTheRead) {
   EXPECT_EQ(layer->color.index, -3);
   EXPECT_EQ(layer->off, 1);
   EXPECT_EQ(layer->locked, 1);
+}
+
+TEST_F(DrawingFileTest, NameOfAColorIsNotItsIndex) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1032", "A", "62\n31\n420\n16564615\n430\nBOOK$C\n")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, 0);
+  EXPECT_EQ(layer->color.rgb, 0xC3000000U);
+  EXPECT_EQ(layer->off, 0);
+}
+
+TEST_F(DrawingFileTest, LayerWithANamedColorStaysOff) {
+  DrawingFile drawing(Write("a.dxf", Dxf("AC1032", "A", "62\n-31\n430\nBOOK$C\n")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, -31);
+  EXPECT_EQ(layer->off, 1);
 }
