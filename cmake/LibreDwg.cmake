@@ -1,6 +1,7 @@
 # LibreDWG as the imported target LibreDWG::libredwg: C sources of the pinned
-# crate, patched with the files of cmake/patches/libredwg, compiled with flags
-# of their own and kept in the dependency cache.
+# crate, patched with the files of cmake/patches/libredwg (wrong reads mended)
+# and cmake/patches/libredwg-speed (the same results sooner), compiled with
+# flags of their own and kept in the dependency cache.
 
 include(CrateSource)
 include(DependencyCache)
@@ -8,7 +9,11 @@ include(DependencyCache)
 set(DWG_LIBREDWG_CRATE_VERSION 0.16.0)
 set(DWG_LIBREDWG_SOURCE_DIR "" CACHE PATH
     "Unpacked source tree of the LibreDWG crate, for builds without network (checked like the fetched one)")
-option(DWG_LIBREDWG_PATCHES "Apply our own patches to LibreDWG" ON)
+option(DWG_LIBREDWG_PATCHES "Apply our own mends to LibreDWG" ON)
+option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG" ON)
+# The library is linked statically: nobody replaces its functions.
+set(DWG_LIBREDWG_C_FLAGS "-O2 -fno-semantic-interposition" CACHE STRING "Compiler flags for LibreDWG")
+option(DWG_MIMALLOC "Let LibreDWG allocate through mimalloc" OFF)
 
 if(DWG_LIBREDWG_SOURCE_DIR)
   set(libredwg_source "${DWG_LIBREDWG_SOURCE_DIR}")
@@ -18,35 +23,63 @@ else()
   dwg_crate_source(libredwg_source libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION})
 endif()
 
-set(libredwg_patches "")
+# dwg_add_libredwg(<target> FLAGS <text> [PATCHES <folder>...] [MIMALLOC])
+# Adds one build of LibreDWG as an imported target; the folders are those below
+# cmake/patches.
+function(dwg_add_libredwg target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "MIMALLOC" "FLAGS" "PATCHES")
+  set(patches "")
+  foreach(folder IN LISTS arg_PATCHES)
+    file(GLOB found CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/patches/${folder}/*.patch")
+    list(SORT found)
+    list(APPEND patches ${found})
+  endforeach()
+  set(key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION}")
+  foreach(file IN LISTS patches ITEMS
+          "${PROJECT_SOURCE_DIR}/cmake/checksums/libredwg-sys-${DWG_LIBREDWG_CRATE_VERSION}.sha256"
+          "${PROJECT_SOURCE_DIR}/cmake/libredwg/CMakeLists.txt")
+    file(SHA256 "${file}" hash)
+    list(APPEND key "${hash}")
+  endforeach()
+  string(REPLACE ";" "|" patch_list "${patches}")
+  set(paths "-DLIBREDWG_SOURCE=${libredwg_source}" "-DLIBREDWG_PATCHES=${patch_list}")
+  if(arg_MIMALLOC)
+    file(SHA256 "${PROJECT_SOURCE_DIR}/cmake/libredwg/library_allocator.h" hash)
+    list(APPEND key "${mimalloc_key}" "${hash}")
+    list(APPEND paths "-DLIBREDWG_MIMALLOC_INCLUDE=${mimalloc_install}/include")
+  endif()
+  dwg_cached_build(install
+    NAME libredwg
+    SOURCE "${PROJECT_SOURCE_DIR}/cmake/libredwg"
+    KEY ${key}
+    ARGS "-DLIBREDWG_C_FLAGS=${arg_FLAGS}"
+    PATHS ${paths})
+
+  add_library(${target} STATIC IMPORTED GLOBAL)
+  set_target_properties(${target} PROPERTIES
+    IMPORTED_LOCATION
+      "${install}/lib/${CMAKE_STATIC_LIBRARY_PREFIX}redwg${CMAKE_STATIC_LIBRARY_SUFFIX}"
+    INTERFACE_INCLUDE_DIRECTORIES "${install}/include")
+  if(arg_MIMALLOC)
+    target_link_libraries(${target} INTERFACE Mimalloc::mimalloc)
+    target_compile_definitions(${target} INTERFACE DWG_MIMALLOC)
+  endif()
+  if(NOT MSVC)
+    target_link_libraries(${target} INTERFACE m)
+  endif()
+endfunction()
+
+set(libredwg_options "")
 if(DWG_LIBREDWG_PATCHES)
-  file(GLOB libredwg_patches CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/patches/libredwg/*.patch")
-  list(SORT libredwg_patches)
+  list(APPEND libredwg_options PATCHES libredwg)
+  if(DWG_LIBREDWG_SPEED_PATCHES)
+    list(APPEND libredwg_options libredwg-speed)
+  endif()
+elseif(DWG_LIBREDWG_SPEED_PATCHES)
+  list(APPEND libredwg_options PATCHES libredwg-speed)
 endif()
-file(SHA256
-  "${PROJECT_SOURCE_DIR}/cmake/checksums/libredwg-sys-${DWG_LIBREDWG_CRATE_VERSION}.sha256" hash)
-set(libredwg_key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION} ${hash}")
-foreach(patch IN LISTS libredwg_patches)
-  file(SHA256 "${patch}" hash)
-  list(APPEND libredwg_key "${hash}")
-endforeach()
-file(SHA256 "${PROJECT_SOURCE_DIR}/cmake/libredwg/CMakeLists.txt" hash)
-list(APPEND libredwg_key "${hash}")
-
-set(DWG_LIBREDWG_C_FLAGS "-O2" CACHE STRING "Compiler flags for LibreDWG")
-string(REPLACE ";" "|" libredwg_patch_list "${libredwg_patches}")
-dwg_cached_build(libredwg_install
-  NAME libredwg
-  SOURCE "${PROJECT_SOURCE_DIR}/cmake/libredwg"
-  KEY ${libredwg_key}
-  ARGS "-DLIBREDWG_C_FLAGS=${DWG_LIBREDWG_C_FLAGS}"
-  PATHS "-DLIBREDWG_SOURCE=${libredwg_source}" "-DLIBREDWG_PATCHES=${libredwg_patch_list}")
-
-add_library(LibreDWG::libredwg STATIC IMPORTED GLOBAL)
-set_target_properties(LibreDWG::libredwg PROPERTIES
-  IMPORTED_LOCATION
-    "${libredwg_install}/lib/${CMAKE_STATIC_LIBRARY_PREFIX}redwg${CMAKE_STATIC_LIBRARY_SUFFIX}"
-  INTERFACE_INCLUDE_DIRECTORIES "${libredwg_install}/include")
-if(NOT MSVC)
-  target_link_libraries(LibreDWG::libredwg INTERFACE m)
+if(DWG_MIMALLOC)
+  include(Mimalloc)
+  list(APPEND libredwg_options MIMALLOC)
 endif()
+dwg_add_libredwg(LibreDWG::libredwg FLAGS "${DWG_LIBREDWG_C_FLAGS}" ${libredwg_options})

@@ -1,13 +1,13 @@
 #include "worker/dxf_settling.hpp"
 
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <string_view>
 
 #include "encode/ascii.hpp"
 #include "encode/color.hpp"
 #include "entities/drawing_access.hpp"
+#include "worker/library_memory.hpp"
 
 namespace {
 
@@ -46,9 +46,8 @@ Dwg_Object* ModelSpaceBlock(Dwg_Data& dwg) {
   return found;
 }
 
-// The library frees names with free().
-char* MallocedCopy(std::string_view text) {
-  auto* copy = static_cast<char*>(std::calloc(text.size() + 1, 1));
+char* LibraryCopy(std::string_view text) {
+  auto* copy = static_cast<char*>(LibraryAllocate(text.size() + 1));
   if (copy != nullptr) {
     text.copy(copy, text.size());
   }
@@ -56,7 +55,7 @@ char* MallocedCopy(std::string_view text) {
 }
 
 void SetName(Dwg_Object_BLOCK_HEADER& block, char* name) {
-  std::free(block.name);
+  LibraryFree(block.name);
   block.name = name;
 }
 
@@ -85,7 +84,7 @@ void SettlePlaceholder(Dwg_Data& dwg) {
     ReplacePlaceholder(dwg, *placeholder, *modelSpace);
   } else if (placeholder->name != nullptr && std::string_view(placeholder->name) == "*") {
     // The 16-bit form of the name, of which 8-bit readers see one byte.
-    SetName(*placeholder, MallocedCopy(kModelSpace));
+    SetName(*placeholder, LibraryCopy(kModelSpace));
   }
 }
 

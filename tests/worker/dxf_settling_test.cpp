@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "entities/drawing_access.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "worker/library_memory.hpp"
 
 namespace {
 
@@ -20,21 +20,21 @@ class DxfSettling : public testing::Test {
  protected:
   ~DxfSettling() override {
     for (auto* block : blocks_) {
-      std::free(block->name);
+      LibraryFree(block->name);
     }
     Dwg_Data& dwg = drawing_.data();
     for (BITCODE_BL i = 0; i < dwg.num_object_refs; ++i) {
-      std::free(dwg.object_ref[i]);
+      LibraryFree(dwg.object_ref[i]);
     }
-    std::free(dwg.object_ref);
-    std::free(dwg.object_ordered_ref);
+    LibraryFree(dwg.object_ref);
+    LibraryFree(dwg.object_ordered_ref);
   }
 
   Dwg_Object_BLOCK_HEADER& AddBlock(Handle handle, const char* name, std::size_t bytes = 0) {
     auto& block = drawing_.AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, handle);
     if (name != nullptr) {
       const std::size_t size = bytes == 0 ? std::strlen(name) + 1 : bytes;
-      block.name = static_cast<char*>(std::malloc(size));
+      block.name = static_cast<char*>(LibraryAllocate(size));
       std::memcpy(block.name, name, size);
     }
     blocks_.push_back(&block);
