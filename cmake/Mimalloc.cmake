@@ -38,4 +38,6 @@ else()
   find_package(Threads REQUIRED)
   target_link_libraries(Mimalloc::mimalloc INTERFACE Threads::Threads)
 endif()
-file(COPY "${mimalloc_source}/c_src/mimalloc/v2/LICENSE" DESTINATION "${CMAKE_BINARY_DIR}/licenses/mimalloc")
+file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/licenses")
+file(COPY_FILE "${mimalloc_source}/c_src/mimalloc/v2/LICENSE"
+     "${CMAKE_BINARY_DIR}/licenses/mimalloc.txt" ONLY_IF_DIFFERENT)
