@@ -74,7 +74,8 @@ stage_release() {
     python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker
     python3 tests/crash/run_crash_tests.py --worker build/release/dwg_import_worker
     if [ -n "${DWG_CORPUS:-}" ]; then
-      python3 tests/corpus/run_corpus.py --worker build/release/dwg_import_worker
+      python3 tests/corpus/run_corpus.py --worker build/release/dwg_import_worker \
+        --report build/corpus.html
     else
       say "DWG_CORPUS is not set: the runs over a folder of real drawings were left out"
     fi
