@@ -8,7 +8,7 @@ import collections
 import html
 import re
 
-SKIPPED = re.compile(r"Skipped (\d+) (\S+) entit(?:y|ies) \(not yet supported\)$")
+SKIPPED = re.compile(r"Skipped (\d+) (.+) entit(?:y|ies) \(not yet supported\)$")
 
 STYLE = """
 body { font: 14px/1.4 system-ui, sans-serif; margin: 2em; color: #222; background: #fff; }
