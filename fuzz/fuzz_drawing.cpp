@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <deque>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,6 +47,9 @@ class DrawingBuilder {
     dwg_.header.version = static_cast<Dwg_Version_Type>(input_.Below(48));
     dwg_.header_vars.INSUNITS = static_cast<BITCODE_BS>(input_.Word());
     hasObjectMap_ = !input_.OneIn(16);
+    if (input_.OneIn(4)) {
+      AddPlaceholder();
+    }
     while (!input_.IsEmpty() && objects_.size() < kMaxObjects) {
       AddObject();
     }
@@ -117,7 +121,7 @@ class DrawingBuilder {
         "*model_spaceX",
         "block",
         "romans.shx",
-        "\\fSimSun|b1|i1|c134|p1;x\xe9\\Q1;\\H2.5x;{\\W0.8;a\\pi1,l2,r3,qc,t4,5;}\\S1/2;",
+        "\\fSimSun|b1|i1|c134|p1;x\xe9\\Q1;\\H2.5x;{\\W0.8;\\T2;a\\pi1,l2,r3,qc,t4,5;}\\S1/2;",
         "%%u%%o%%c%%d%%p%%%%%065%%176",
         "/",
         "absent\\.",
@@ -170,13 +174,26 @@ class DrawingBuilder {
     return nullptr;
   }
 
-  Dwg_Object_Ref* Reference() {
+  // A reference to anything, to nothing, or, mostly, to an earlier object of the
+  // type that belongs there.
+  Dwg_Object_Ref* Reference(DWG_OBJECT_TYPE type = DWG_TYPE_UNUSED) {
     if (input_.OneIn(6)) {
       return nullptr;
     }
     auto* reference = New<Dwg_Object_Ref>();
-    reference->absolute_ref = AnyHandle();
+    const std::vector<Handle>& candidates = handlesByType_[type];
+    reference->absolute_ref = candidates.empty() || input_.OneIn(4)
+                                  ? AnyHandle()
+                                  : candidates[input_.Byte() % candidates.size()];
     return reference;
+  }
+
+  DWG_OBJECT_TYPE OwnerType() { return input_.OneIn(4) ? DWG_TYPE_INSERT : DWG_TYPE_BLOCK_HEADER; }
+
+  DWG_OBJECT_TYPE ClipType() {
+    static constexpr std::array<DWG_OBJECT_TYPE, 3> kTypes = {
+        DWG_TYPE_LWPOLYLINE, DWG_TYPE_POLYLINE_2D, DWG_TYPE_VIEWPORT};
+    return kTypes[input_.Byte() % kTypes.size()];
   }
 
   void Fill(BITCODE_2RD& point) { point = {input_.Double(), input_.Double()}; }
@@ -203,6 +220,7 @@ class DrawingBuilder {
     object.name = input_.OneIn(4) ? nullptr : input_.OneIn(4) ? blockName : entityName;
     object.parent = &dwg_;
     objects_.push_back(object);
+    handlesByType_[object.fixedtype].push_back(object.handle.value);
     return objects_.back();
   }
 
@@ -215,8 +233,8 @@ class DrawingBuilder {
     }
     auto* entity = New<Dwg_Object_Entity>();
     object.tio.entity = entity;
-    entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference();
-    entity->layer = Reference();
+    entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference(OwnerType());
+    entity->layer = Reference(DWG_TYPE_LAYER);
     Fill(entity->color);
     entity->linewt = input_.Byte();
     if (input_.OneIn(25)) {
@@ -288,14 +306,26 @@ class DrawingBuilder {
         break;
       case 5: AddLayout(); break;
       case 6: AddBlockControl(); break;
-      default:
-        Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER,
-               [this](Dwg_Object_BLOCK_HEADER& block) {
-                 block.name = MallocedText();
-                 blocks_.push_back(&block);
-                 Fill(block.base_pt);
-               });
-        break;
+      default: AddBlock(); break;
+    }
+  }
+
+  void AddBlock() {
+    Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, [this](Dwg_Object_BLOCK_HEADER& block) {
+      block.name = MallocedText();
+      blocks_.push_back(&block);
+      Fill(block.base_pt);
+    });
+  }
+
+  // The block that the DXF reader starts every drawing with.
+  void AddPlaceholder() {
+    AddBlock();
+    Dwg_Object& object = objects_.back();
+    object.handle.value = kPlaceholderHandle;
+    auto* block = ObjectData(object, &ObjectTio::BLOCK_HEADER);
+    if (!unicodeText_ && block != nullptr && block->name != nullptr && input_.OneIn(2)) {
+      std::memcpy(block->name, "*", 2);
     }
   }
 
@@ -304,7 +334,7 @@ class DrawingBuilder {
       style.DIMTXT = input_.Double();
       style.DIMSCALE = input_.Double();
       style.DIMASZ = input_.Double();
-      style.DIMTXSTY = Reference();
+      style.DIMTXSTY = Reference(DWG_TYPE_STYLE);
       Fill(style.DIMCLRT);
       Fill(style.DIMCLRD);
       style.DIMDEC = static_cast<BITCODE_BS>(input_.Word());
@@ -318,7 +348,7 @@ class DrawingBuilder {
 
   void AddLayout() {
     Object(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, [this](Dwg_Object_LAYOUT& layout) {
-      layout.block_header = Reference();
+      layout.block_header = Reference(DWG_TYPE_BLOCK_HEADER);
       layout.layout_name = Text();
       layout.tab_order = static_cast<BITCODE_BS>(input_.Word());
       Dwg_Object_PLOTSETTINGS& plot = layout.plotsettings;
@@ -341,7 +371,7 @@ class DrawingBuilder {
   void AddBlockControl() {
     Object(DWG_TYPE_BLOCK_CONTROL, &ObjectTio::BLOCK_CONTROL,
            [this](Dwg_Object_BLOCK_CONTROL& control) {
-             control.model_space = Reference();
+             control.model_space = Reference(DWG_TYPE_BLOCK_HEADER);
              if (control.model_space != nullptr) {
                modelSpaceReferences_.push_back(control.model_space);
              }
@@ -523,7 +553,7 @@ class DrawingBuilder {
     Fill(text.ins_pt);
     text.height = input_.Double();
     text.rotation = input_.Double();
-    text.style = Reference();
+    text.style = Reference(DWG_TYPE_STYLE);
   }
 
   void AddText() {
@@ -563,7 +593,7 @@ class DrawingBuilder {
           mtext.attachment = static_cast<BITCODE_BS>(input_.Word());
           mtext.text_height = input_.OneIn(2) ? 0 : input_.Double();
           mtext.text = Text();
-          mtext.style = Reference();
+          mtext.style = Reference(DWG_TYPE_STYLE);
         });
         break;
       case 4: AddDimension(); break;
@@ -584,7 +614,7 @@ class DrawingBuilder {
     Fill(dimension.text_midpt);
     dimension.user_text = Text();
     dimension.act_measurement = input_.Double();
-    dimension.dimstyle = Reference();
+    dimension.dimstyle = Reference(DWG_TYPE_DIMSTYLE);
   }
 
   void AddDimension() {
@@ -648,7 +678,7 @@ class DrawingBuilder {
 
   template <typename Insert>
   void FillInsert(Insert& insert) {
-    insert.block_header = Reference();
+    insert.block_header = Reference(DWG_TYPE_BLOCK_HEADER);
     Fill(insert.ins_pt);
     Fill(insert.scale);
     insert.rotation = input_.Double();
@@ -663,7 +693,7 @@ class DrawingBuilder {
         Entity(DWG_TYPE_IMAGE, &EntityTio::IMAGE, [this](auto& image) {
           image.display_props = input_.Byte();
           image.image_size = {input_.Double(), input_.Double()};
-          image.imagedef = Reference();
+          image.imagedef = Reference(DWG_TYPE_IMAGEDEF);
           Fill(image.pt0);
           Fill(image.uvec);
           Fill(image.vvec);
@@ -671,7 +701,7 @@ class DrawingBuilder {
         break;
       case 2:
         Entity(DWG_TYPE_PDFUNDERLAY, &EntityTio::PDFUNDERLAY, [this](auto& underlay) {
-          underlay.definition_id = Reference();
+          underlay.definition_id = Reference(DWG_TYPE_PDFDEFINITION);
           Fill(underlay.ins_pt);
           Fill(underlay.scale);
           underlay.angle = input_.Double();
@@ -697,9 +727,9 @@ class DrawingBuilder {
       Fill(viewport.VIEWCTR);
       viewport.VIEWSIZE = input_.Double();
       viewport.VIEWTWIST = input_.Double();
-      viewport.clip_boundary = Reference();
+      viewport.clip_boundary = Reference(ClipType());
       Array(viewport.frozen_layers, viewport.num_frozen_layers,
-            [this](BITCODE_H& layer) { layer = Reference(); });
+            [this](BITCODE_H& layer) { layer = Reference(DWG_TYPE_LAYER); });
     });
   }
 
@@ -710,6 +740,7 @@ class DrawingBuilder {
   dwg_inthash* objectMap_ = hash_new(kMaxObjects);
   std::vector<Dwg_Object_Ref*> modelSpaceReferences_;
   std::vector<Dwg_Object_BLOCK_HEADER*> blocks_;
+  std::map<DWG_OBJECT_TYPE, std::vector<Handle>> handlesByType_;
   std::vector<Dwg_Object> objects_;
   std::deque<std::shared_ptr<void>> owned_;
 };

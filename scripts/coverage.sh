@@ -51,7 +51,7 @@ run_target() {
 }
 
 report() {
-  local name="$1" objects=(-object "$build/tests/unit_tests") target
+  local name="$1" objects=("$build/tests/unit_tests") target
   for target in "${all_targets[@]}"; do
     objects+=(-object "$build/fuzz/${target}_replay")
   done
