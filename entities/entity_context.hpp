@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "entities/lookup_tables.hpp"
@@ -35,6 +36,10 @@ struct EntityContext {
 
   // Viewports whose conversion is under way, outermost first.
   std::vector<const Dwg_Object*> openViewports = {};
+
+  // Clip outlines that cost more than their records are long, once converted:
+  // any number of viewports may name the same one.
+  std::unordered_map<const Dwg_Object*, std::string> clipRecords = {};
 
   // Built when the first polyline asks for it.
   std::optional<VertexIndex> vertexIndex = {};

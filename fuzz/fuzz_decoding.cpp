@@ -85,6 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FUZZ_CHECK(DecodeFromOddAddress(units) == wide);
 
   SetEightBitIsUtf8(true);
+  FUZZ_CHECK(EightBitIsUtf8());
   FUZZ_CHECK(DecodeCodePageText(bytes.c_str()) == bytes.c_str());
   SetEightBitIsUtf8(false);
   FUZZ_CHECK(IsGrammaticalJson(JsonQuote(bytes.c_str())));

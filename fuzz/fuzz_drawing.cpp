@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
@@ -770,5 +771,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   budget.Check();
   FUZZ_CHECK(IsGrammaticalJson(document + "}"));
   FUZZ_CHECK(Convert(drawing, (switches & 4U) != 0) == document);
+  // For the check of the documents against their schema.
+  static const bool prints = std::getenv("DWG_FUZZ_PRINT") != nullptr;
+  if (prints) {
+    std::printf("%s}\n", document.c_str());
+  }
   return 0;
 }

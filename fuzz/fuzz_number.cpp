@@ -32,6 +32,7 @@ void CheckNumber(double value) {
 
 void CheckTruncation(double value) {
   const auto truncated = TruncateToInt32(value);
+  FUZZ_CHECK(!truncated || JsonInt(*truncated) == std::to_string(*truncated));
   FUZZ_CHECK(truncated.has_value() == !std::isnan(value));
   if (truncated && std::fabs(value) < 2e9) {
     FUZZ_CHECK(*truncated == static_cast<std::int32_t>(value));

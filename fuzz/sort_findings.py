@@ -16,7 +16,7 @@ import re
 import subprocess
 import sys
 
-FRAME = re.compile(r"^\s*#\d+ 0x[0-9a-f]+ in (\S+).*?(?:\s(/\S+?):(\d+))?(?::\d+)?$", re.MULTILINE)
+FRAME = re.compile(r"^\s*#\d+ 0x[0-9a-f]+ in (.+?)(?:\s(/\S+?):(\d+))?(?::\d+)?$", re.MULTILINE)
 CAUSE = re.compile(r"ERROR: (?:Address|Undefined\w*|Leak)Sanitizer:? (\S+)|libFuzzer: (\S+)|"
                    r"runtime error: ([^\n]+)|(not so: [^\n]+)")
 LIBRARY_CALLERS = {"DrawingFile::Read", "DrawingFile::Free"}
@@ -32,6 +32,12 @@ def report_of(program, path):
     return run.stderr.decode("utf-8", "replace") if run.returncode != 0 else None
 
 
+def plain_name(function):
+    """The name without its namespace for nobody, arguments and return type."""
+    name = function.replace("(anonymous namespace)::", "").partition("(")[0]
+    return name.split("<")[0].split()[-1].replace("~DrawingFile", "Free")
+
+
 def first_stack(report):
     """Function and source position of the frames that belong to us or the library."""
     frames = []
@@ -39,8 +45,7 @@ def first_stack(report):
         if "/libredwg/src/" in path:
             frames.append((function, path.rpartition("/")[2] + ":" + line, True))
         elif re.search(r"/(worker|document|entities|text|encode|fuzz)/[^/]+\.[ch]pp$", path):
-            name = function.partition("(")[0].replace("~DrawingFile", "Free")
-            frames.append((name, "/".join(path.split("/")[-2:]) + ":" + line, False))
+            frames.append((plain_name(function), "/".join(path.split("/")[-2:]) + ":" + line, False))
         if function.startswith("LLVMFuzzerTestOneInput"):
             break
     return frames

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Runs the fuzz targets, one after the other, and sorts what they found.
 #
-#   scripts/fuzz.sh [TARGET...] [--seconds N] [--seed N] [--folder F] [--programs F]
+#   scripts/fuzz.sh [TARGET...] [--seconds N] [--seed N] [--jobs N] [--folder F]
+#                   [--programs F]
 #
 # TARGETs are fuzz_drawing, fuzz_dwg, fuzz_dxf, fuzz_mtext, fuzz_text_codes,
 # fuzz_decoding and fuzz_number, all of them by default, for 60 seconds each.
 # The corpora and the findings stay in a folder outside the repository (--folder;
 # ~/.cache/dwg_import_worker/fuzz by default) and are taken up again by the next
-# run. --programs names a folder of built targets, for runs that shall not
+# run. --jobs runs so many targets at a time. --programs names a folder of built targets, for runs that shall not
 # change while the sources do; else the fuzz preset is built first.
 #
 # Fails when a finding is ours. Findings in LibreDWG are listed and end nothing:
@@ -19,12 +20,14 @@ all_targets=(fuzz_drawing fuzz_dwg fuzz_dxf fuzz_mtext fuzz_text_codes fuzz_deco
 targets=()
 seconds=60
 seed=0
+jobs=1
 folder="${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/fuzz"
 programs=""
 while [ $# -gt 0 ]; do
   case "$1" in
     --seconds) seconds="$2"; shift 2 ;;
     --seed) seed="$2"; shift 2 ;;
+    --jobs) jobs="$2"; shift 2 ;;
     --folder) folder="$2"; shift 2 ;;
     --programs) programs="$2"; shift 2 ;;
     -*) fail "there is no option $1" ;;
@@ -59,20 +62,34 @@ run_target() {
     dictionary=("-dict=$root/fuzz/dictionaries/$target.dict")
   say "$target for $seconds s"
   # The status says only that something was found, which the sorting tells better.
-  "$programs/$target" -fork=1 -ignore_crashes=1 -ignore_ooms=1 -ignore_timeouts=1 \
-    -max_total_time="$seconds" -seed="$seed" -timeout=20 -rss_limit_mb=2560 \
+  local TIMEFORMAT=%U
+  { time "$programs/$target" -fork=1 -ignore_crashes=1 -ignore_ooms=1 -ignore_timeouts=1 \
+    -max_total_time="$seconds" -seed="$seed" -timeout=10 -rss_limit_mb=2560 \
     -max_len="$max_len" -close_fd_mask=3 "${dictionary[@]}" "-artifact_prefix=$crashes/" \
-    "$corpus" "$folder/seeds/$target" > "$log" 2>&1 || true
-  local count
+    "$corpus" "$folder/seeds/$target" > "$log" 2>&1; } 2> "$log.time" || true
+  local count processor
+  processor="$(tail -1 "$log.time")"
   count="$(executions "$log")"
   [ "$count" -gt 0 ] || { tail -20 "$log" >&2; fail "$target did not run"; }
-  printf '%s\t%s\t%s\t%s\n' "$(date -u +%FT%TZ)" "$target" "$seconds" "$count" >> "$folder/runs.tsv"
-  say "$target: $count inputs executed, $(find "$corpus" -type f | wc -l) kept"
+  printf '%s\t%s\t%s\t%s\n' "$(date -u +%FT%TZ)" "$target" "$processor" "$count" >> "$folder/runs.tsv"
+  say "$target: $count inputs executed in $processor s of processor time, $(find "$corpus" -type f | wc -l) kept"
 }
 
-status=0
+run_and_sort() {
+  run_target "$1"
+  python3 "$root/fuzz/sort_findings.py" "$programs/$1" "$folder/crashes/$1"
+}
+
+runs=()
 for target in "${targets[@]}"; do
-  run_target "$target"
-  python3 "$root/fuzz/sort_findings.py" "$programs/$target" "$folder/crashes/$target" || status=1
+  while [ "$(jobs -pr | wc -l)" -ge "$jobs" ]; do
+    sleep 0.2
+  done
+  run_and_sort "$target" &
+  runs+=($!)
+done
+status=0
+for run in "${runs[@]}"; do
+  wait "$run" || status=1
 done
 exit $status

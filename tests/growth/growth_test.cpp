@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <deque>
@@ -232,6 +233,29 @@ TEST(Growth, Layers) {
   });
 }
 
+// For docs/limits.md: --gtest_also_run_disabled_tests --gtest_filter=*Million*
+TEST(Growth, DISABLED_MillionLayers) {
+  for (const std::size_t n : {250'000U, 500'000U, 1'000'000U}) {
+    LargeDrawing drawing;
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i).name =
+          drawing.Text("L" + std::to_string(i));
+    }
+    Dwg_Data& dwg = drawing.Finish();
+    std::size_t size = 0;
+    const Cost cost = CostOf([&dwg, &size] {
+      StageObserver observer;
+      size = BuildDocument(
+                 {.dwg = dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}}, {},
+                 observer)
+                 .size();
+    });
+    std::printf("%zu layers: %.2f s, %.0f MB allocated in all, document of %.0f MB\n", n,
+                cost.seconds, static_cast<double>(cost.bytes) / 1e6,
+                static_cast<double>(size) / 1e6);
+  }
+}
+
 // Multiples of the number of buckets that a table of as many entries has.
 TEST(Growth, HandlesChosenToCollide) {
   ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
@@ -350,6 +374,25 @@ TEST(Growth, ViewportsClippedByFarPolylines) {
       viewport->width = viewport->height = 1;
       viewport->status_flag = 0x10000;
       viewport->clip_boundary = drawing.Ref(1 + i % 2);
+      drawing.AddEntity(DWG_TYPE_VIEWPORT, part, 100 + i);
+    }
+  });
+}
+
+// A hatch of many paths, none of which makes a loop, clips all viewports.
+TEST(Growth, ViewportsClippedByOneEmptyHatch) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [clip, hatch] = drawing.Part(&EntityTio::HATCH, 99);
+    auto& paths = drawing.New<std::vector<Dwg_HATCH_Path>>();
+    paths.resize(n);
+    hatch->paths = paths.data();
+    hatch->num_paths = static_cast<BITCODE_BL>(n);
+    drawing.AddEntity(DWG_TYPE_HATCH, clip, 1);
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto [part, viewport] = drawing.Part(&EntityTio::VIEWPORT);
+      viewport->width = viewport->height = 1;
+      viewport->status_flag = 0x10000;
+      viewport->clip_boundary = drawing.Ref(1);
       drawing.AddEntity(DWG_TYPE_VIEWPORT, part, 100 + i);
     }
   });
