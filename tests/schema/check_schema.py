@@ -10,6 +10,7 @@ fuzz target that makes up whole drawings.
 import argparse
 import copy
 import json
+import math
 import os
 import pathlib
 import subprocess
@@ -22,9 +23,15 @@ SCHEMA = json.loads((ROOT / "docs" / "document.schema.json").read_text(encoding=
 TIMEOUT_SECONDS = 300
 
 
+def finite(text):
+    """Ten digits may round the largest doubles up beyond what a double holds."""
+    value = float(text)
+    return value if math.isfinite(value) else math.copysign(sys.float_info.max, value)
+
+
 def parse(data):
     """The document, with bytes that are no UTF-8 replaced as hosts do."""
-    return json.loads(data.decode("utf-8", "replace"))
+    return json.loads(data.decode("utf-8", "replace"), parse_float=finite)
 
 
 def golden_documents():
