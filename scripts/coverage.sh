@@ -4,8 +4,9 @@
 #   scripts/coverage.sh [--lines] [--folder F] [SET...]
 #
 # SETs are unit, fuzz (all targets) and the names of fuzz targets; unit and fuzz
-# by default. The corpora are those of scripts/fuzz.sh (--folder as there), with
-# the seeds and the kept findings. --lines also prints every line never run.
+# by default. The corpora are those of scripts/fuzz.sh (--folder as there) and of
+# fuzz/corpus, with the seeds and the kept findings. --lines also prints every line
+# never run.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -41,7 +42,8 @@ run_unit() {
 
 run_target() {
   local target="$1" inputs=() place
-  for place in "$work/seeds/$target" "$folder/corpus/$target" "$root/fuzz/findings/$target"; do
+  for place in "$work/seeds/$target" "$folder/corpus/$target" "$root/fuzz/corpus/$target" \
+    "$root/fuzz/findings/$target"; do
     [ -n "$(ls -A "$place" 2>/dev/null)" ] && inputs+=("$place")
   done
   [ ${#inputs[@]} -gt 0 ] || { say "$target has no inputs"; return 0; }
