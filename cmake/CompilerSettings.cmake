@@ -31,6 +31,11 @@ if(DWG_BUILD_FUZZERS)
   target_compile_options(dwg_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(DWG_COVERAGE)
+  target_compile_options(dwg_settings INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(dwg_settings INTERFACE -fprofile-instr-generate)
+endif()
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT MSVC AND NOT DWG_SANITIZERS)
   target_compile_options(dwg_settings INTERFACE -fstack-protector-strong)
   target_compile_definitions(dwg_settings INTERFACE $<$<NOT:$<PLATFORM_ID:Windows>>:_FORTIFY_SOURCE=2>)

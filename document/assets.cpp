@@ -45,9 +45,7 @@ void AppendAsset(std::string& out, const Dwg_Object& object, const Dwg_Object_BL
 void AppendAssets(std::string& out, EntityContext& context, bool debug) {
   bool first = true;
   for (const Dwg_Object& object : Objects(context.dwg)) {
-    const Dwg_Object_BLOCK_HEADER* block = object.type == DWG_TYPE_BLOCK_HEADER
-                                               ? ObjectData(object, &ObjectTio::BLOCK_HEADER)
-                                               : nullptr;
+    const auto* block = TableRecord(object, DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER);
     if (block == nullptr) {
       continue;
     }

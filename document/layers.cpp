@@ -60,8 +60,7 @@ void AppendLayer(std::string& out, const Dwg_Object_LAYER& layer, std::string_vi
 void AppendLayers(std::string& out, const Dwg_Data& dwg, bool unicodeText, bool debug) {
   bool first = true;
   for (const Dwg_Object& object : Objects(dwg)) {
-    const Dwg_Object_LAYER* layer =
-        object.type == DWG_TYPE_LAYER ? ObjectData(object, &ObjectTio::LAYER) : nullptr;
+    const auto* layer = TableRecord(object, DWG_TYPE_LAYER, &ObjectTio::LAYER);
     if (layer == nullptr) {
       continue;
     }

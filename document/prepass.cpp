@@ -187,7 +187,7 @@ class Prepass {
   bool unicodeText_;
   const fs::path& drawingFolder_;
   LookupTables tables_;
-  std::unordered_set<Handle> paperSpaces_;
+  HandleSet paperSpaces_;
   Handle lastOwner_ = 0;
   std::vector<const Dwg_Object*>* lastOwned_ = nullptr;
 };

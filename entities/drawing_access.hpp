@@ -48,6 +48,13 @@ T* ObjectData(const Dwg_Object& object, T* ObjectTio::*member) {
   return object.tio.object->tio.*member;
 }
 
+// The data of a table record by its raw type. That decides which records are
+// written, but only the fixed type tells what the data is.
+template <typename T>
+const T* TableRecord(const Dwg_Object& object, DWG_OBJECT_TYPE type, T* ObjectTio::*member) {
+  return object.type == type && object.fixedtype == type ? ObjectData(object, member) : nullptr;
+}
+
 // An array with its count; empty when the pointer is null.
 template <typename T>
 std::span<const T> SpanOf(const T* data, std::size_t count) {

@@ -10,18 +10,7 @@ bool inputIsDxf = false;
 // Enough for most records, so that they grow only once.
 constexpr std::size_t kTypicalRecordSize = 256;
 
-const std::vector<const Dwg_Object*> kNoObjects;
-
 }  // namespace
-
-const std::vector<const Dwg_Object*>& LookupTables::OwnedBy(Handle owner) const {
-  const auto found = entitiesByOwner.find(owner);
-  return found == entitiesByOwner.end() ? kNoObjects : found->second;
-}
-
-const std::vector<const Dwg_Object*>& LookupTables::OwnedBy(const Dwg_Object& owner) const {
-  return owner.handle.value == 0 ? kNoObjects : OwnedBy(owner.handle.value);
-}
 
 std::string EntityContext::Decode(const char* text) const {
   return DecodeText(unicodeText, text);

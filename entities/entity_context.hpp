@@ -8,20 +8,23 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "entities/lookup_tables.hpp"
 
-// The last stretch of polyline vertices that was walked: the vertex objects at
-// array positions from `begin` up to the object at `end` that ended the walk.
-// Polylines without an end marker would otherwise walk over each other's
-// followers again and again.
-struct VertexRun {
-  std::size_t begin = 0;
-  std::size_t end = 0;
-  std::vector<const Dwg_Object*> vertices = {};
+// What the walks from polylines to their vertices meet, in object order: the
+// objects that end a walk, and the vertices by kind, those with data only.
+// Polylines without an end marker share their followers; looked up here, a
+// walk costs no more than the vertices that it writes.
+struct VertexIndex {
+  std::vector<const Dwg_Object*> walkEnds;
+  std::vector<const Dwg_Object*> points;         // two-dimensional
+  std::vector<const Dwg_Object*> framePoints;    // spline frame control points
+  std::vector<const Dwg_Object*> spatialPoints;  // three-dimensional
 };
 
 struct EntityContext {
@@ -34,7 +37,12 @@ struct EntityContext {
   // Viewports whose conversion is under way, outermost first.
   std::vector<const Dwg_Object*> openViewports = {};
 
-  VertexRun vertexRun = {};
+  // Clip outlines that cost more than their records are long, once converted:
+  // any number of viewports may name the same one.
+  std::unordered_map<const Dwg_Object*, std::string> clipRecords = {};
+
+  // Built when the first polyline asks for it.
+  std::optional<VertexIndex> vertexIndex = {};
 
   // A string of the drawing as UTF-8.
   std::string Decode(const char* text) const;

@@ -6,6 +6,7 @@
 
 #include <dwg.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -14,8 +15,16 @@
 
 #include "entities/drawing_access.hpp"
 
+// Mixes a handle with a number that differs from run to run. A drawing chooses
+// its handles; hashed by their value alone, as the standard library does, they
+// could all be made to fall into one bucket, where a look-up searches them all.
+struct HandleHash {
+  std::size_t operator()(Handle handle) const;
+};
+
 template <typename Value>
-using HandleMap = std::unordered_map<Handle, Value>;
+using HandleMap = std::unordered_map<Handle, Value, HandleHash>;
+using HandleSet = std::unordered_set<Handle, HandleHash>;
 
 // What a dimension style says about drawing its dimensions. The colour texts
 // are JSON, empty when the colour is inherited.
@@ -52,7 +61,7 @@ struct LookupTables {
   Handle modelSpace = 0;
   std::vector<Handle> paperSpaces;  // in object order
   HandleMap<const Dwg_Object_LAYOUT*> layoutsByBlock;
-  std::unordered_set<Handle> clipBoundaries;
+  HandleSet clipBoundaries;
   HandleMap<std::vector<const Dwg_Object*>> entitiesByOwner;
 
   // The entities under an owner, in object order; none for an unknown one.

@@ -17,36 +17,49 @@ bool EndsWalk(const Dwg_Object& object) {
   return !IsEntity(object) || object.fixedtype == DWG_TYPE_SEQEND;
 }
 
-bool IsVertex(const Dwg_Object& object) {
-  return object.fixedtype == DWG_TYPE_VERTEX_2D || object.fixedtype == DWG_TYPE_VERTEX_3D;
+bool IsFrame(const Dwg_Entity_VERTEX_2D& vertex) {
+  return (vertex.flag & kSplineFrameControlPoint) != 0;
 }
 
-VertexRun WalkVertices(std::span<const Dwg_Object> objects, std::size_t begin) {
-  VertexRun run{begin, begin, {}};
-  while (run.end < objects.size() && !EndsWalk(objects[run.end])) {
-    if (IsVertex(objects[run.end])) {
-      run.vertices.push_back(&objects[run.end]);
+VertexIndex BuildVertexIndex(std::span<const Dwg_Object> objects) {
+  VertexIndex index;
+  for (const Dwg_Object& object : objects) {
+    if (EndsWalk(object)) {
+      index.walkEnds.push_back(&object);
+    } else if (object.fixedtype == DWG_TYPE_VERTEX_2D) {
+      if (const auto* vertex = EntityData(object, &EntityTio::VERTEX_2D)) {
+        (IsFrame(*vertex) ? index.framePoints : index.points).push_back(&object);
+      }
+    } else if (object.fixedtype == DWG_TYPE_VERTEX_3D &&
+               EntityData(object, &EntityTio::VERTEX_3D) != nullptr) {
+      index.spatialPoints.push_back(&object);
     }
-    ++run.end;
   }
-  return run;
+  return index;
 }
 
-// The vertex objects that follow the polyline; valid until the next call.
-std::span<const Dwg_Object* const> VerticesAfter(const Dwg_Object& polyline,
-                                                 EntityContext& context) {
+using ObjectList = std::vector<const Dwg_Object*>;
+
+ObjectList::const_iterator FirstFrom(const ObjectList& objects, const Dwg_Object* begin) {
+  return std::lower_bound(objects.begin(), objects.end(), begin, std::less<>());
+}
+
+// The vertices of one kind that follow the polyline, up to the end of its walk.
+std::span<const Dwg_Object* const> VerticesAfter(const Dwg_Object& polyline, EntityContext& context,
+                                                 ObjectList VertexIndex::*kind) {
   const auto objects = Objects(context.dwg);
   const std::size_t begin = std::size_t{polyline.index} + 1;
   if (begin >= objects.size()) {
     return {};
   }
-  VertexRun& run = context.vertexRun;
-  if (begin < run.begin || begin >= run.end) {
-    run = WalkVertices(objects, begin);
+  if (!context.vertexIndex) {
+    context.vertexIndex = BuildVertexIndex(objects);
   }
-  const auto first =
-      std::lower_bound(run.vertices.begin(), run.vertices.end(), &objects[begin], std::less<>());
-  return {first, run.vertices.end()};
+  const VertexIndex& index = *context.vertexIndex;
+  const ObjectList& vertices = index.*kind;
+  const auto first = FirstFrom(vertices, &objects[begin]);
+  const auto walkEnd = FirstFrom(index.walkEnds, &objects[begin]);
+  return {first, walkEnd == index.walkEnds.end() ? vertices.end() : FirstFrom(vertices, *walkEnd)};
 }
 
 struct Vertex {
@@ -55,21 +68,18 @@ struct Vertex {
   double bulge;
 };
 
-std::vector<Vertex> Vertices2d(std::span<const Dwg_Object* const> objects) {
-  std::vector<Vertex> vertices;
-  std::vector<Vertex> frame;
-  for (const Dwg_Object* object : objects) {
-    if (object->fixedtype != DWG_TYPE_VERTEX_2D) {
-      continue;
-    }
-    const auto* vertex = EntityData(*object, &EntityTio::VERTEX_2D);
-    if (vertex == nullptr) {
-      continue;
-    }
-    const bool isFrame = (vertex->flag & kSplineFrameControlPoint) != 0;
-    (isFrame ? frame : vertices).push_back({vertex->point.x, vertex->point.y, vertex->bulge});
+std::vector<Vertex> Vertices2d(const Dwg_Object& polyline, EntityContext& context) {
+  auto objects = VerticesAfter(polyline, context, &VertexIndex::points);
+  if (objects.empty()) {
+    objects = VerticesAfter(polyline, context, &VertexIndex::framePoints);
   }
-  return vertices.empty() ? frame : vertices;
+  std::vector<Vertex> vertices;
+  vertices.reserve(objects.size());
+  for (const Dwg_Object* object : objects) {
+    const Dwg_Entity_VERTEX_2D& vertex = *object->tio.entity->tio.VERTEX_2D;
+    vertices.push_back({vertex.point.x, vertex.point.y, vertex.bulge});
+  }
+  return vertices;
 }
 
 // The record of a two-dimensional polyline, with one bulge a point.
@@ -109,7 +119,7 @@ std::string LwPolylineRecord(const Dwg_Entity_LWPOLYLINE& polyline, std::string_
 
 std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string_view layer,
                              EntityContext& context, const Dwg_Object& object) {
-  const std::vector<Vertex> vertices = Vertices2d(VerticesAfter(object, context));
+  const std::vector<Vertex> vertices = Vertices2d(object, context);
   if (vertices.empty()) {
     return {};
   }
@@ -118,23 +128,18 @@ std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string
 
 std::string Polyline3dRecord(const Dwg_Entity_POLYLINE_3D& polyline, std::string_view layer,
                              EntityContext& context, const Dwg_Object& object) {
-  std::string pointText;
-  ListCursor points{pointText};
-  for (const Dwg_Object* follower : VerticesAfter(object, context)) {
-    if (follower->fixedtype != DWG_TYPE_VERTEX_3D) {
-      continue;
-    }
-    if (const auto* vertex = EntityData(*follower, &EntityTio::VERTEX_3D)) {
-      AppendPoint(points, vertex->point.x, vertex->point.y, vertex->point.z);
-    }
-  }
-  if (pointText.empty()) {
+  const auto vertices = VerticesAfter(object, context, &VertexIndex::spatialPoints);
+  if (vertices.empty()) {
     return {};
   }
   std::string out = BeginRecord("POLYLINE_3D", layer);
   AppendBoolKey(out, ",\"closed\":", (polyline.flag & kPolylineClosed) != 0);
   out += ",\"points\":[";
-  out += pointText;
+  ListCursor points{out};
+  for (const Dwg_Object* vertex : vertices) {
+    const BITCODE_3BD& point = vertex->tio.entity->tio.VERTEX_3D->point;
+    AppendPoint(points, point.x, point.y, point.z);
+  }
   out += "]}";
   return out;
 }

@@ -5,6 +5,7 @@
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
+#include "entities/hatch_debug.hpp"
 #include "entities/stored_flags.hpp"
 
 namespace {
@@ -55,6 +56,30 @@ const Dwg_Object* ClipEntity(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Obje
   return clip == nullptr || clip == &object || !IsEntity(*clip) ? nullptr : clip;
 }
 
+// Types that may take long and still give a short record, or none. The dump of
+// hatches tells of every conversion.
+bool IsCostly(const Dwg_Object& clip) {
+  switch (clip.fixedtype) {
+    case DWG_TYPE_SPLINE:
+    case DWG_TYPE_MULTILEADER: return true;
+    case DWG_TYPE_HATCH: return !HatchDebugEnabled();
+    default: return false;
+  }
+}
+
+// Remembered only when it warned of nothing: a warning counts every time.
+std::string ConvertClip(const Dwg_Object& clip, EntityContext& context) {
+  if (const auto known = context.clipRecords.find(&clip); known != context.clipRecords.end()) {
+    return known->second;
+  }
+  const std::size_t warnings = context.warnings.size();
+  std::string record = convertEntity(clip, context);
+  if (IsCostly(clip) && context.warnings.size() == warnings) {
+    context.clipRecords[&clip] = record;
+  }
+  return record;
+}
+
 // Converting a clip outline is the converter's only recursion. A viewport whose
 // conversion is under way is not entered again, and the depth is bounded.
 std::string ClipRecord(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
@@ -66,7 +91,7 @@ std::string ClipRecord(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& ob
     return {};
   }
   open.push_back(&object);
-  std::string record = convertEntity(*clip, context);
+  std::string record = ConvertClip(*clip, context);
   open.pop_back();
   return record;
 }

@@ -1,10 +1,12 @@
-// Text decoding and quoting: no report, valid UTF-8 from both decoders, a
-// grammatical literal from any bytes.
+// Text decoding, quoting and font names: no report, valid UTF-8 from both
+// decoders, a grammatical literal from any bytes, linear time.
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "encode/font_mapping.hpp"
+#include "encode/html.hpp"
 #include "encode/json_text.hpp"
 #include "encode/text_decoding.hpp"
 #include "fuzz/check.hpp"
@@ -41,10 +43,33 @@ bool IsUtf8(const std::string& text) {
   return true;
 }
 
+// The units once more from an odd address, as the library hands some over.
+std::string DecodeFromOddAddress(const std::vector<char16_t>& units) {
+  std::string bytes(1, 'x');
+  bytes.append(reinterpret_cast<const char*>(units.data()), units.size() * sizeof(char16_t));
+  return DecodeUtf16Text(bytes.data() + 1);
+}
+
+void CheckFontName(const std::string& name) {
+  const std::string family = MapFontFamily(name);
+  FUZZ_CHECK(family.empty() == name.empty());
+  FUZZ_CHECK(family == name || family == "Arial" || family == "Times New Roman" ||
+             family == "Courier New" || family == "Comic Sans MS");
+}
+
+void CheckHtml(const std::string& text) {
+  std::string html;
+  AppendHtmlEscaped(html, text);
+  FUZZ_CHECK(html.find_first_of("<>") == std::string::npos && html.size() <= 5 * text.size());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const TimeBudget budget(size);
   const std::string bytes(reinterpret_cast<const char*>(data), size);
+  CheckFontName(bytes);
+  CheckHtml(bytes);
   SetEightBitIsUtf8(false);
   const std::string decoded = DecodeCodePageText(bytes.c_str());
   FUZZ_CHECK(IsUtf8(decoded));
@@ -55,11 +80,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     units.push_back(static_cast<char16_t>(data[i] | data[i + 1] << 8U));
   }
   units.push_back(0);
-  FUZZ_CHECK(IsUtf8(DecodeUtf16Text(units.data())));
+  const std::string wide = DecodeUtf16Text(units.data());
+  FUZZ_CHECK(IsUtf8(wide));
+  FUZZ_CHECK(DecodeFromOddAddress(units) == wide);
 
   SetEightBitIsUtf8(true);
+  FUZZ_CHECK(EightBitIsUtf8());
   FUZZ_CHECK(DecodeCodePageText(bytes.c_str()) == bytes.c_str());
   SetEightBitIsUtf8(false);
   FUZZ_CHECK(IsGrammaticalJson(JsonQuote(bytes.c_str())));
+  budget.Check();
   return 0;
 }

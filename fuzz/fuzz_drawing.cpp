@@ -10,9 +10,15 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <deque>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 extern "C" {
@@ -26,32 +32,51 @@ extern "C" {
 #include "fuzz/check.hpp"
 #include "fuzz/fuzz_input.hpp"
 #include "tests/support/json_grammar.hpp"
+#include "worker/dxf_settling.hpp"
 
 namespace {
 
 constexpr std::size_t kMaxObjects = 96;
 constexpr std::uint32_t kHandles = 24;
+constexpr Handle kPlaceholderHandle = 0x1F;  // of the DXF reader's own block
 
 class DrawingBuilder {
  public:
   explicit DrawingBuilder(FuzzInput& input) : input_(input) {
     objects_.reserve(kMaxObjects);
-    dwg_.object_map = hash_new(kMaxObjects);
     unicodeText_ = input_.OneIn(2);
     dwg_.header.version = static_cast<Dwg_Version_Type>(input_.Below(48));
     dwg_.header_vars.INSUNITS = static_cast<BITCODE_BS>(input_.Word());
+    hasObjectMap_ = !input_.OneIn(16);
+    if (input_.OneIn(4)) {
+      AddPlaceholder();
+    }
     while (!input_.IsEmpty() && objects_.size() < kMaxObjects) {
       AddObject();
     }
     dwg_.object = objects_.data();
     dwg_.num_objects = static_cast<BITCODE_BL>(objects_.size());
+    for (Dwg_Object_Ref* reference : modelSpaceReferences_) {
+      reference->obj = Find(reference->absolute_ref);
+    }
     for (std::size_t i = 0; i < objects_.size(); ++i) {
       if (objects_[i].handle.value != 0) {
-        hash_set(dwg_.object_map, objects_[i].handle.value, i);
+        hash_set(objectMap_, objects_[i].handle.value, i);
       }
     }
+    dwg_.object_map = hasObjectMap_ ? objectMap_ : nullptr;
   }
-  ~DrawingBuilder() { hash_free(dwg_.object_map); }
+  ~DrawingBuilder() {
+    hash_free(objectMap_);
+    for (const Dwg_Object_BLOCK_HEADER* block : blocks_) {
+      std::free(block->name);
+    }
+    for (std::size_t i = 0; i < dwg_.num_object_refs; ++i) {
+      std::free(dwg_.object_ref[i]);
+    }
+    std::free(dwg_.object_ref);
+    std::free(dwg_.object_ordered_ref);
+  }
   DrawingBuilder(const DrawingBuilder&) = delete;
   DrawingBuilder& operator=(const DrawingBuilder&) = delete;
 
@@ -83,34 +108,93 @@ class DrawingBuilder {
     owned_.push_back(holder);
   }
 
-  char* Text() {
+  // In the drawing's form, with its terminating zeros; none for a missing text.
+  std::optional<std::vector<char>> StoredText() {
     if (input_.OneIn(8)) {
-      return nullptr;
+      return std::nullopt;
     }
-    static constexpr std::array<const char*, 6> kNames = {
-        "*Model_Space", "*Paper_Space", "*PAPER_SPACE3", "*model_spaceX", "block", "romans.shx"};
-    std::string bytes = input_.OneIn(3) ? kNames[input_.Below(kNames.size())] : input_.Bytes(60);
-    auto holder = std::make_shared<std::vector<char>>();
+    // The last three are paths of something that exists, or exists beside the
+    // drawing.
+    static constexpr std::array<const char*, 11> kNames = {
+        "*Model_Space",
+        "*Paper_Space",
+        "*PAPER_SPACE3",
+        "*model_spaceX",
+        "block",
+        "romans.shx",
+        "\\fSimSun|b1|i1|c134|p1;x\xe9\\Q1;\\H2.5x;{\\W0.8;\\T2;a\\pi1,l2,r3,qc,t4,5;}\\S1/2;",
+        "%%u%%o%%c%%d%%p%%%%%065%%176",
+        "/",
+        "absent\\.",
+        "C:."};
+    const std::string bytes =
+        input_.OneIn(3) ? kNames[input_.Below(kNames.size())] : input_.Bytes(60);
+    std::vector<char> stored;
     for (const char c : bytes) {
-      holder->push_back(c);
+      stored.push_back(c);
       if (unicodeText_) {
-        holder->push_back(input_.OneIn(6) ? static_cast<char>(input_.Byte()) : '\0');
+        stored.push_back(input_.OneIn(6) ? static_cast<char>(input_.Byte()) : '\0');
       }
     }
-    holder->insert(holder->end(), 2, '\0');
+    stored.insert(stored.end(), 2, '\0');
+    return stored;
+  }
+
+  char* Text() {
+    auto stored = StoredText();
+    if (!stored) {
+      return nullptr;
+    }
+    auto holder = std::make_shared<std::vector<char>>(std::move(*stored));
     owned_.push_back(holder);
     return holder->data();
   }
 
-  Handle AnyHandle() { return input_.Below(kHandles); }
+  // A text for the library to free: what settles a drawing from DXF replaces it.
+  char* MallocedText() {
+    const auto stored = StoredText();
+    if (!stored) {
+      return nullptr;
+    }
+    auto* copy = static_cast<char*>(std::malloc(stored->size()));
+    std::memcpy(copy, stored->data(), stored->size());
+    return copy;
+  }
 
-  Dwg_Object_Ref* Reference() {
+  Handle AnyHandle() {
+    const std::uint32_t handle = input_.Below(kHandles);
+    return handle == kHandles - 1 ? kPlaceholderHandle : handle;
+  }
+
+  Dwg_Object* Find(Handle handle) {
+    for (Dwg_Object& object : objects_) {
+      if (object.handle.value == handle && handle != 0) {
+        return &object;
+      }
+    }
+    return nullptr;
+  }
+
+  // A reference to anything, to nothing, or, mostly, to an earlier object of the
+  // type that belongs there.
+  Dwg_Object_Ref* Reference(DWG_OBJECT_TYPE type = DWG_TYPE_UNUSED) {
     if (input_.OneIn(6)) {
       return nullptr;
     }
     auto* reference = New<Dwg_Object_Ref>();
-    reference->absolute_ref = AnyHandle();
+    const std::vector<Handle>& candidates = handlesByType_[type];
+    reference->absolute_ref = candidates.empty() || input_.OneIn(4)
+                                  ? AnyHandle()
+                                  : candidates[input_.Byte() % candidates.size()];
     return reference;
+  }
+
+  DWG_OBJECT_TYPE OwnerType() { return input_.OneIn(4) ? DWG_TYPE_INSERT : DWG_TYPE_BLOCK_HEADER; }
+
+  DWG_OBJECT_TYPE ClipType() {
+    static constexpr std::array<DWG_OBJECT_TYPE, 3> kTypes = {
+        DWG_TYPE_LWPOLYLINE, DWG_TYPE_POLYLINE_2D, DWG_TYPE_VIEWPORT};
+    return kTypes[input_.Byte() % kTypes.size()];
   }
 
   void Fill(BITCODE_2RD& point) { point = {input_.Double(), input_.Double()}; }
@@ -137,6 +221,7 @@ class DrawingBuilder {
     object.name = input_.OneIn(4) ? nullptr : input_.OneIn(4) ? blockName : entityName;
     object.parent = &dwg_;
     objects_.push_back(object);
+    handlesByType_[object.fixedtype].push_back(object.handle.value);
     return objects_.back();
   }
 
@@ -149,8 +234,8 @@ class DrawingBuilder {
     }
     auto* entity = New<Dwg_Object_Entity>();
     object.tio.entity = entity;
-    entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference();
-    entity->layer = Reference();
+    entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference(OwnerType());
+    entity->layer = Reference(DWG_TYPE_LAYER);
     Fill(entity->color);
     entity->linewt = input_.Byte();
     if (input_.OneIn(25)) {
@@ -191,12 +276,13 @@ class DrawingBuilder {
   }
 
   void AddTable() {
-    switch (input_.Byte() % 8) {
+    switch (input_.Byte() % 10) {
       case 0:
         Object(DWG_TYPE_LAYER, &ObjectTio::LAYER, [this](Dwg_Object_LAYER& layer) {
           layer.name = Text();
           layer.off = input_.Byte();
           layer.locked = input_.Byte();
+          layer.flag = input_.Byte();
           layer.linewt = input_.Byte();
           Fill(layer.color);
         });
@@ -220,13 +306,27 @@ class DrawingBuilder {
                });
         break;
       case 5: AddLayout(); break;
-      default:
-        Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER,
-               [this](Dwg_Object_BLOCK_HEADER& block) {
-                 block.name = Text();
-                 Fill(block.base_pt);
-               });
-        break;
+      case 6: AddBlockControl(); break;
+      default: AddBlock(); break;
+    }
+  }
+
+  void AddBlock() {
+    Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, [this](Dwg_Object_BLOCK_HEADER& block) {
+      block.name = MallocedText();
+      blocks_.push_back(&block);
+      Fill(block.base_pt);
+    });
+  }
+
+  // The block that the DXF reader starts every drawing with.
+  void AddPlaceholder() {
+    AddBlock();
+    Dwg_Object& object = objects_.back();
+    object.handle.value = kPlaceholderHandle;
+    auto* block = ObjectData(object, &ObjectTio::BLOCK_HEADER);
+    if (!unicodeText_ && block != nullptr && block->name != nullptr && input_.OneIn(2)) {
+      std::memcpy(block->name, "*", 2);
     }
   }
 
@@ -235,7 +335,7 @@ class DrawingBuilder {
       style.DIMTXT = input_.Double();
       style.DIMSCALE = input_.Double();
       style.DIMASZ = input_.Double();
-      style.DIMTXSTY = Reference();
+      style.DIMTXSTY = Reference(DWG_TYPE_STYLE);
       Fill(style.DIMCLRT);
       Fill(style.DIMCLRD);
       style.DIMDEC = static_cast<BITCODE_BS>(input_.Word());
@@ -249,12 +349,34 @@ class DrawingBuilder {
 
   void AddLayout() {
     Object(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, [this](Dwg_Object_LAYOUT& layout) {
-      layout.block_header = Reference();
+      layout.block_header = Reference(DWG_TYPE_BLOCK_HEADER);
       layout.layout_name = Text();
-      layout.plotsettings.paper_width = input_.Double();
-      layout.plotsettings.paper_units = input_.Double();
-      layout.EXTMIN.x = input_.Double();
+      layout.tab_order = static_cast<BITCODE_BS>(input_.Word());
+      Dwg_Object_PLOTSETTINGS& plot = layout.plotsettings;
+      plot.plot_paper_unit = input_.Byte();
+      plot.plot_rotation_mode = input_.Byte();
+      for (double* number :
+           {&plot.paper_width, &plot.paper_height, &plot.left_margin, &plot.bottom_margin,
+            &plot.right_margin, &plot.top_margin, &plot.paper_units, &plot.drawing_units}) {
+        *number = input_.Double();
+      }
+      Fill(plot.plot_origin);
+      Fill(layout.LIMMIN);
+      Fill(layout.LIMMAX);
+      Fill(layout.EXTMIN);
+      Fill(layout.EXTMAX);
     });
+  }
+
+  // Through this the library finds model space when no block bears its name.
+  void AddBlockControl() {
+    Object(DWG_TYPE_BLOCK_CONTROL, &ObjectTio::BLOCK_CONTROL,
+           [this](Dwg_Object_BLOCK_CONTROL& control) {
+             control.model_space = Reference(DWG_TYPE_BLOCK_HEADER);
+             if (control.model_space != nullptr) {
+               modelSpaceReferences_.push_back(control.model_space);
+             }
+           });
   }
 
   void AddCurve() {
@@ -266,25 +388,46 @@ class DrawingBuilder {
         });
         break;
       case 1:
-        Entity(DWG_TYPE_POINT, &EntityTio::POINT,
-               [this](auto& point) { point.x = input_.Double(); });
+        Entity(DWG_TYPE_POINT, &EntityTio::POINT, [this](auto& point) {
+          point.x = input_.Double();
+          point.y = input_.Double();
+        });
         break;
       case 2:
         Entity(DWG_TYPE_ARC, &EntityTio::ARC, [this](auto& arc) {
           Fill(arc.center);
           arc.radius = input_.Double();
           arc.start_angle = input_.Double();
+          arc.end_angle = input_.Double();
         });
         break;
       case 3:
-        Entity(DWG_TYPE_CIRCLE, &EntityTio::CIRCLE,
-               [this](auto& c) { c.radius = input_.Double(); });
+        Entity(DWG_TYPE_CIRCLE, &EntityTio::CIRCLE, [this](auto& circle) {
+          Fill(circle.center);
+          circle.radius = input_.Double();
+        });
         break;
       case 4:
-        Entity(DWG_TYPE_ELLIPSE, &EntityTio::ELLIPSE, [this](auto& e) { Fill(e.sm_axis); });
+        Entity(DWG_TYPE_ELLIPSE, &EntityTio::ELLIPSE, [this](auto& ellipse) {
+          Fill(ellipse.center);
+          Fill(ellipse.sm_axis);
+          ellipse.axis_ratio = input_.Double();
+          ellipse.start_angle = input_.Double();
+          ellipse.end_angle = input_.Double();
+        });
         break;
-      case 5: Entity(DWG_TYPE_RAY, &EntityTio::RAY, [this](auto& ray) { Fill(ray.vector); }); break;
-      case 6: Entity(DWG_TYPE_XLINE, &EntityTio::XLINE, [this](auto& x) { Fill(x.point); }); break;
+      case 5:
+        Entity(DWG_TYPE_RAY, &EntityTio::RAY, [this](auto& ray) {
+          Fill(ray.point);
+          Fill(ray.vector);
+        });
+        break;
+      case 6:
+        Entity(DWG_TYPE_XLINE, &EntityTio::XLINE, [this](auto& xline) {
+          Fill(xline.point);
+          Fill(xline.vector);
+        });
+        break;
       default: AddSpline(); break;
     }
   }
@@ -296,6 +439,7 @@ class DrawingBuilder {
       spline.rational = input_.Byte() & 1U;
       spline.weighted = input_.Byte() & 1U;
       Fill(spline.beg_tan_vec);
+      Fill(spline.end_tan_vec);
       if (input_.OneIn(4)) {
         Array(spline.fit_pts, spline.num_fit_pts, [this](auto& point) { Fill(point); });
       }
@@ -349,6 +493,7 @@ class DrawingBuilder {
       case 0:
         Entity(DWG_TYPE_SOLID, &EntityTio::SOLID, [this](auto& solid) {
           Fill(solid.corner1);
+          Fill(solid.corner2);
           Fill(solid.corner3);
           Fill(solid.corner4);
         });
@@ -357,6 +502,7 @@ class DrawingBuilder {
         Entity(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, [this](auto& wipeout) {
           Fill(wipeout.pt0);
           Fill(wipeout.uvec);
+          Fill(wipeout.vvec);
           wipeout.display_props = input_.Byte();
           Array(wipeout.clip_verts, wipeout.num_clip_verts,
                 [this](auto& point) { this->Fill(point); });
@@ -366,6 +512,7 @@ class DrawingBuilder {
         Entity(DWG_TYPE_HATCH, &EntityTio::HATCH, [this](auto& hatch) {
           hatch.is_solid_fill = input_.Byte() & 1U;
           hatch.is_gradient_fill = input_.Byte() & 1U;
+          Fill(hatch.extrusion);
           Array(hatch.paths, hatch.num_paths, [this](auto& path) { FillPath(path); });
         });
         break;
@@ -386,6 +533,7 @@ class DrawingBuilder {
     Array(path.segs, path.num_segs_or_paths, [this](Dwg_HATCH_PathSeg& segment) {
       segment.curve_type = input_.Byte() % 6;
       Fill(segment.first_endpoint);
+      Fill(segment.second_endpoint);
       Fill(segment.center);
       Fill(segment.endpoint);
       segment.radius = input_.Double();
@@ -406,7 +554,7 @@ class DrawingBuilder {
     Fill(text.ins_pt);
     text.height = input_.Double();
     text.rotation = input_.Double();
-    text.style = Reference();
+    text.style = Reference(DWG_TYPE_STYLE);
   }
 
   void AddText() {
@@ -416,6 +564,8 @@ class DrawingBuilder {
           FillText(text);
           text.text_value = Text();
           text.horiz_alignment = input_.Byte() % 6;
+          text.vert_alignment = input_.Byte() % 4;
+          Fill(text.alignment_pt);
         });
         break;
       case 1:
@@ -430,6 +580,7 @@ class DrawingBuilder {
         Entity(DWG_TYPE_ATTDEF, &EntityTio::ATTDEF, [this](auto& definition) {
           FillText(definition);
           definition.default_value = Text();
+          definition.tag = Text();
           definition.prompt = Text();
           definition.flags = input_.Byte();
         });
@@ -439,14 +590,18 @@ class DrawingBuilder {
           Fill(mtext.ins_pt);
           Fill(mtext.x_axis_dir);
           mtext.rect_width = input_.Double();
+          mtext.rect_height = input_.Double();
+          mtext.attachment = static_cast<BITCODE_BS>(input_.Word());
           mtext.text_height = input_.OneIn(2) ? 0 : input_.Double();
           mtext.text = Text();
-          mtext.style = Reference();
+          mtext.style = Reference(DWG_TYPE_STYLE);
         });
         break;
       case 4: AddDimension(); break;
       case 5:
         Entity(DWG_TYPE_LEADER, &EntityTio::LEADER, [this](auto& leader) {
+          leader.arrowhead_on = input_.Byte() & 1U;
+          leader.dimasz = input_.Double();
           Array(leader.points, leader.num_points, [this](auto& point) { this->Fill(point); });
         });
         break;
@@ -457,24 +612,35 @@ class DrawingBuilder {
   template <typename Data>
   void FillDimension(Data& dimension) {
     Fill(dimension.def_pt);
+    Fill(dimension.text_midpt);
     dimension.user_text = Text();
     dimension.act_measurement = input_.Double();
-    dimension.dimstyle = Reference();
+    dimension.dimstyle = Reference(DWG_TYPE_DIMSTYLE);
   }
 
   void AddDimension() {
     switch (input_.Byte() % 3) {
       case 0:
-        Entity(DWG_TYPE_DIMENSION_LINEAR, &EntityTio::DIMENSION_LINEAR,
-               [this](auto& dimension) { FillDimension(dimension); });
+        Entity(DWG_TYPE_DIMENSION_LINEAR, &EntityTio::DIMENSION_LINEAR, [this](auto& dimension) {
+          FillDimension(dimension);
+          Fill(dimension.xline1_pt);
+          Fill(dimension.xline2_pt);
+          dimension.dim_rotation = input_.Double();
+        });
         break;
       case 1:
-        Entity(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED,
-               [this](auto& dimension) { FillDimension(dimension); });
+        Entity(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, [this](auto& dimension) {
+          FillDimension(dimension);
+          Fill(dimension.xline1_pt);
+          Fill(dimension.xline2_pt);
+        });
         break;
       default:
-        Entity(DWG_TYPE_DIMENSION_RADIUS, &EntityTio::DIMENSION_RADIUS,
-               [this](auto& dimension) { FillDimension(dimension); });
+        Entity(DWG_TYPE_DIMENSION_RADIUS, &EntityTio::DIMENSION_RADIUS, [this](auto& dimension) {
+          FillDimension(dimension);
+          Fill(dimension.first_arc_pt);
+          dimension.leader_len = input_.Double();
+        });
         break;
     }
   }
@@ -483,14 +649,20 @@ class DrawingBuilder {
     Entity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, [this](auto& multileader) {
       auto& annotation = multileader.ctx;
       annotation.arrow_size = input_.Double();
+      annotation.text_height = input_.Double();
+      multileader.arrow_size = input_.Double();
       annotation.has_content_txt = input_.Byte() & 1U;
       if (annotation.has_content_txt != 0) {
         annotation.content.txt.default_text = Text();
         annotation.content.txt.height = input_.Double();
+        annotation.content.txt.rotation = input_.Double();
+        Fill(annotation.content.txt.location);
       }
       Array(annotation.leaders, annotation.num_leaders, [this](Dwg_LEADER_Node& root) {
         root.has_dogleg = input_.Byte() & 1U;
         root.dogleg_length = input_.Double();
+        Fill(root.lastleaderlinepoint);
+        Fill(root.dogleg_vector);
         Array(root.lines, root.num_lines, [this](Dwg_LEADER_Line& line) {
           Array(line.points, line.num_points, [this](auto& point) { this->Fill(point); });
         });
@@ -505,31 +677,41 @@ class DrawingBuilder {
     return kTypes[input_.Below(kTypes.size())];
   }
 
+  template <typename Insert>
+  void FillInsert(Insert& insert) {
+    insert.block_header = Reference(DWG_TYPE_BLOCK_HEADER);
+    Fill(insert.ins_pt);
+    Fill(insert.scale);
+    insert.rotation = input_.Double();
+  }
+
   void AddReference() {
     switch (input_.Byte() % 6) {
       case 0:
-        Entity(DWG_TYPE_MINSERT, &EntityTio::MINSERT,
-               [this](auto& insert) { insert.block_header = Reference(); });
+        Entity(DWG_TYPE_MINSERT, &EntityTio::MINSERT, [this](auto& insert) { FillInsert(insert); });
         break;
       case 1:
         Entity(DWG_TYPE_IMAGE, &EntityTio::IMAGE, [this](auto& image) {
           image.display_props = input_.Byte();
           image.image_size = {input_.Double(), input_.Double()};
-          image.imagedef = Reference();
+          image.imagedef = Reference(DWG_TYPE_IMAGEDEF);
+          Fill(image.pt0);
+          Fill(image.uvec);
+          Fill(image.vvec);
         });
         break;
       case 2:
-        Entity(DWG_TYPE_PDFUNDERLAY, &EntityTio::PDFUNDERLAY,
-               [this](auto& underlay) { underlay.definition_id = Reference(); });
+        Entity(DWG_TYPE_PDFUNDERLAY, &EntityTio::PDFUNDERLAY, [this](auto& underlay) {
+          underlay.definition_id = Reference(DWG_TYPE_PDFDEFINITION);
+          Fill(underlay.ins_pt);
+          Fill(underlay.scale);
+          underlay.angle = input_.Double();
+        });
         break;
       case 3: AddViewport(); break;
       case 4: Entity(Unsupported(), &EntityTio::_3DFACE, [](auto&) {}); break;
       default:
-        Entity(DWG_TYPE_INSERT, &EntityTio::INSERT, [this](auto& insert) {
-          insert.block_header = Reference();
-          Fill(insert.ins_pt);
-          Fill(insert.scale);
-        });
+        Entity(DWG_TYPE_INSERT, &EntityTio::INSERT, [this](auto& insert) { FillInsert(insert); });
         break;
     }
   }
@@ -540,15 +722,26 @@ class DrawingBuilder {
       viewport.width = input_.OneIn(2) ? 1 : input_.Double();
       viewport.height = input_.OneIn(2) ? 1 : input_.Double();
       viewport.status_flag = input_.OneIn(3) ? input_.Word() : 0x10000;
-      viewport.clip_boundary = Reference();
+      Fill(viewport.center);
+      Fill(viewport.view_target);
+      Fill(viewport.VIEWDIR);
+      Fill(viewport.VIEWCTR);
+      viewport.VIEWSIZE = input_.Double();
+      viewport.VIEWTWIST = input_.Double();
+      viewport.clip_boundary = Reference(ClipType());
       Array(viewport.frozen_layers, viewport.num_frozen_layers,
-            [this](BITCODE_H& layer) { layer = Reference(); });
+            [this](BITCODE_H& layer) { layer = Reference(DWG_TYPE_LAYER); });
     });
   }
 
   FuzzInput& input_;
   Dwg_Data dwg_{};
   bool unicodeText_ = false;
+  bool hasObjectMap_ = true;
+  dwg_inthash* objectMap_ = hash_new(kMaxObjects);
+  std::vector<Dwg_Object_Ref*> modelSpaceReferences_;
+  std::vector<Dwg_Object_BLOCK_HEADER*> blocks_;
+  std::map<DWG_OBJECT_TYPE, std::vector<Handle>> handlesByType_;
   std::vector<Dwg_Object> objects_;
   std::deque<std::shared_ptr<void>> owned_;
 };
@@ -570,8 +763,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   SetInputIsDxf((switches & 1U) != 0);
   SetEightBitIsUtf8((switches & 2U) != 0);
   DrawingBuilder drawing(input);
+  if ((switches & 8U) != 0 && !drawing.unicodeText()) {
+    SettleDxf(drawing.dwg());
+  }
+  const TimeBudget budget(size);
   const std::string document = Convert(drawing, (switches & 4U) != 0);
+  budget.Check();
   FUZZ_CHECK(IsGrammaticalJson(document + "}"));
   FUZZ_CHECK(Convert(drawing, (switches & 4U) != 0) == document);
+  // For the check of the documents against their schema.
+  static const bool prints = std::getenv("DWG_FUZZ_PRINT") != nullptr;
+  if (prints) {
+    std::printf("%s}\n", document.c_str());
+  }
   return 0;
 }

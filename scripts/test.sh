@@ -3,13 +3,13 @@
 #
 #   scripts/test.sh [STAGE...]
 #
-# Stages, all of them by default: checks dev clang asan release windows.
+# Stages, all of them by default: checks dev clang asan fuzz release windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-test_packages=(clang clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
+test_packages=(clang llvm clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
                python3-venv
                libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1 libfreetype6
                libglib2.0-0 libx11-6 libbrotli1 libpng16-16)
@@ -66,6 +66,21 @@ stage_asan() {
   ASAN_OPTIONS=detect_leaks=0 run_ctest asan
 }
 
+stage_fuzz() {
+  say "Fuzzing: every finding again, every target for 20 seconds"
+  local folder target replays=()
+  for target in fuzz_{drawing,dwg,dxf,mtext,text_codes,decoding,number}; do
+    replays+=("${target}_replay")
+  done
+  build_preset fuzz "${replays[@]}" "${replays[@]%_replay}"
+  (cd "$root" && ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build/fuzz --output-on-failure \
+    --no-tests=error -R '^replay_')
+  folder="$(mktemp -d)"
+  "$root/scripts/fuzz.sh" --seconds 20 --seed 1 --jobs 2 --folder "$folder" \
+    --programs "$root/build/fuzz/fuzz"
+  rm -rf "$folder"
+}
+
 stage_release() {
   say "What users run: build, golden documents, crash reporting"
   build_preset release
@@ -74,7 +89,8 @@ stage_release() {
     python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker
     python3 tests/crash/run_crash_tests.py --worker build/release/dwg_import_worker
     if [ -n "${DWG_CORPUS:-}" ]; then
-      python3 tests/corpus/run_corpus.py --worker build/release/dwg_import_worker
+      python3 tests/corpus/run_corpus.py --worker build/release/dwg_import_worker \
+        --report build/corpus.html
     else
       say "DWG_CORPUS is not set: the runs over a folder of real drawings were left out"
     fi
@@ -87,7 +103,7 @@ stage_windows() {
 }
 
 stages=("$@")
-[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan release windows)
+[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan fuzz release windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo

@@ -23,6 +23,8 @@ import tempfile
 import threading
 import time
 
+import corpus_page
+
 HERE = pathlib.Path(__file__).resolve().parent
 SKIPPED = 77
 SANITIZER_STATUS = 99
@@ -166,21 +168,24 @@ def drawings_in(folder):
                   if path.is_file() and path.suffix.lower() in DRAWING_SUFFIXES)
 
 
-def write_report(path, folder, results):
+def write_csv(path, folder, results):
     with open(path, "w", newline="", encoding="utf-8", errors="surrogateescape") as file:
         writer = csv.writer(file)
         writer.writerow(["drawing", "status", "version", "layers", "assets", "entities", "layouts",
-                         "skipped", "warnings", "bytes", "seconds", "peak_kb", "problems"])
+                         "records", "skipped", "skipped_types", "warnings", "bytes", "seconds",
+                         "peak_kb", "problems"])
         for result in results:
             document = result.document if result.run.status == 0 and result.document else {}
             warnings = document.get("warnings", [])
-            skipped = [w for w in warnings if w.startswith("Skipped ")]
+            skipped = corpus_page.skipped_types(warnings)
             writer.writerow([
                 result.drawing.relative_to(folder), result.run.status,
                 document.get("dwgVersion", ""),
                 *(len(document.get(section, [])) for section in DOCUMENT_KEYS[2:6]),
-                "; ".join(skipped), len(warnings) - len(skipped), len(result.run.stdout),
-                f"{result.run.seconds:.3f}", result.run.peak_kb, "; ".join(result.problems)])
+                corpus_page.record_count(document), sum(skipped.values()),
+                corpus_page.skipped_text(skipped), len(warnings) - len(skipped),
+                len(result.run.stdout), f"{result.run.seconds:.3f}", result.run.peak_kb,
+                "; ".join(result.problems)])
 
 
 def report(folder, results, exceptions):
@@ -214,7 +219,9 @@ def main():
     parser.add_argument("--exceptions", type=pathlib.Path, default=HERE / "exceptions.txt")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--timeout", type=float, default=120, help="seconds for each drawing")
-    parser.add_argument("--csv", type=pathlib.Path, help="write a report with a line per drawing")
+    parser.add_argument("--csv", type=pathlib.Path, help="write a table with a line per drawing")
+    parser.add_argument("--report", type=pathlib.Path,
+                        help="write a page to read, and the table beside it as FILE.csv")
     parser.add_argument("--twice", action="store_true",
                         help="run each drawing under two memory patterns and compare the bytes")
     options = parser.parse_args()
@@ -230,9 +237,13 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
         results = list(pool.map(
             lambda drawing: check(worker, drawing, options.timeout, options.twice), drawings))
+    exceptions = read_exceptions(options.exceptions)
     if options.csv:
-        write_report(options.csv, options.drawings, results)
-    return 0 if report(options.drawings, results, read_exceptions(options.exceptions)) else 1
+        write_csv(options.csv, options.drawings, results)
+    if options.report:
+        write_csv(options.report.with_suffix(".csv"), options.drawings, results)
+        corpus_page.write_page(options.report, options.drawings, results, exceptions)
+    return 0 if report(options.drawings, results, exceptions) else 1
 
 
 if __name__ == "__main__":

@@ -103,12 +103,46 @@ class CorpusRun(unittest.TestCase):
         status, output = self.run_with(script, "--twice")
         self.assertEqual(status, 0, output)
 
-    def test_report_has_a_line_per_drawing(self):
+    def test_table_has_a_line_per_drawing(self):
         report = self.folder / "report.csv"
         self.run_with(f"echo '{DOCUMENT}'", "--csv", report)
         lines = report.read_text(encoding="utf-8").splitlines()
         self.assertEqual(len(lines), 2)
-        self.assertTrue(lines[1].startswith("a.DWG,0,2018,0,0,0,0,,0,"), lines[1])
+        self.assertTrue(lines[1].startswith("a.DWG,0,2018,0,0,0,0,0,0,,0,"), lines[1])
+
+    def page_of(self, script, exceptions=""):
+        page = self.folder / "report.html"
+        self.run_with(script, "--report", page, exceptions=exceptions)
+        self.assertTrue((self.folder / "report.csv").exists())
+        return page.read_text(encoding="utf-8")
+
+    def test_page_tells_what_did_not_come_through(self):
+        warnings = ('"warnings":["odd","Skipped 2 MESH entities (not yet supported)",'
+                    '"Skipped 1 OLE2FRAME entity (not yet supported)"]')
+        page = self.page_of(f"echo '{DOCUMENT}'".replace('"warnings":[]', warnings))
+        self.assertIn("<td>2 MESH, 1 OLE2FRAME</td>", page)
+        self.assertIn('<td class="texts">odd</td>', page)
+        self.assertIn("3 entities skipped", page)
+        self.assertIn('<tr class="good">', page)
+
+    def test_page_puts_problems_first(self):
+        (self.folder / "drawings" / "0.dxf").touch()
+        page = self.page_of(f'case "$1" in *DWG) kill -SEGV $$ ;; esac; echo \'{DOCUMENT}\'')
+        self.assertLess(page.index("<td>a.DWG</td>"), page.index("<td>0.dxf</td>"))
+        self.assertIn("1 with problems", page)
+
+    def test_page_marks_exceptions_and_refusals(self):
+        page = self.page_of("kill -SEGV $$", exceptions="a.DWG: dies\n")
+        self.assertIn('<tr class="excepted">', page)
+        self.assertIn("excepted: dies", page)
+        refused = self.page_of("""echo '{"error":"Failed"}'; exit 1""")
+        self.assertIn('<tr class="refused">', refused)
+
+    def test_page_survives_what_a_drawing_says(self):
+        page = self.page_of(f"echo '{DOCUMENT}'".replace(
+            '"warnings":[]', '"warnings":["<script>alert(1)</script>"]'))
+        self.assertIn("&lt;script&gt;alert(1)", page)
+        self.assertNotIn("<script>alert", page)
 
     def test_folder_without_drawings_fails(self):
         (self.folder / "drawings" / "a.DWG").unlink()

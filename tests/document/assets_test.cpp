@@ -108,6 +108,13 @@ TEST_F(AssetsTest, BlockOfTheWrongSupertypeIsLeftOut) {
   EXPECT_EQ(out, "");
 }
 
+TEST_F(AssetsTest, DataOfAnotherTypeIsNeverReadAsABlock) {
+  drawing_.AddObject(DWG_TYPE_STYLE, &ObjectTio::STYLE, 0x20);
+  drawing_.last().type = DWG_TYPE_BLOCK_HEADER;
+  drawing_.tables.blockNames[0x20] = "DOOR";
+  EXPECT_EQ(Assets(), "");
+}
+
 TEST_F(AssetsTest, NameOfTheTableGoesBeforeTheNameOfTheRecord) {
   AddBlock(0x20, "RECORD");
   AddBlock(0x21, "LEFT");

@@ -77,10 +77,13 @@ TEST_F(Layers, LayersWithoutANameOrDataAreSkipped) {
 
 TEST_F(Layers, GoesByTheStoredTypeNumber) {
   Add("A");
-  drawing_.last().fixedtype = DWG_TYPE_UNUSED;
-  EXPECT_NE(Write(), "");
   drawing_.last().type = 500;
-  drawing_.last().fixedtype = DWG_TYPE_LAYER;
+  EXPECT_EQ(Write(), "");
+}
+
+TEST_F(Layers, DataOfAnotherTypeIsNeverReadAsALayer) {
+  drawing_.AddObject(DWG_TYPE_DICTIONARY, &ObjectTio::DICTIONARY);
+  drawing_.last().type = DWG_TYPE_LAYER;
   EXPECT_EQ(Write(), "");
 }
 

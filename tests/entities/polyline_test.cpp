@@ -260,8 +260,8 @@ std::string NaiveRecord(const Dwg_Data& dwg, const Dwg_Object& polyline) {
                       points.substr(1) + "]}";
 }
 
-// The walk remembers the stretch it saw last; no order of calls may show it.
-TEST_F(VertexWalkTest, RememberedStretchNeverChangesARecord) {
+// The walks share an index; no order of calls may show it.
+TEST_F(VertexWalkTest, SharedIndexNeverChangesARecord) {
   std::mt19937 random(20240607);
   std::size_t written = 0;
   for (int round = 0; round < 60; ++round) {

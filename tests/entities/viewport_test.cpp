@@ -151,6 +151,35 @@ TEST_F(ViewportTest, UnsupportedClipIsCountedLikeAnyEntity) {
   EXPECT_THAT(drawing_.counts, Contains(testing::Pair("REGION", 1U)));
 }
 
+TEST_F(ViewportTest, EveryViewportThatNamesAnOutlineHasIt) {
+  AddViewport(0x50, 0x70);
+  AddViewport(0x51, 0x70);
+  auto& hatch = drawing_.AddEntity(DWG_TYPE_HATCH, &EntityTio::HATCH, 0x70);
+  Dwg_HATCH_Path path{};
+  path.flag = 2;
+  path.num_segs_or_paths = 3;
+  path.polyline_paths =
+      drawing_.Array<Dwg_HATCH_PolylinePath>(std::vector<Dwg_HATCH_PolylinePath>(3));
+  hatch.paths = &path;
+  hatch.num_paths = 1;
+  EntityContext context = drawing_.Context();
+  for (const std::size_t viewport : {0U, 1U}) {
+    EXPECT_THAT(convertEntity(drawing_.data().object[viewport], context),
+                HasSubstr(R"("clip":{"type":"HATCH","layer":"0","solid":false,)"
+                          R"("loops":[[0,0,0,0,0,0]]}})"));
+  }
+}
+
+TEST_F(ViewportTest, WarningOfAnOutlineCountsForEveryViewport) {
+  AddViewport(0x50, 0x70);
+  AddViewport(0x51, 0x70);
+  drawing_.AddEntity(DWG_TYPE_SPLINE, &EntityTio::SPLINE, 0x70);
+  EntityContext context = drawing_.Context();
+  convertEntity(drawing_.data().object[0], context);
+  convertEntity(drawing_.data().object[1], context);
+  EXPECT_EQ(drawing_.warnings.size(), 2U);
+}
+
 TEST_F(ViewportTest, OldStylePolylineClipIsWalked) {
   AddViewport(0x50, 0x60);
   drawing_.AddEntity(DWG_TYPE_POLYLINE_2D, &EntityTio::POLYLINE_2D, 0x60).flag = 1;

@@ -3,12 +3,14 @@
 
 Without arguments: every golden document must be valid, and every planted
 mistake must be rejected. With --worker and --drawings: the documents of every
-drawing in a folder, too.
+drawing in a folder, too. With --fuzz-replay: those of the kept inputs of the
+fuzz target that makes up whole drawings.
 """
 
 import argparse
 import copy
 import json
+import math
 import os
 import pathlib
 import subprocess
@@ -21,9 +23,15 @@ SCHEMA = json.loads((ROOT / "docs" / "document.schema.json").read_text(encoding=
 TIMEOUT_SECONDS = 300
 
 
+def finite(text):
+    """Ten digits may round the largest doubles up beyond what a double holds."""
+    value = float(text)
+    return value if math.isfinite(value) else math.copysign(sys.float_info.max, value)
+
+
 def parse(data):
     """The document, with bytes that are no UTF-8 replaced as hosts do."""
-    return json.loads(data.decode("utf-8", "replace"))
+    return json.loads(data.decode("utf-8", "replace"), parse_float=finite)
 
 
 def golden_documents():
@@ -38,6 +46,15 @@ def corpus_documents(worker, drawings):
                                  timeout=TIMEOUT_SECONDS, check=False)
             if run.returncode in (0, 1):
                 yield str(path.relative_to(drawings)), parse(run.stdout)
+
+
+def fuzz_documents(replay, inputs):
+    """Documents of made-up drawings, one a line, which end before the timings."""
+    run = subprocess.run([replay, str(inputs)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                         env={**os.environ, "DWG_FUZZ_PRINT": "1"}, timeout=TIMEOUT_SECONDS,
+                         check=True)
+    for i, line in enumerate(run.stdout.splitlines()):
+        yield f"made-up drawing {i}", {**parse(line), "timings": minimal()["timings"]}
 
 
 def minimal():
@@ -129,6 +146,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--worker")
     parser.add_argument("--drawings", default=os.environ.get("DWG_CORPUS"))
+    parser.add_argument("--fuzz-replay", help="the replay program of fuzz_drawing")
+    parser.add_argument("--fuzz-inputs", type=pathlib.Path, default=ROOT / "fuzz" / "corpus")
     options = parser.parse_args()
 
     validator = jsonschema_rs.Draft202012Validator(SCHEMA)
@@ -148,6 +167,10 @@ def main():
     expect(bool(documents), "there is no golden document")
     if options.worker and options.drawings:
         documents += corpus_documents(options.worker, options.drawings)
+    if options.fuzz_replay:
+        made_up = list(fuzz_documents(options.fuzz_replay, options.fuzz_inputs))
+        expect(bool(made_up), "the replay program prints no document")
+        documents += made_up
     for name, document in documents:
         error = next(validator.iter_errors(document), None)
         expect(error is None, f"{name}: {str(error)[:400]}")

@@ -1,0 +1,535 @@
+// The conversion's time and memory against the size of drawings made to hurt.
+//
+// Each case builds a drawing in memory at two sizes, n and 8n, and converts it.
+// Linear growth multiplies the cost by 8, the square by 64; a case fails above
+// 24, which leaves room for caches that no longer hold the larger one. Memory is
+// what the conversion allocates in all, counted; time is processor time, the
+// least of several runs, and a case that fails is measured again, since noise
+// only adds. Where a machine is too fast for its clock, n grows.
+//
+// Drawings whose document has to be larger than linear are not here: see
+// docs/limits.md.
+
+#include <dwg.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+extern "C" {
+#include <hash.h>
+}
+
+#include "document/document.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/lookup_tables.hpp"
+#include "text/mtext_to_html.hpp"
+#include "text/text_codes.hpp"
+
+namespace {
+
+std::atomic<std::size_t> allocated = 0;
+
+void* Allocate(std::size_t size) {
+  allocated += size;
+  if (void* memory = std::malloc(size)) {
+    return memory;
+  }
+  throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+  return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+namespace {
+
+constexpr std::size_t kFactor = 8;
+constexpr double kLargestGrowth = 24;
+constexpr int kRuns = 3;
+constexpr int kAttempts = 4;
+constexpr double kShortestTime = 0.016;
+
+// Objects share the entity part of their kind, so that large drawings are small.
+class LargeDrawing {
+ public:
+  LargeDrawing() = default;
+  ~LargeDrawing() {
+    if (dwg_.object_map != nullptr) {
+      hash_free(dwg_.object_map);
+    }
+  }
+  LargeDrawing(const LargeDrawing&) = delete;
+  LargeDrawing& operator=(const LargeDrawing&) = delete;
+
+  template <typename T>
+  T& New() {
+    auto holder = std::make_shared<T>();
+    owned_.push_back(holder);
+    return *holder;
+  }
+
+  char* Text(const std::string& text) {
+    auto& stored = New<std::string>();
+    stored = text;
+    return stored.data();
+  }
+
+  Dwg_Object_Ref* Ref(Handle handle) {
+    auto& reference = New<Dwg_Object_Ref>();
+    reference.absolute_ref = handle;
+    return &reference;
+  }
+
+  // An entity part with zeroed data of its type.
+  template <typename T>
+  std::pair<Dwg_Object_Entity*, T*> Part(T* EntityTio::*member, Handle owner = 0) {
+    auto& entity = New<Dwg_Object_Entity>();
+    auto& data = New<T>();
+    entity.tio.*member = &data;
+    entity.ownerhandle = owner == 0 ? nullptr : Ref(owner);
+    return {&entity, &data};
+  }
+
+  void AddEntity(DWG_OBJECT_TYPE type, Dwg_Object_Entity* part, Handle handle = 0) {
+    Dwg_Object& object = Add(type, handle);
+    object.supertype = DWG_SUPERTYPE_ENTITY;
+    object.tio.entity = part;
+  }
+
+  template <typename T>
+  T& AddObject(DWG_OBJECT_TYPE type, T* ObjectTio::*member, Handle handle) {
+    auto& part = New<Dwg_Object_Object>();
+    auto& data = New<T>();
+    part.tio.*member = &data;
+    Dwg_Object& object = Add(type, handle);
+    object.supertype = DWG_SUPERTYPE_OBJECT;
+    object.tio.object = &part;
+    return data;
+  }
+
+  void AddBlock(Handle handle, const std::string& name) {
+    AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, handle).name = Text(name);
+  }
+
+  // To be called once, after the last object.
+  Dwg_Data& Finish() {
+    dwg_.object = objects_.data();
+    dwg_.num_objects = static_cast<BITCODE_BL>(objects_.size());
+    dwg_.object_map = hash_new(objects_.size() * 2);
+    for (std::size_t i = 0; i < objects_.size(); ++i) {
+      if (objects_[i].handle.value != 0) {
+        hash_set(dwg_.object_map, objects_[i].handle.value, i);
+      }
+    }
+    return dwg_;
+  }
+
+ private:
+  Dwg_Object& Add(DWG_OBJECT_TYPE type, Handle handle) {
+    Dwg_Object object{};
+    object.type = static_cast<BITCODE_BS>(type);
+    object.fixedtype = type;
+    object.index = static_cast<BITCODE_RL>(objects_.size());
+    object.handle.value = handle;
+    static char name[] = "THING";
+    object.name = name;
+    objects_.push_back(object);
+    return objects_.back();
+  }
+
+  Dwg_Data dwg_{};
+  std::vector<Dwg_Object> objects_;
+  std::deque<std::shared_ptr<void>> owned_;
+};
+
+struct Cost {
+  double seconds;
+  std::size_t bytes;
+};
+
+Cost CostOf(const std::function<void()>& work) {
+  Cost least{1e9, 0};
+  for (int run = 0; run < kRuns; ++run) {
+    const std::size_t before = allocated;
+    const std::clock_t start = std::clock();
+    work();
+    const double seconds =
+        static_cast<double>(std::clock() - start) / static_cast<double>(CLOCKS_PER_SEC);
+    least = {std::min(least.seconds, seconds), allocated - before};
+  }
+  return least;
+}
+
+using Prepare = std::function<std::function<void()>(std::size_t)>;
+
+// `prepare` gives, for a size, what is to be measured.
+void ExpectLinear(std::size_t n, const Prepare& prepare) {
+  while (CostOf(prepare(kFactor * n)).seconds < kShortestTime) {
+    n *= 2;
+  }
+  double growth = 0;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    const Cost first = CostOf(prepare(n));
+    const Cost last = CostOf(prepare(kFactor * n));
+    ASSERT_LE(static_cast<double>(last.bytes),
+              kLargestGrowth * (static_cast<double>(first.bytes) + 1e6));
+    growth = last.seconds / std::max(first.seconds, kShortestTime / kFactor / 2);
+    if (growth <= kLargestGrowth) {
+      return;
+    }
+  }
+  ADD_FAILURE() << kFactor << " times the size takes " << growth << " times the time";
+}
+
+using Fill = std::function<void(LargeDrawing&, std::size_t)>;
+
+void ExpectLinearDocument(std::size_t n, const Fill& fill) {
+  ExpectLinear(n, [&fill](std::size_t size) {
+    auto drawing = std::make_shared<LargeDrawing>();
+    fill(*drawing, size);
+    Dwg_Data* dwg = &drawing->Finish();
+    return [drawing, dwg] {
+      StageObserver observer;
+      BuildDocument({.dwg = *dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
+                    {}, observer);
+    };
+  });
+}
+
+TEST(Growth, Layers) {
+  ExpectLinearDocument(4'000, [](LargeDrawing& drawing, std::size_t n) {
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i).name =
+          drawing.Text("L" + std::to_string(i));
+    }
+  });
+}
+
+// For docs/limits.md: --gtest_also_run_disabled_tests --gtest_filter=*Million*
+TEST(Growth, DISABLED_MillionLayers) {
+  for (const std::size_t n : {250'000U, 500'000U, 1'000'000U}) {
+    LargeDrawing drawing;
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i).name =
+          drawing.Text("L" + std::to_string(i));
+    }
+    Dwg_Data& dwg = drawing.Finish();
+    std::size_t size = 0;
+    const Cost cost = CostOf([&dwg, &size] {
+      StageObserver observer;
+      size = BuildDocument(
+                 {.dwg = dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}}, {},
+                 observer)
+                 .size();
+    });
+    std::printf("%zu layers: %.2f s, %.0f MB allocated in all, document of %.0f MB\n", n,
+                cost.seconds, static_cast<double>(cost.bytes) / 1e6,
+                static_cast<double>(size) / 1e6);
+  }
+}
+
+// Multiples of the number of buckets that a table of as many entries has.
+TEST(Growth, HandlesChosenToCollide) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    HandleSet sizes;
+    for (std::size_t i = 1; i <= n; ++i) {
+      sizes.insert(i);
+    }
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i * sizes.bucket_count()).name =
+          drawing.Text("L");
+    }
+  });
+}
+
+TEST(Growth, InsertsWithAnAttributeEach) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    drawing.AddBlock(1, "B");
+    const auto [insert, data] = drawing.Part(&EntityTio::INSERT);
+    data->block_header = drawing.Ref(1);
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_INSERT, insert, 10 + i);
+      drawing.AddEntity(DWG_TYPE_ATTRIB, drawing.Part(&EntityTio::ATTRIB, 10 + i).first);
+    }
+  });
+}
+
+TEST(Growth, BlocksNestedInBlocks) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddBlock(i, "B" + std::to_string(i));
+      const auto [insert, data] = drawing.Part(&EntityTio::INSERT, i);
+      data->block_header = drawing.Ref(i % n + 1);
+      drawing.AddEntity(DWG_TYPE_INSERT, insert);
+    }
+  });
+}
+
+TEST(Growth, OneBlockWithEverything) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    drawing.AddBlock(1, "B");
+    const auto line = drawing.Part(&EntityTio::LINE, 1).first;
+    const auto circle = drawing.Part(&EntityTio::CIRCLE, 1).first;
+    const auto solid = drawing.Part(&EntityTio::SOLID, 1).first;
+    const auto text = drawing.Part(&EntityTio::TEXT, 1).first;
+    const auto face = drawing.Part(&EntityTio::_3DFACE, 1).first;
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_LINE, line);
+      drawing.AddEntity(DWG_TYPE_CIRCLE, circle);
+      drawing.AddEntity(DWG_TYPE_SOLID, solid);
+      drawing.AddEntity(DWG_TYPE_TEXT, text);
+      drawing.AddEntity(DWG_TYPE__3DFACE, face);
+    }
+  });
+}
+
+// No polyline has an end marker; the vertices at the end are of the other kind,
+// or without data, so that no walk writes anything.
+TEST(Growth, PolylinesThatWalkPastForeignVertices) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto polyline = drawing.Part(&EntityTio::POLYLINE_2D).first;
+    const auto vertex = drawing.Part(&EntityTio::VERTEX_3D).first;
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_POLYLINE_2D, polyline);
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_VERTEX_3D, vertex);
+    }
+  });
+}
+
+// One vertex counts; the many frame control points behind it do not.
+TEST(Growth, PolylinesThatWalkPastFramePoints) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto polyline = drawing.Part(&EntityTio::POLYLINE_2D).first;
+    const auto vertex = drawing.Part(&EntityTio::VERTEX_2D).first;
+    const auto [frame, data] = drawing.Part(&EntityTio::VERTEX_2D);
+    data->flag = 16;
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_POLYLINE_2D, polyline);
+    }
+    drawing.AddEntity(DWG_TYPE_VERTEX_2D, vertex);
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_VERTEX_2D, frame);
+    }
+  });
+}
+
+// The polylines are converted from the last to the first, because their blocks
+// come in the other order.
+TEST(Growth, PolylinesInReverseOrder) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddBlock(i, "B" + std::to_string(i));
+    }
+    for (std::size_t i = n; i >= 1; --i) {
+      drawing.AddEntity(DWG_TYPE_POLYLINE_2D, drawing.Part(&EntityTio::POLYLINE_2D, i).first);
+    }
+  });
+}
+
+// Viewports that are clipped by two polylines in turn, each with many objects
+// behind it that are no vertices.
+TEST(Growth, ViewportsClippedByFarPolylines) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto line = drawing.Part(&EntityTio::LINE, 99).first;
+    for (const Handle clip : {1U, 2U}) {
+      drawing.AddEntity(DWG_TYPE_POLYLINE_2D, drawing.Part(&EntityTio::POLYLINE_2D, 99).first,
+                        clip);
+      for (std::size_t i = 0; i < n; ++i) {
+        drawing.AddEntity(DWG_TYPE_LINE, line);
+      }
+      drawing.AddEntity(DWG_TYPE_SEQEND, drawing.Part(&EntityTio::SEQEND).first);
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto [part, viewport] = drawing.Part(&EntityTio::VIEWPORT);
+      viewport->width = viewport->height = 1;
+      viewport->status_flag = 0x10000;
+      viewport->clip_boundary = drawing.Ref(1 + i % 2);
+      drawing.AddEntity(DWG_TYPE_VIEWPORT, part, 100 + i);
+    }
+  });
+}
+
+// A hatch of many paths, none of which makes a loop, clips all viewports.
+TEST(Growth, ViewportsClippedByOneEmptyHatch) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [clip, hatch] = drawing.Part(&EntityTio::HATCH, 99);
+    auto& paths = drawing.New<std::vector<Dwg_HATCH_Path>>();
+    paths.resize(n);
+    hatch->paths = paths.data();
+    hatch->num_paths = static_cast<BITCODE_BL>(n);
+    drawing.AddEntity(DWG_TYPE_HATCH, clip, 1);
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto [part, viewport] = drawing.Part(&EntityTio::VIEWPORT);
+      viewport->width = viewport->height = 1;
+      viewport->status_flag = 0x10000;
+      viewport->clip_boundary = drawing.Ref(1);
+      drawing.AddEntity(DWG_TYPE_VIEWPORT, part, 100 + i);
+    }
+  });
+}
+
+TEST(Growth, ViewportsThatClipEachOther) {
+  ExpectLinearDocument(500, [](LargeDrawing& drawing, std::size_t n) {
+    for (std::size_t i = 0; i < n; ++i) {
+      const auto [part, viewport] = drawing.Part(&EntityTio::VIEWPORT);
+      viewport->width = viewport->height = 1;
+      viewport->status_flag = 0x10000;
+      viewport->clip_boundary = drawing.Ref(1 + (i + 1) % n);
+      drawing.AddEntity(DWG_TYPE_VIEWPORT, part, 1 + i);
+    }
+  });
+}
+
+TEST(Growth, ViewportWithManyFrozenLayers) {
+  ExpectLinearDocument(4'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [part, viewport] = drawing.Part(&EntityTio::VIEWPORT);
+    auto& frozen = drawing.New<std::vector<BITCODE_H>>();
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i).name =
+          drawing.Text("L" + std::to_string(i));
+      frozen.push_back(drawing.Ref(i));
+    }
+    viewport->width = viewport->height = 1;
+    viewport->frozen_layers = frozen.data();
+    viewport->num_frozen_layers = static_cast<BITCODE_BL>(n);
+    drawing.AddEntity(DWG_TYPE_VIEWPORT, part);
+  });
+}
+
+TEST(Growth, Sheets) {
+  ExpectLinearDocument(4'000, [](LargeDrawing& drawing, std::size_t n) {
+    for (std::size_t i = 1; i <= n; ++i) {
+      drawing.AddBlock(i, "*Paper_Space" + std::to_string(i));
+      drawing.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, n + i).block_header = drawing.Ref(i);
+      drawing.AddEntity(DWG_TYPE_LINE, drawing.Part(&EntityTio::LINE, i).first);
+    }
+  });
+}
+
+TEST(Growth, Warnings) {
+  ExpectLinearDocument(4'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto spline = drawing.Part(&EntityTio::SPLINE).first;
+    for (std::size_t i = 0; i < n; ++i) {
+      drawing.AddEntity(DWG_TYPE_SPLINE, spline);
+    }
+  });
+}
+
+TEST(Growth, LongPolyline) {
+  ExpectLinearDocument(4'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [part, polyline] = drawing.Part(&EntityTio::LWPOLYLINE);
+    auto& points = drawing.New<std::vector<BITCODE_2RD>>();
+    points.resize(n, {1.5, 2.5});
+    polyline->points = points.data();
+    polyline->num_points = static_cast<BITCODE_BL>(n);
+    drawing.AddEntity(DWG_TYPE_LWPOLYLINE, part);
+  });
+}
+
+TEST(Growth, DenseHatch) {
+  ExpectLinearDocument(1'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [part, hatch] = drawing.Part(&EntityTio::HATCH);
+    auto& path = drawing.New<Dwg_HATCH_Path>();
+    auto& segments = drawing.New<std::vector<Dwg_HATCH_PathSeg>>();
+    segments.resize(n);
+    for (Dwg_HATCH_PathSeg& segment : segments) {
+      segment.curve_type = 2;
+      segment.radius = 1.25;
+      segment.end_angle = 6.28;
+    }
+    path.segs = segments.data();
+    path.num_segs_or_paths = static_cast<BITCODE_BL>(n);
+    hatch->paths = &path;
+    hatch->num_paths = 1;
+    drawing.AddEntity(DWG_TYPE_HATCH, part);
+  });
+}
+
+TEST(Growth, HugeSpline) {
+  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
+    const auto [part, spline] = drawing.Part(&EntityTio::SPLINE);
+    auto& points = drawing.New<std::vector<Dwg_SPLINE_control_point>>();
+    auto& knots = drawing.New<std::vector<double>>();
+    for (std::size_t i = 0; i < n; ++i) {
+      Dwg_SPLINE_control_point point{};
+      point.x = static_cast<double>(i);
+      points.push_back(point);
+    }
+    for (std::size_t i = 0; i < n + 4; ++i) {
+      knots.push_back(static_cast<double>(i));
+    }
+    spline->degree = 3;
+    spline->ctrl_pts = points.data();
+    spline->num_ctrl_pts = static_cast<BITCODE_BL>(n);
+    spline->knots = knots.data();
+    spline->num_knots = static_cast<BITCODE_BL>(n + 4);
+    drawing.AddEntity(DWG_TYPE_SPLINE, part);
+  });
+}
+
+// A text of n bytes, the unit again and again.
+std::string Repeated(const std::string& unit, std::size_t n) {
+  std::string text;
+  while (text.size() < n) {
+    text += unit;
+  }
+  return text;
+}
+
+void ExpectLinearMtext(const std::function<std::string(std::size_t)>& make) {
+  ExpectLinear(50'000, [&make](std::size_t n) {
+    return [text = make(n)] {
+      MtextLayout layout;
+      MtextToHtml(text, 2.5, layout);
+    };
+  });
+}
+
+TEST(Growth, MultiLineText) {
+  const std::string codes =
+      "{\\C1;red\\W0.8;{\\fArial|b1|p1;bold}\\P\\pi1,t1,2,3;\\S1/2;\\H2x;\\O}\\U+1F600";
+  ExpectLinearMtext([&codes](std::size_t n) { return Repeated(codes, n); });
+  ExpectLinearMtext([](std::size_t n) { return Repeated("\\W2;\\T3;", n) + "x"; });
+  ExpectLinearMtext([](std::size_t n) { return Repeated("{\\L", n) + Repeated("}", n / 3); });
+  ExpectLinearMtext([](std::size_t n) { return "\\pt" + Repeated("1,", n); });
+  ExpectLinearMtext([](std::size_t n) { return "\\f" + Repeated("a|c9", n); });
+  ExpectLinearMtext([](std::size_t n) { return Repeated("\\P\\~\\\\", n); });
+}
+
+TEST(Growth, SingleLineText) {
+  ExpectLinear(50'000, [](std::size_t n) {
+    return [text = Repeated("%%u%%o%%c%%176<", n)] { TextCodesToHtml(text); };
+  });
+}
+
+}  // namespace
