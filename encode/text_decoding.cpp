@@ -52,6 +52,32 @@ std::string DecodeWindows1252(std::string_view text) {
   return out;
 }
 
+// Four ASCII units as their four bytes.
+constexpr std::uint32_t Narrow(ByteWord units) {
+  const ByteWord pairs = (units | units >> 8U) & 0x0000FFFF0000FFFFU;
+  return static_cast<std::uint32_t>(pairs | pairs >> 16U);
+}
+static_assert(Narrow(0x0064006300620061) == 0x64636261);
+
+// Copies units from the start, four at a time, as long as all are ASCII; returns
+// how many it copied.
+std::size_t CopyAsciiUnits(char* at, const char* bytes, std::size_t count) {
+  constexpr std::size_t kUnits = sizeof(ByteWord) / 2;
+  constexpr ByteWord kNonAscii = 0xFF80FF80FF80FF80U;
+  std::size_t copied = 0;
+  for (; count - copied >= kUnits; copied += kUnits) {
+    const ByteWord units = LoadBytes(bytes + 2 * copied);
+    if ((units & kNonAscii) != 0) {
+      break;
+    }
+    const std::uint32_t four = Narrow(units);
+    for (unsigned i = 0; i < kUnits; ++i) {
+      at[copied + i] = static_cast<char>(four >> (8 * i));
+    }
+  }
+  return copied;
+}
+
 constexpr bool IsHighSurrogate(std::uint32_t unit) {
   return unit >= 0xD800 && unit <= 0xDBFF;
 }
@@ -95,13 +121,11 @@ std::string DecodeUtf16Text(const void* text) {
   while (unitAt(count) != 0) {
     ++count;
   }
-  std::string out;
-  out.reserve(count);
-  for (std::size_t i = 0; i < count; ++i) {
+  std::string out(count, '\0');
+  out.resize(CopyAsciiUnits(out.data(), bytes, count));
+  for (std::size_t i = out.size(); i < count; ++i) {
     const std::uint32_t unit = unitAt(i);
-    if (unit < 0x80) {
-      out += static_cast<char>(unit);
-    } else if (IsHighSurrogate(unit) && IsLowSurrogate(unitAt(i + 1))) {
+    if (IsHighSurrogate(unit) && IsLowSurrogate(unitAt(i + 1))) {
       ++i;
       AppendUtf8(out, 0x10000 + ((unit - 0xD800) << 10U | (unitAt(i) - 0xDC00)));
     } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
