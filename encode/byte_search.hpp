@@ -1,6 +1,7 @@
 // Search for bytes of a kind in eight of them at once.
 //
-// The searches set the highest bit of a byte that was found. Bytes behind the
+// A search for one kind gives bits, searches for several are joined by `|`, and
+// Found leaves the highest bit of each byte that was found. Bytes behind the
 // first find may be marked wrongly; before it none is, and a word without any
 // find is 0.
 #pragma once
@@ -29,8 +30,12 @@ inline ByteWord LoadBytes(const void* from) {
 }
 
 inline void StoreBytes(char* at, ByteWord word) {
-  for (unsigned i = 0; i < sizeof word; ++i) {
-    at[i] = static_cast<char>(word >> (8 * i));
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(at, &word, sizeof word);
+  } else {
+    for (unsigned i = 0; i < sizeof word; ++i) {
+      at[i] = static_cast<char>(word >> (8 * i));
+    }
   }
 }
 
@@ -38,13 +43,17 @@ constexpr ByteWord AllBytes(unsigned char byte) {
   return ~ByteWord{0} / 0xFF * byte;
 }
 
-// `limit` is at most 0x80.
+// Only bytes below 0x80 are searched for; `limit` is at most 0x80.
 constexpr ByteWord BytesBelow(ByteWord word, unsigned char limit) {
-  return (word - AllBytes(limit)) & ~word & AllBytes(0x80);
+  return word - AllBytes(limit);
 }
 
 constexpr ByteWord BytesEqual(ByteWord word, char byte) {
   return BytesBelow(word ^ AllBytes(static_cast<unsigned char>(byte)), 1);
+}
+
+constexpr ByteWord Found(ByteWord word, ByteWord bits) {
+  return bits & ~word & AllBytes(0x80);
 }
 
 // How many bytes stand before the first find; all eight without one.

@@ -3,13 +3,37 @@
 #include <algorithm>
 #include <utility>
 
+#include "encode/page_memory.hpp"
+
 namespace {
 
 // Small enough to fit into the holes that reading a drawing leaves in the heap.
 constexpr std::size_t kPieceSize = 0x1F000;
 static_assert(kPieceSize >= JsonOut::kMaxReserve);
 
+// From this size on a text grows by large pages.
+constexpr std::size_t kLargeText = 2 * kLargePage;
+
 }  // namespace
+
+void JsonOut::Free::operator()(char* bytes) const {
+  if (capacity == kLargePage) {
+    FreeLargePage(bytes);
+  } else {
+    delete[] bytes;
+  }
+}
+
+JsonOut::Bytes JsonOut::Allocate(std::size_t sizeBefore) {
+  return sizeBefore < kLargeText ? Bytes(new char[kPieceSize], Free{kPieceSize})
+                                 : Bytes(AllocateLargePage(), Free{kLargePage});
+}
+
+void JsonOut::SetLast(Bytes bytes) {
+  last_ = std::move(bytes);
+  begin_ = last_.get();
+  limit_ = begin_ + last_.get_deleter().capacity;
+}
 
 void JsonOut::AddPiece() {
   if (last_ != nullptr) {
@@ -17,9 +41,8 @@ void JsonOut::AddPiece() {
     full_.push_back({std::move(last_), used});
     sizeBefore_ += used;
   }
-  last_ = std::make_unique_for_overwrite<char[]>(kPieceSize);
-  begin_ = end_ = last_.get();
-  limit_ = begin_ + kPieceSize;
+  SetLast(Allocate(sizeBefore_));
+  end_ = begin_;
 }
 
 void JsonOut::AppendInPieces(std::string_view text) {
@@ -39,11 +62,9 @@ char JsonOut::back() const {
 
 void JsonOut::Truncate(std::size_t size) {
   while (size < sizeBefore_) {
-    last_ = std::move(full_.back().bytes);
+    SetLast(std::move(full_.back().bytes));
     sizeBefore_ -= full_.back().size;
     full_.pop_back();
-    begin_ = last_.get();
-    limit_ = begin_ + kPieceSize;
   }
   end_ = begin_ + (size - sizeBefore_);
 }

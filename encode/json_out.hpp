@@ -2,7 +2,7 @@
 // has begun can be taken back.
 //
 // It is kept in pieces, so that growing never copies what is there and the
-// memory in use never exceeds the text by more than one piece.
+// memory in use exceeds the text by less than half of it.
 #pragma once
 
 #include <cstddef>
@@ -76,17 +76,26 @@ class JsonOut {
   std::string Text() const;
 
  private:
+  struct Free {
+    std::size_t capacity;
+    void operator()(char* bytes) const;
+  };
+  using Bytes = std::unique_ptr<char[], Free>;
+
   struct Piece {
-    std::unique_ptr<char[]> bytes;
+    Bytes bytes;
     std::size_t size = 0;
   };
 
+  static Bytes Allocate(std::size_t sizeBefore);
+
   std::size_t Room() const { return static_cast<std::size_t>(limit_ - end_); }
   void AddPiece();
+  void SetLast(Bytes bytes);
   void AppendInPieces(std::string_view text);
 
   std::vector<Piece> full_;
-  std::unique_ptr<char[]> last_;
+  Bytes last_;
   char* begin_ = nullptr;
   char* end_ = nullptr;
   char* limit_ = nullptr;

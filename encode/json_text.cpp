@@ -53,7 +53,7 @@ char* WriteEscaped(char* at, const char*& from, const char* end) {
       const ByteWord word = LoadBytes(from);
       StoreBytes(at, word);
       const ByteWord found =
-          BytesBelow(word, 0x20) | BytesEqual(word, '"') | BytesEqual(word, '\\');
+          Found(word, BytesBelow(word, 0x20) | BytesEqual(word, '"') | BytesEqual(word, '\\'));
       const std::size_t plain = CountBefore(found);
       from += plain;
       at += plain;

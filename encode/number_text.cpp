@@ -80,7 +80,8 @@ static_assert(kPowersOfFive[27].mantissa >> 1U == 7450580596923828125U);
 
 // Eight decimal digits as bytes, the first in the lowest byte.
 constexpr std::uint64_t EightDigits(std::uint32_t value) {
-  const std::uint64_t fours = value / 10000 | static_cast<std::uint64_t>(value % 10000) << 32U;
+  const std::uint32_t four = value / 10000;
+  const std::uint64_t fours = four | std::uint64_t{value - four * 10000} << 32U;
   const std::uint64_t hundreds = ((fours * 10486) >> 20U) & 0x0000007F0000007FU;
   const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16U;
   const std::uint64_t tens = ((twos * 103) >> 10U) & 0x000F000F000F000FU;
@@ -89,6 +90,17 @@ constexpr std::uint64_t EightDigits(std::uint32_t value) {
 static_assert(EightDigits(12345678) == 0x0807060504030201U);
 static_assert(EightDigits(99999999) == 0x0909090909090909U);
 static_assert(EightDigits(1020099) == 0x0909000002000100U);
+
+// The characters of 00 to 99, the first in the lower byte.
+constexpr std::array<std::uint16_t, 100> MakeTwoDigits() {
+  std::array<std::uint16_t, 100> texts{};
+  for (unsigned i = 0; i < texts.size(); ++i) {
+    texts[i] = static_cast<std::uint16_t>(0x3030U | i / 10 | (i % 10) << 8U);
+  }
+  return texts;
+}
+
+constexpr std::array<std::uint16_t, 100> kTwoDigits = MakeTwoDigits();
 
 constexpr std::uint64_t kEightZeros = 0x3030303030303030U;
 
@@ -134,11 +146,12 @@ struct Digits {
 };
 
 Digits DigitsOf(std::uint64_t value, int exponent) {
-  const auto head = EightDigits(static_cast<std::uint32_t>(value / 100));
-  const auto two = static_cast<unsigned>(value % 100);
-  const unsigned tail = two / 10 | (two % 10) << 8U;
-  const int count = tail == 0 ? 8 - std::countl_zero(head) / 8 : 10 - (tail < 0x100 ? 1 : 0);
-  return {head | kEightZeros, static_cast<std::uint16_t>(tail | 0x3030U), count, exponent};
+  const auto eight = static_cast<std::uint32_t>(value / 100);
+  const std::uint32_t two = static_cast<std::uint32_t>(value) - eight * 100;
+  const std::uint64_t head = EightDigits(eight);
+  const std::uint16_t tail = kTwoDigits[two];
+  const int count = two == 0 ? 8 - std::countl_zero(head) / 8 : 10 - (tail < 0x3100 ? 1 : 0);
+  return {head | kEightZeros, tail, count, exponent};
 }
 
 // The magnitude lies within the exact range. The product is exact, so that a

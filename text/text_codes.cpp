@@ -17,8 +17,8 @@ std::size_t PlainLength(std::string_view text) {
       text,
       [](ByteWord word) {
         // Of `<` and `>` one bit differs.
-        return BytesEqual(word, '%') | BytesEqual(word, '&') |
-               BytesEqual(word | AllBytes('<' ^ '>'), '>');
+        return Found(word, BytesEqual(word, '%') | BytesEqual(word, '&') |
+                               BytesEqual(word | AllBytes('<' ^ '>'), '>'));
       },
       [](char byte) { return byte == '%' || byte == '&' || byte == '<' || byte == '>'; });
 }
