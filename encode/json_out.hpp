@@ -32,7 +32,10 @@ class JsonOut {
     }
   }
 
-  void Append(char byte) { *Reserve(1) = byte, ++end_; }
+  void Append(char byte) {
+    *Reserve(1) = byte;
+    ++end_;
+  }
 
   JsonOut& operator+=(std::string_view text) {
     Append(text);
