@@ -111,7 +111,8 @@ void Print(const char* name, const std::vector<Times>& runs, Pick pick) {
       values.push_back(times[part]);
     }
     std::sort(values.begin(), values.end());
-    std::printf("%s\"%s\":%lld", part == 0 ? "" : ",", kPartNames[part].data(), values.empty() ? 0 : pick(values));
+    std::printf("%s\"%s\":%lld", part == 0 ? "" : ",", kPartNames[part].data(),
+                values.empty() ? 0 : pick(values));
   }
   std::printf("}");
 }
