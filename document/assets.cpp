@@ -4,6 +4,7 @@
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/insert.hpp"
+#include "entities/walk_entities.hpp"
 
 namespace {
 
@@ -11,8 +12,8 @@ constexpr unsigned kConstantAttribute = 0x02;
 
 std::string BlockName(const Dwg_Object& object, const Dwg_Object_BLOCK_HEADER& block,
                       const EntityContext& context) {
-  const auto found = context.tables.blockNames.find(object.handle.value);
-  return found == context.tables.blockNames.end() ? context.Decode(block.name) : found->second;
+  const std::string* name = context.tables.blockNames.Find(object.handle.value);
+  return name == nullptr ? std::string(context.Decode(block.name)) : *name;
 }
 
 bool IsVariableAttribute(const Dwg_Object& object) {
@@ -23,7 +24,7 @@ bool IsVariableAttribute(const Dwg_Object& object) {
   return definition != nullptr && (definition->flags & kConstantAttribute) == 0;
 }
 
-void AppendAsset(std::string& out, const Dwg_Object& object, const Dwg_Object_BLOCK_HEADER& block,
+void AppendAsset(JsonOut& out, const Dwg_Object& object, const Dwg_Object_BLOCK_HEADER& block,
                  std::string_view name, EntityContext& context, bool debug) {
   AppendQuotedKey(out, "{\"name\":", name);
   if (block.base_pt.x != 0 || block.base_pt.y != 0) {
@@ -32,17 +33,17 @@ void AppendAsset(std::string& out, const Dwg_Object& object, const Dwg_Object_BL
   }
   out += ",\"entities\":[";
   EntityList list{out, debug};
-  for (const Dwg_Object* entity : context.tables.OwnedBy(object)) {
-    if (!IsVariableAttribute(*entity)) {
-      AppendEntity(list, *entity, context);
+  WalkEntities(context.tables.OwnedBy(object), [&](const Dwg_Object& entity) {
+    if (!IsVariableAttribute(entity)) {
+      AppendEntity(list, entity, context);
     }
-  }
+  });
   out += "]}";
 }
 
 }  // namespace
 
-void AppendAssets(std::string& out, EntityContext& context, bool debug) {
+void AppendAssets(JsonOut& out, EntityContext& context, bool debug) {
   bool first = true;
   for (const Dwg_Object& object : Objects(context.dwg)) {
     const auto* block = TableRecord(object, DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER);

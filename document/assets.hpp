@@ -1,11 +1,9 @@
 // The document's `assets` array: the block definitions.
 #pragma once
 
-#include <string>
-
 #include "entities/entity_context.hpp"
 
 // Appends a record for every named block but those of model space and the
 // sheets, in object order, without the array's brackets. Attribute definitions
 // whose value varies from insert to insert are left out.
-void AppendAssets(std::string& out, EntityContext& context, bool debug);
+void AppendAssets(JsonOut& out, EntityContext& context, bool debug);

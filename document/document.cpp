@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr std::size_t kReservedOutput = 0x80000;
-
 struct ReleaseWord {
   Dwg_Version_Type version;
   std::string_view word;
@@ -39,7 +37,7 @@ void AddSkippedTypes(const TypeCounts& counts, std::vector<std::string>& warning
   }
 }
 
-void AppendWarnings(std::string& out, const std::vector<std::string>& warnings) {
+void AppendWarnings(JsonOut& out, const std::vector<std::string>& warnings) {
   out += ",\"warnings\":[";
   ListCursor list{out};
   for (const std::string& warning : warnings) {
@@ -49,7 +47,7 @@ void AppendWarnings(std::string& out, const std::vector<std::string>& warnings) 
 }
 
 template <typename Write>
-void AppendSection(std::string& out, std::string_view key, Write write) {
+void AppendSection(JsonOut& out, std::string_view key, Write write) {
   out += key;
   out += '[';
   write();
@@ -58,8 +56,8 @@ void AppendSection(std::string& out, std::string_view key, Write write) {
 
 }  // namespace
 
-std::string BuildDocument(const DocumentInput& input, std::vector<std::string> warnings,
-                          StageObserver& observer) {
+void AppendDocument(JsonOut& out, const DocumentInput& input, std::vector<std::string> warnings,
+                    StageObserver& observer) {
   Dwg_Data& dwg = input.dwg;
   observer.Begin(Stage::kPrepass);
   const LookupTables tables = BuildLookupTables(dwg, input.unicodeText, input.drawingFolder);
@@ -67,8 +65,6 @@ std::string BuildDocument(const DocumentInput& input, std::vector<std::string> w
 
   TypeCounts skippedTypes;
   EntityContext context{dwg, tables, input.unicodeText, warnings, skippedTypes};
-  std::string out;
-  out.reserve(kReservedOutput);
   AppendQuotedKey(out, "{\"dwgVersion\":", VersionWord(dwg.header.version));
   AppendIntKey(out, ",\"insunits\":", dwg.header_vars.INSUNITS);
 
@@ -92,7 +88,6 @@ std::string BuildDocument(const DocumentInput& input, std::vector<std::string> w
 
   AddSkippedTypes(skippedTypes, warnings);
   AppendWarnings(out, warnings);
-  return out;
 }
 
 std::string_view VersionWord(Dwg_Version_Type version) {

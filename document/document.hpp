@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "encode/json_out.hpp"
+
 // The stages of a conversion, in run order.
 enum class Stage { kPrepass, kLayers, kAssets, kModelSpace, kLayouts };
 
@@ -31,10 +33,11 @@ struct DocumentInput {
   std::filesystem::path drawingFolder;  // where files beside the drawing are
 };
 
-// The document from its opening brace to the end of its `warnings`: the caller
-// adds what is left and closes the object. `warnings` come first in the list.
-std::string BuildDocument(const DocumentInput& input, std::vector<std::string> warnings,
-                          StageObserver& observer);
+// Appends the document from its opening brace to the end of its `warnings`: the
+// caller adds what is left and closes the object. `warnings` come first in the
+// list.
+void AppendDocument(JsonOut& out, const DocumentInput& input, std::vector<std::string> warnings,
+                    StageObserver& observer);
 
 // The document's word for a release, "Unknown" for those it has none for.
 std::string_view VersionWord(Dwg_Version_Type version);

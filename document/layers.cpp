@@ -37,8 +37,7 @@ Rgb LayerColor(const Dwg_Color& color) {
   return index == kForeground ? Rgb{0, 0, 0} : AciToRgb(index);
 }
 
-void AppendLayer(std::string& out, const Dwg_Object_LAYER& layer, std::string_view name,
-                 bool debug) {
+void AppendLayer(JsonOut& out, const Dwg_Object_LAYER& layer, std::string_view name, bool debug) {
   AppendQuotedKey(out, "{\"name\":", name);
   AppendBoolKey(out, ",\"visible\":", layer.off == 0);
   AppendBoolKey(out, ",\"locked\":", layer.locked != 0);
@@ -57,7 +56,7 @@ void AppendLayer(std::string& out, const Dwg_Object_LAYER& layer, std::string_vi
 
 }  // namespace
 
-void AppendLayers(std::string& out, const Dwg_Data& dwg, bool unicodeText, bool debug) {
+void AppendLayers(JsonOut& out, const Dwg_Data& dwg, bool unicodeText, bool debug) {
   bool first = true;
   for (const Dwg_Object& object : Objects(dwg)) {
     const auto* layer = TableRecord(object, DWG_TYPE_LAYER, &ObjectTio::LAYER);

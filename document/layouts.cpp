@@ -3,35 +3,37 @@
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
+#include "entities/walk_entities.hpp"
 
 namespace {
 
 const Dwg_Object_LAYOUT* LayoutOf(Handle block, const LookupTables& tables) {
-  const auto found = tables.layoutsByBlock.find(block);
-  return found == tables.layoutsByBlock.end() ? nullptr : found->second;
+  const auto* const* layout = tables.layoutsByBlock.Find(block);
+  return layout == nullptr ? nullptr : *layout;
 }
 
 std::string SheetName(Handle block, const Dwg_Object_LAYOUT* layout, const EntityContext& context) {
-  std::string name = layout == nullptr ? std::string{} : context.Decode(layout->layout_name);
+  std::string name(layout == nullptr ? std::string_view{} : context.Decode(layout->layout_name));
   if (!name.empty()) {
     return name;
   }
-  const auto found = context.tables.blockNames.find(block);
-  return found == context.tables.blockNames.end() ? "Layout" : found->second;
+  const std::string* blockName = context.tables.blockNames.Find(block);
+  return blockName == nullptr ? "Layout" : *blockName;
 }
 
-std::string SheetEntities(Handle block, EntityContext& context, bool debug) {
-  std::string entities;
-  EntityList list{entities, debug};
-  for (const Dwg_Object* entity : context.tables.OwnedBy(block)) {
-    if (!context.tables.clipBoundaries.contains(entity->handle.value)) {
-      AppendEntityWithAttributes(list, *entity, context);
+// Whether any entity was written.
+bool AppendSheetEntities(JsonOut& out, Handle block, EntityContext& context, bool debug) {
+  const std::size_t start = out.size();
+  EntityList list{out, debug};
+  WalkEntities(context.tables.OwnedBy(block), [&](const Dwg_Object& entity) {
+    if (!context.tables.clipBoundaries.contains(entity.handle.value)) {
+      AppendEntityWithAttributes(list, entity, context);
     }
-  }
-  return entities;
+  });
+  return out.size() != start;
 }
 
-void AppendPlotSettings(std::string& out, const Dwg_Object_LAYOUT& layout) {
+void AppendPlotSettings(JsonOut& out, const Dwg_Object_LAYOUT& layout) {
   const Dwg_Object_PLOTSETTINGS& plot = layout.plotsettings;
   AppendIntKey(out, ",\"tabOrder\":", layout.tab_order);
   AppendNumberKey(out, ",\"paperW\":", plot.paper_width);
@@ -58,24 +60,24 @@ void AppendPlotSettings(std::string& out, const Dwg_Object_LAYOUT& layout) {
 
 }  // namespace
 
-void AppendLayouts(std::string& out, EntityContext& context, bool debug) {
+void AppendLayouts(JsonOut& out, EntityContext& context, bool debug) {
   bool first = true;
   for (const Handle block : context.tables.paperSpaces) {
-    const std::string entities = SheetEntities(block, context, debug);
-    if (entities.empty()) {
-      continue;
-    }
+    const std::size_t start = out.size();
     if (!first) {
       out += ',';
     }
-    first = false;
     const Dwg_Object_LAYOUT* layout = LayoutOf(block, context.tables);
     AppendQuotedKey(out, "{\"name\":", SheetName(block, layout, context));
     if (layout != nullptr) {
       AppendPlotSettings(out, *layout);
     }
     out += ",\"entities\":[";
-    out += entities;
+    if (!AppendSheetEntities(out, block, context, debug)) {
+      out.Truncate(start);
+      continue;
+    }
+    first = false;
     out += "]}";
   }
 }

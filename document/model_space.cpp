@@ -2,13 +2,14 @@
 
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
+#include "entities/walk_entities.hpp"
 
 namespace {
 
 void AppendOwned(EntityList& list, Handle owner, EntityContext& context) {
-  for (const Dwg_Object* entity : context.tables.OwnedBy(owner)) {
-    AppendEntityWithAttributes(list, *entity, context);
-  }
+  WalkEntities(context.tables.OwnedBy(owner), [&](const Dwg_Object& entity) {
+    AppendEntityWithAttributes(list, entity, context);
+  });
 }
 
 // The library looks for the block through its BLOCK_CONTROL, which it takes to
@@ -25,7 +26,7 @@ Handle ModelSpaceByLibrary(Dwg_Data& dwg) {
 
 }  // namespace
 
-void AppendModelSpace(std::string& out, Dwg_Data& dwg, EntityContext& context, bool debug) {
+void AppendModelSpace(JsonOut& out, Dwg_Data& dwg, EntityContext& context, bool debug) {
   EntityList list{out, debug};
   Handle block = context.tables.modelSpace;
   if (block == 0) {

@@ -3,12 +3,10 @@
 
 #include <dwg.h>
 
-#include <string>
-
 #include "entities/entity_context.hpp"
 
 // Appends the entities of the model-space block and then those without an
 // owner, each block reference followed by its attributes, without the array's
 // brackets. `dwg` is the context's drawing; the library may cache a reference
 // in it.
-void AppendModelSpace(std::string& out, Dwg_Data& dwg, EntityContext& context, bool debug);
+void AppendModelSpace(JsonOut& out, Dwg_Data& dwg, EntityContext& context, bool debug);

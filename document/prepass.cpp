@@ -1,6 +1,7 @@
 #include "document/prepass.hpp"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "encode/text_decoding.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/stored_flags.hpp"
+#include "entities/walk_entities.hpp"
 
 namespace {
 
@@ -77,7 +79,10 @@ class Prepass {
     }
   }
 
-  LookupTables Take() { return std::move(tables_); }
+  LookupTables Take() {
+    tables_.entitiesByOwner.Finish();
+    return std::move(tables_);
+  }
 
  private:
   std::string Decode(const char* text) const { return DecodeText(unicodeText_, text); }
@@ -175,22 +180,30 @@ class Prepass {
     if (object.tio.entity == nullptr) {
       return;
     }
-    const Handle owner = HandleOf(object.tio.entity->ownerhandle);
-    // Neighbours mostly share their owner, which saves the look-up.
-    if (lastOwned_ == nullptr || owner != lastOwner_) {
-      lastOwner_ = owner;
-      lastOwned_ = &tables_.entitiesByOwner[owner];
-    }
-    lastOwned_->push_back(&object);
+    tables_.entitiesByOwner.Add(HandleOf(object.tio.entity->ownerhandle), object);
   }
 
   bool unicodeText_;
   const fs::path& drawingFolder_;
   LookupTables tables_;
   HandleSet paperSpaces_;
-  Handle lastOwner_ = 0;
-  std::vector<const Dwg_Object*>* lastOwned_ = nullptr;
 };
+
+const Dwg_Object_Entity* EntityAt(std::span<const Dwg_Object> objects, std::size_t position) {
+  return position < objects.size() && IsEntity(objects[position]) ? objects[position].tio.entity
+                                                                  : nullptr;
+}
+
+// What leads to the owners of the entities some way ahead.
+void PrefetchOwner(std::span<const Dwg_Object> objects, std::size_t position) {
+  constexpr std::size_t kStep = 8;
+  if (const auto* entity = EntityAt(objects, position + 2 * kStep)) {
+    Prefetch(&entity->ownerhandle);
+  }
+  if (const auto* entity = EntityAt(objects, position + kStep)) {
+    Prefetch(entity->ownerhandle);
+  }
+}
 
 }  // namespace
 
@@ -213,8 +226,10 @@ std::int32_t PdfPage(std::string_view name) {
 LookupTables BuildLookupTables(const Dwg_Data& dwg, bool unicodeText,
                                const std::filesystem::path& drawingFolder) {
   Prepass prepass(unicodeText, drawingFolder);
-  for (const Dwg_Object& object : Objects(dwg)) {
-    prepass.Add(object);
+  const auto objects = Objects(dwg);
+  for (std::size_t i = 0; i < objects.size(); ++i) {
+    PrefetchOwner(objects, i);
+    prepass.Add(objects[i]);
   }
   return prepass.Take();
 }

@@ -1,7 +1,6 @@
 #include "encode/color.hpp"
 
 #include <array>
-#include <utility>
 
 #include "encode/json_text.hpp"
 
@@ -117,30 +116,37 @@ std::int32_t AlphaValue(const Dwg_Color& color) {
   return 255 - color.alpha;
 }
 
-void AppendRgb(std::string& out, Rgb rgb) {
+void AppendRgb(JsonOut& out, Rgb rgb) {
   AppendIntKey(out, "{\"r\":", rgb.red);
   AppendIntKey(out, ",\"g\":", rgb.green);
   AppendIntKey(out, ",\"b\":", rgb.blue);
 }
 
-std::string ColorJson(const Dwg_Color& color) {
+void AppendColor(JsonOut& out, const Dwg_Color& color) {
   if (color.index == kIndexByLayer) {
-    return "\"L\"";
+    out += "\"L\"";
+    return;
   }
   if (color.index == kIndexByBlock) {
-    return "\"K\"";
+    out += "\"K\"";
+    return;
   }
   const bool isTrueColor = ColorMethod(color) == kMethodTrueColor || color.index == kIndexTrueColor;
   if (!isTrueColor && color.index == kIndexForeground) {
-    return "\"W\"";
+    out += "\"W\"";
+    return;
   }
-  std::string out;
   AppendRgb(out, isTrueColor ? RgbOfWord(color.rgb) : AciToRgb(color.index));
   if (HasExplicitAlpha(color)) {
     AppendIntKey(out, ",\"a\":", AlphaValue(color));
   }
   out += '}';
-  return out;
+}
+
+std::string ColorJson(const Dwg_Color& color) {
+  JsonOut out;
+  AppendColor(out, color);
+  return out.Text();
 }
 
 std::string ColorJsonOrEmpty(const Dwg_Color& color) {
@@ -148,7 +154,7 @@ std::string ColorJsonOrEmpty(const Dwg_Color& color) {
   return isInherited ? std::string{} : ColorJson(color);
 }
 
-void AppendLineweight(std::string& out, std::uint8_t code) {
+void AppendLineweight(JsonOut& out, std::uint8_t code) {
   if (code < kLineweightCount) {
     AppendInt(out, dxf_cvt_lweight(code));
   } else {
@@ -156,7 +162,7 @@ void AppendLineweight(std::string& out, std::uint8_t code) {
   }
 }
 
-void AppendColorDebug(std::string& out, const Dwg_Color& color) {
+void AppendColorDebug(JsonOut& out, const Dwg_Color& color) {
   AppendIntKey(out, ",\"_dbg\":{\"color_index\":", color.index);
   AppendIntKey(out, ",\"color_alpha_type\":", color.alpha_type);
   AppendIntKey(out, ",\"color_alpha\":", color.alpha);
@@ -164,19 +170,19 @@ void AppendColorDebug(std::string& out, const Dwg_Color& color) {
   out += '}';
 }
 
-std::string AppendColorAndLineweight(std::string record, const Dwg_Object& object, bool debug) {
-  if (record.empty() || record.back() != '}' || object.tio.entity == nullptr) {
-    return record;
+void AppendColorAndLineweight(JsonOut& out, std::size_t start, const Dwg_Object& object,
+                              bool debug) {
+  if (out.size() == start || out.back() != '}' || object.tio.entity == nullptr) {
+    return;
   }
   const Dwg_Object_Entity& entity = *object.tio.entity;
-  record.pop_back();
-  record += ",\"color\":";
-  record += ColorJson(entity.color);
-  record += ",\"lw\":";
-  AppendLineweight(record, entity.linewt);
+  out.Truncate(out.size() - 1);
+  out += ",\"color\":";
+  AppendColor(out, entity.color);
+  out += ",\"lw\":";
+  AppendLineweight(out, entity.linewt);
   if (debug) {
-    AppendColorDebug(record, entity.color);
+    AppendColorDebug(out, entity.color);
   }
-  record += '}';
-  return record;
+  out += '}';
 }

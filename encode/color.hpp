@@ -7,8 +7,11 @@
 
 #include <dwg.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+
+#include "encode/json_out.hpp"
 
 struct Rgb {
   std::uint8_t red = 0;
@@ -36,22 +39,25 @@ bool HasExplicitAlpha(const Dwg_Color& color);
 std::int32_t AlphaValue(const Dwg_Color& color);
 
 // The colour value; never empty.
+void AppendColor(JsonOut& out, const Dwg_Color& color);
 std::string ColorJson(const Dwg_Color& color);
 
 // As ColorJson, but empty for a colour that is inherited by layer or block.
 std::string ColorJsonOrEmpty(const Dwg_Color& color);
 
 // `{"r":R,"g":G,"b":B` without the closing brace.
-void AppendRgb(std::string& out, Rgb rgb);
+void AppendRgb(JsonOut& out, Rgb rgb);
 
 // The lineweight code as hundredths of a millimetre, or "L" for the codes by
 // layer, by block and default alike.
-void AppendLineweight(std::string& out, std::uint8_t code);
+void AppendLineweight(JsonOut& out, std::uint8_t code);
 
 // `,"_dbg":{...}` with the colour's stored fields.
-void AppendColorDebug(std::string& out, const Dwg_Color& color);
+void AppendColorDebug(JsonOut& out, const Dwg_Color& color);
 
-// Adds `color`, `lw` and, with `debug`, `_dbg` before the closing brace of a
-// finished record. A text that does not end in a brace, or an object without
-// entity data, is returned unchanged.
-std::string AppendColorAndLineweight(std::string record, const Dwg_Object& object, bool debug);
+// Adds `color`, `lw` and, with `debug`, `_dbg` before the closing brace of the
+// finished record that stands at the end of `out` from `start` on. A record that
+// is empty or does not end in a brace, or an object without entity data, leaves
+// it as it is.
+void AppendColorAndLineweight(JsonOut& out, std::size_t start, const Dwg_Object& object,
+                              bool debug);

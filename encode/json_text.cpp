@@ -1,14 +1,11 @@
 #include "encode/json_text.hpp"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
-#include <cmath>
-#include <limits>
+
+#include "encode/byte_search.hpp"
 
 namespace {
-
-// Integral values of at most ten digits need no floating-point formatting.
-constexpr double kShortIntegerLimit = 1e10;
 
 // What a byte becomes inside a string literal: 0 copies it, 'u' asks for a
 // \u escape, any other value follows a backslash.
@@ -28,153 +25,150 @@ constexpr std::array<char, 256> MakeEscapeTable() {
 constexpr std::array<char, 256> kEscapes = MakeEscapeTable();
 static_assert(kEscapes[0x0C] == 'u' && kEscapes[0x08] == 'u' && kEscapes[0x7F] == 0);
 
-void AppendEscape(std::string& out, unsigned char byte) {
+constexpr std::size_t kLongestEscape = 6;
+
+char* WriteEscape(char* at, unsigned char byte) {
   constexpr std::string_view kHexDigits = "0123456789abcdef";
-  out += '\\';
-  out += kEscapes[byte];
+  *at++ = '\\';
+  *at++ = kEscapes[byte];
   if (kEscapes[byte] == 'u') {
-    out += "00";
-    out += kHexDigits[byte >> 4U];
-    out += kHexDigits[byte & 0xFU];
+    *at++ = '0';
+    *at++ = '0';
+    *at++ = kHexDigits[byte >> 4U];
+    *at++ = kHexDigits[byte & 0xFU];
+  }
+  return at;
+}
+
+// How many bytes of a text are escaped at once: room for the worst of them is
+// asked for beforehand.
+constexpr std::size_t kEscapedAtOnce = 1024;
+static_assert(kEscapedAtOnce * kLongestEscape + sizeof(ByteWord) <= JsonOut::kMaxReserve);
+
+// Copies whole words and looks at them on the way. `from` comes to stand at the
+// end of the text or at its first NUL.
+char* WriteEscaped(char* at, const char*& from, const char* end) {
+  while (true) {
+    while (static_cast<std::size_t>(end - from) >= sizeof(ByteWord)) {
+      const ByteWord word = LoadBytes(from);
+      StoreBytes(at, word);
+      const ByteWord found =
+          Found(word, BytesBelow(word, 0x20) | BytesEqual(word, '"') | BytesEqual(word, '\\'));
+      const std::size_t plain = CountBefore(found);
+      from += plain;
+      at += plain;
+      if (found != 0) {
+        break;
+      }
+    }
+    while (from != end && kEscapes[static_cast<unsigned char>(*from)] == 0 &&
+           static_cast<std::size_t>(end - from) < sizeof(ByteWord)) {
+      *at++ = *from++;
+    }
+    if (from == end || *from == '\0') {
+      return at;
+    }
+    at = WriteEscape(at, static_cast<unsigned char>(*from++));
   }
 }
 
-void AppendSeparator(std::string& out, bool& first) {
-  if (!first) {
-    out += ',';
-  }
+// Writes a comma unless the element is the first; the caller has room for it.
+char* WriteSeparator(char* at, bool& first) {
+  *at = ',';
+  at += first ? 0 : 1;
   first = false;
+  return at;
 }
 
 }  // namespace
 
-void AppendNumber(std::string& out, double value) {
-  if (!(std::fabs(value) <= std::numeric_limits<double>::max())) {
-    out += '0';
-    return;
-  }
-  std::array<char, 32> buffer;
-  std::to_chars_result result{};
-  const bool isShortInteger = std::fabs(value) < kShortIntegerLimit && value == std::trunc(value) &&
-                              !(value == 0 && std::signbit(value));
-  if (isShortInteger) {
-    result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                           static_cast<std::int64_t>(value));
-  } else {
-    result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                           std::chars_format::general, 10);
-  }
-  out.append(buffer.data(), result.ptr);
-}
-
 std::string JsonNumber(double value) {
-  std::string out;
-  AppendNumber(out, value);
-  return out;
-}
-
-void AppendInt(std::string& out, std::int64_t value) {
-  std::array<char, 24> buffer;
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-  out.append(buffer.data(), result.ptr);
+  std::array<char, kNumberRoom> buffer;
+  return {buffer.data(), WriteNumber(buffer.data(), value)};
 }
 
 std::string JsonInt(std::int32_t value) {
-  std::string out;
-  AppendInt(out, value);
-  return out;
+  std::array<char, kNumberRoom> buffer;
+  return {buffer.data(), WriteInt(buffer.data(), value)};
 }
 
-void AppendQuoted(std::string& out, std::string_view text) {
-  text = text.substr(0, text.find('\0'));
-  out += '"';
-  std::size_t runStart = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    if (kEscapes[byte] == 0) {
-      continue;
+bool AppendEscaped(JsonOut& out, std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t count = std::min(text.size(), kEscapedAtOnce);
+    const char* from = text.data();
+    const char* end = from + count;
+    out.Commit(WriteEscaped(out.Reserve(count * kLongestEscape + sizeof(ByteWord)), from, end));
+    if (from != end) {
+      return false;
     }
-    out.append(text, runStart, i - runStart);
-    AppendEscape(out, byte);
-    runStart = i + 1;
+    text.remove_prefix(count);
   }
-  out.append(text, runStart, text.size() - runStart);
+  return true;
+}
+
+void AppendQuoted(JsonOut& out, std::string_view text) {
+  out += '"';
+  AppendEscaped(out, text);
   out += '"';
 }
 
 std::string JsonQuote(const char* text) {
-  std::string out;
+  JsonOut out;
   AppendQuoted(out, text == nullptr ? std::string_view{} : std::string_view{text});
-  return out;
-}
-
-std::string_view JsonBool(bool value) {
-  return value ? "true" : "false";
-}
-
-void AppendNumberKey(std::string& out, std::string_view key, double value) {
-  out += key;
-  AppendNumber(out, value);
-}
-
-void AppendIntKey(std::string& out, std::string_view key, std::int64_t value) {
-  out += key;
-  AppendInt(out, value);
-}
-
-void AppendBoolKey(std::string& out, std::string_view key, bool value) {
-  out += key;
-  out += JsonBool(value);
-}
-
-void AppendQuotedKey(std::string& out, std::string_view key, std::string_view text) {
-  out += key;
-  AppendQuoted(out, text);
+  return out.Text();
 }
 
 void AppendCoordinatePair(CoordinateCursor& cursor, double x, double y) {
-  AppendSeparator(cursor.out, cursor.first);
-  AppendNumber(cursor.out, x);
-  cursor.out += ',';
-  AppendNumber(cursor.out, y);
+  char* at = cursor.out.Reserve(2 * kNumberRoom + 2);
+  at = WriteNumber(WriteSeparator(at, cursor.first), x);
+  *at++ = ',';
+  cursor.out.Commit(WriteNumber(at, y));
 }
 
-void AppendBracketedItem(BracketCursor& cursor, std::string_view text) {
+CoordinateCursor BeginBracketedItem(BracketCursor& cursor) {
   if (cursor.count > 0) {
     cursor.out += ',';
   }
   cursor.out += '[';
-  cursor.out += text;
+  return {cursor.out};
+}
+
+void EndBracketedItem(BracketCursor& cursor) {
   cursor.out += ']';
   ++cursor.count;
 }
 
 void AppendPoint(ListCursor& cursor, double x, double y) {
-  AppendSeparator(cursor.out, cursor.first);
-  cursor.out += '[';
-  AppendNumber(cursor.out, x);
-  cursor.out += ',';
-  AppendNumber(cursor.out, y);
-  cursor.out += ']';
+  char* at = cursor.out.Reserve(2 * kNumberRoom + 4);
+  at = WriteSeparator(at, cursor.first);
+  *at++ = '[';
+  at = WriteNumber(at, x);
+  *at++ = ',';
+  at = WriteNumber(at, y);
+  *at++ = ']';
+  cursor.out.Commit(at);
 }
 
 void AppendPoint(ListCursor& cursor, double x, double y, double z) {
-  AppendSeparator(cursor.out, cursor.first);
-  cursor.out += '[';
-  AppendNumber(cursor.out, x);
-  cursor.out += ',';
-  AppendNumber(cursor.out, y);
-  cursor.out += ',';
-  AppendNumber(cursor.out, z);
-  cursor.out += ']';
+  char* at = cursor.out.Reserve(3 * kNumberRoom + 5);
+  at = WriteSeparator(at, cursor.first);
+  *at++ = '[';
+  at = WriteNumber(at, x);
+  *at++ = ',';
+  at = WriteNumber(at, y);
+  *at++ = ',';
+  at = WriteNumber(at, z);
+  *at++ = ']';
+  cursor.out.Commit(at);
 }
 
 void AppendListNumber(ListCursor& cursor, double value) {
-  AppendSeparator(cursor.out, cursor.first);
-  AppendNumber(cursor.out, value);
+  char* at = cursor.out.Reserve(kNumberRoom + 1);
+  cursor.out.Commit(WriteNumber(WriteSeparator(at, cursor.first), value));
 }
 
 void AppendListQuoted(ListCursor& cursor, std::string_view text) {
-  AppendSeparator(cursor.out, cursor.first);
+  char* at = cursor.out.Reserve(1);
+  cursor.out.Commit(WriteSeparator(at, cursor.first));
   AppendQuoted(cursor.out, text);
 }

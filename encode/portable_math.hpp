@@ -10,5 +10,13 @@
 
 double PortableSin(double x);
 double PortableCos(double x);
+
+// Both of one angle, the same bits as each alone.
+struct SineAndCosine {
+  double sine;
+  double cosine;
+};
+SineAndCosine PortableSinCos(double x);
+
 double PortableAtan(double x);
 double PortableAtan2(double y, double x);

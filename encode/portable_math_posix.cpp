@@ -10,6 +10,10 @@ double PortableCos(double x) {
   return std::cos(x);
 }
 
+SineAndCosine PortableSinCos(double x) {
+  return {std::sin(x), std::cos(x)};
+}
+
 double PortableAtan(double x) {
   return std::atan(x);
 }

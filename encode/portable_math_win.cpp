@@ -9,6 +9,10 @@ double PortableCos(double x) {
   return ExactCos(x);
 }
 
+SineAndCosine PortableSinCos(double x) {
+  return {ExactSin(x), ExactCos(x)};
+}
+
 double PortableAtan(double x) {
   return ExactAtan(x);
 }

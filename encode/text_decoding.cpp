@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "encode/byte_search.hpp"
 #include "encode/utf8.hpp"
 
 namespace {
@@ -28,6 +29,53 @@ void AppendWindows1252(std::string& out, unsigned char byte) {
   } else {
     AppendUtf8(out, byte);
   }
+}
+
+std::size_t AsciiLength(std::string_view text) {
+  return CountWithout(
+      text, [](ByteWord word) { return word & AllBytes(0x80); },
+      [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
+std::string DecodeWindows1252(std::string_view text) {
+  std::string out;
+  out.reserve(2 * text.size());
+  while (!text.empty()) {
+    const std::size_t ascii = AsciiLength(text);
+    out += text.substr(0, ascii);
+    text.remove_prefix(ascii);
+    if (!text.empty()) {
+      AppendWindows1252(out, static_cast<unsigned char>(text.front()));
+      text.remove_prefix(1);
+    }
+  }
+  return out;
+}
+
+// Four ASCII units as their four bytes.
+constexpr std::uint32_t Narrow(ByteWord units) {
+  const ByteWord pairs = (units | units >> 8U) & 0x0000FFFF0000FFFFU;
+  return static_cast<std::uint32_t>(pairs | pairs >> 16U);
+}
+static_assert(Narrow(0x0064006300620061) == 0x64636261);
+
+// Copies units from the start, four at a time, as long as all are ASCII; returns
+// how many it copied.
+std::size_t CopyAsciiUnits(char* at, const char* bytes, std::size_t count) {
+  constexpr std::size_t kUnits = sizeof(ByteWord) / 2;
+  constexpr ByteWord kNonAscii = 0xFF80FF80FF80FF80U;
+  std::size_t copied = 0;
+  for (; count - copied >= kUnits; copied += kUnits) {
+    const ByteWord units = LoadBytes(bytes + 2 * copied);
+    if ((units & kNonAscii) != 0) {
+      break;
+    }
+    const std::uint32_t four = Narrow(units);
+    for (unsigned i = 0; i < kUnits; ++i) {
+      at[copied + i] = static_cast<char>(four >> (8 * i));
+    }
+  }
+  return copied;
 }
 
 constexpr bool IsHighSurrogate(std::uint32_t unit) {
@@ -55,24 +103,12 @@ std::string DecodeWindows1252Byte(unsigned char byte) {
 }
 
 std::string DecodeCodePageText(const char* text) {
-  if (text == nullptr) {
-    return {};
-  }
-  if (eightBitIsUtf8) {
-    return text;
-  }
-  std::string out;
-  out.reserve(std::strlen(text));
-  for (; *text != '\0'; ++text) {
-    AppendWindows1252(out, static_cast<unsigned char>(*text));
-  }
-  return out;
+  return std::string(ViewText(false, text));
 }
 
 std::string DecodeUtf16Text(const void* text) {
-  std::string out;
   if (text == nullptr) {
-    return out;
+    return {};
   }
   const auto* bytes = static_cast<const char*>(text);
   // The library may hand over odd addresses, so units are copied out.
@@ -81,7 +117,13 @@ std::string DecodeUtf16Text(const void* text) {
     std::memcpy(&unit, bytes + 2 * i, sizeof unit);
     return std::uint32_t{unit};
   };
-  for (std::size_t i = 0; unitAt(i) != 0; ++i) {
+  std::size_t count = 0;
+  while (unitAt(count) != 0) {
+    ++count;
+  }
+  std::string out(count, '\0');
+  out.resize(CopyAsciiUnits(out.data(), bytes, count));
+  for (std::size_t i = out.size(); i < count; ++i) {
     const std::uint32_t unit = unitAt(i);
     if (IsHighSurrogate(unit) && IsLowSurrogate(unitAt(i + 1))) {
       ++i;
@@ -96,5 +138,17 @@ std::string DecodeUtf16Text(const void* text) {
 }
 
 std::string DecodeText(bool unicodeText, const char* text) {
-  return unicodeText ? DecodeUtf16Text(text) : DecodeCodePageText(text);
+  return std::string(ViewText(unicodeText, text));
+}
+
+DecodedText ViewText(bool unicodeText, const char* text) {
+  if (unicodeText) {
+    return DecodedText(DecodeUtf16Text(text));
+  }
+  const std::string_view bytes = text == nullptr ? std::string_view{} : std::string_view{text};
+  const std::size_t ascii = eightBitIsUtf8 ? bytes.size() : AsciiLength(bytes);
+  if (ascii == bytes.size()) {
+    return DecodedText(bytes);
+  }
+  return DecodedText(DecodeWindows1252(bytes));
 }

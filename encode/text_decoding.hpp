@@ -7,6 +7,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
 
 // Whether 8-bit strings of this run's drawing are UTF-8 already and are copied
 // unchanged (DXF files from 2007 on). Process-wide, because the decoder of
@@ -16,6 +18,23 @@ bool EightBitIsUtf8();
 
 // One Windows-1252 byte as UTF-8, whatever the switch above says.
 std::string DecodeWindows1252Byte(unsigned char byte);
+
+// A text in UTF-8: a view of the drawing's own bytes where these need no
+// decoding, else a text of its own.
+class DecodedText {
+ public:
+  explicit DecodedText(std::string_view borrowed) : view_(borrowed) {}
+  explicit DecodedText(std::string&& owned) : owned_(std::move(owned)), view_(owned_) {}
+  DecodedText(const DecodedText&) = delete;
+  DecodedText& operator=(const DecodedText&) = delete;
+
+  std::string_view view() const { return view_; }
+  operator std::string_view() const { return view_; }
+
+ private:
+  std::string owned_;
+  std::string_view view_;
+};
 
 // 8-bit text up to its NUL; null gives an empty text. Windows-1252's five
 // unassigned bytes become the code points of the same value.
@@ -28,3 +47,6 @@ std::string DecodeUtf16Text(const void* text);
 // `text` by the kind of the drawing's strings: UTF-16 when `unicodeText` is
 // set. LibreDWG types both kinds as `char*`.
 std::string DecodeText(bool unicodeText, const char* text);
+
+// The same for as long as the drawing lives.
+DecodedText ViewText(bool unicodeText, const char* text);

@@ -4,18 +4,16 @@
 
 #include <dwg.h>
 
-#include <string>
-
 #include "entities/entity_context.hpp"
 
-// One complete record, without its colour keys, or the empty string when the
+// Appends one complete record, without its colour keys, or nothing when the
 // object is not written. Types without a writer are counted in the context;
 // findings of the writers go to its warnings. Never fails.
-std::string convertEntity(const Dwg_Object& object, EntityContext& context);
+void convertEntity(JsonOut& out, const Dwg_Object& object, EntityContext& context);
 
 // A growing array of finished records. Several runs of calls can fill one.
 struct EntityList {
-  std::string& out;
+  JsonOut& out;
   bool debugColors = false;
   bool first = true;
 };

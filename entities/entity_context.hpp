@@ -14,6 +14,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "encode/json_text.hpp"
+#include "encode/text_decoding.hpp"
 #include "entities/lookup_tables.hpp"
 
 // What the walks from polylines to their vertices meet, in object order: the
@@ -45,7 +47,7 @@ struct EntityContext {
   std::optional<VertexIndex> vertexIndex = {};
 
   // A string of the drawing as UTF-8.
-  std::string Decode(const char* text) const;
+  DecodedText Decode(const char* text) const { return ViewText(unicodeText, text); }
 };
 
 // Whether the drawing was read from a DXF file; process-wide, set once after
@@ -57,7 +59,12 @@ bool InputIsDxf();
 std::string_view LayerNameOf(const Dwg_Object_Entity& entity, const EntityContext& context);
 
 // `{"type":"TYPE","layer":"NAME"`: the start of every record.
-std::string BeginRecord(std::string_view type, std::string_view layer);
+inline void BeginRecord(JsonOut& out, std::string_view type, std::string_view layer) {
+  out += "{\"type\":\"";
+  out += type;
+  out += "\",\"layer\":";
+  AppendQuoted(out, layer);
+}
 
 // The family of a text style, empty when there is none.
 std::string_view FontFamilyOf(Handle style, const LookupTables& tables);

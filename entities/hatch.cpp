@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <cstddef>
 
 #include "encode/json_text.hpp"
 #include "encode/portable_math.hpp"
@@ -22,12 +22,22 @@ constexpr double kShortestChord = 1e-12;
 constexpr double kSmallestAngle = 1e-9;
 constexpr std::size_t kMinLoopPoints = 3;
 
-struct Point {
-  double x;
-  double y;
-};
+// The points of one boundary, written as they come.
+class Loop {
+ public:
+  explicit Loop(CoordinateCursor cursor) : cursor_(cursor) {}
 
-using Loop = std::vector<Point>;
+  void Add(double x, double y) {
+    AppendCoordinatePair(cursor_, x, y);
+    ++size_;
+  }
+
+  std::size_t size() const { return size_; }
+
+ private:
+  CoordinateCursor cursor_;
+  std::size_t size_ = 0;
+};
 
 int StepCount(double sweep) {
   const double steps = std::ceil(std::fabs(sweep) / kAngleStep);
@@ -36,13 +46,13 @@ int StepCount(double sweep) {
 }
 
 // The points from `from` up to, but without, `to` along the arc of the bulge.
-void AppendBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, double bulge) {
+void AddBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, double bulge) {
   const double dx = to.x - from.x;
   const double dy = to.y - from.y;
   const double chord = std::sqrt(dx * dx + dy * dy);
   const double angle = 4 * PortableAtan(bulge);
   if (chord < kShortestChord || std::fabs(angle) < kSmallestAngle) {
-    loop.push_back({from.x, from.y});
+    loop.Add(from.x, from.y);
     return;
   }
   const double radius = chord / (2 * PortableSin(std::fabs(angle) / 2));
@@ -57,28 +67,28 @@ void AppendBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, dou
   const int steps = StepCount(angle);
   for (int j = 0; j < steps; ++j) {
     const double a = start + j * angle / steps;
-    loop.push_back({centerX + radius * PortableCos(a), centerY + radius * PortableSin(a)});
+    const SineAndCosine direction = PortableSinCos(a);
+    loop.Add(centerX + radius * direction.cosine, centerY + radius * direction.sine);
   }
 }
 
-Loop PolylineLoop(const Dwg_HATCH_Path& path) {
+void AddPolyline(Loop& loop, const Dwg_HATCH_Path& path) {
   const auto vertices = SpanOf(path.polyline_paths, path.num_segs_or_paths);
-  Loop loop;
   for (std::size_t i = 0; i < vertices.size(); ++i) {
     const auto& vertex = vertices[i];
     const bool endsOpenPath = i + 1 == vertices.size() && path.closed == 0;
     if (path.bulges_present == 0 || endsOpenPath || vertex.bulge == 0) {
-      loop.push_back({vertex.point.x, vertex.point.y});
+      loop.Add(vertex.point.x, vertex.point.y);
     } else {
-      AppendBulge(loop, vertex.point, vertices[(i + 1) % vertices.size()].point, vertex.bulge);
+      AddBulge(loop, vertex.point, vertices[(i + 1) % vertices.size()].point, vertex.bulge);
     }
   }
-  return loop;
 }
 
-// Calls `pointAt` with each angle of the segment's sweep, both ends included.
-template <typename PointAt>
-void AppendSweep(Loop& loop, const Dwg_HATCH_PathSeg& segment, PointAt pointAt) {
+// Calls `addPoint` with the direction of each angle of the segment's sweep, both
+// ends included.
+template <typename AddPoint>
+void AddSweep(const Dwg_HATCH_PathSeg& segment, AddPoint addPoint) {
   double start = segment.start_angle;
   double end = segment.end_angle;
   if (end < start) {
@@ -91,91 +101,92 @@ void AppendSweep(Loop& loop, const Dwg_HATCH_PathSeg& segment, PointAt pointAt) 
   }
   const int steps = StepCount(sweep);
   for (int j = 0; j <= steps; ++j) {
-    loop.push_back(pointAt(start + j * sweep / steps));
+    addPoint(PortableSinCos(start + j * sweep / steps));
   }
 }
 
-void AppendCircularArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
-  AppendSweep(loop, segment, [&segment](double a) {
-    return Point{segment.center.x + segment.radius * PortableCos(a),
-                 segment.center.y + segment.radius * PortableSin(a)};
+void AddCircularArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+  AddSweep(segment, [&](const SineAndCosine& a) {
+    loop.Add(segment.center.x + segment.radius * a.cosine,
+             segment.center.y + segment.radius * a.sine);
   });
 }
 
-void AppendEllipticalArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+void AddEllipticalArc(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
   const BITCODE_2RD& axis = segment.endpoint;
-  AppendSweep(loop, segment, [&segment, &axis](double a) {
-    const double minor = PortableSin(a) * segment.minor_major_ratio;
-    return Point{segment.center.x + PortableCos(a) * axis.x + minor * -axis.y,
-                 segment.center.y + PortableCos(a) * axis.y + minor * axis.x};
+  AddSweep(segment, [&](const SineAndCosine& a) {
+    const double minor = a.sine * segment.minor_major_ratio;
+    loop.Add(segment.center.x + a.cosine * axis.x + minor * -axis.y,
+             segment.center.y + a.cosine * axis.y + minor * axis.x);
   });
 }
 
-void AppendSpline(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
+void AddSpline(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
   const auto fitPoints = SpanOf(segment.fitpts, segment.num_fitpts);
   for (const BITCODE_2RD& point : fitPoints) {
-    loop.push_back({point.x, point.y});
+    loop.Add(point.x, point.y);
   }
   if (!fitPoints.empty()) {
     return;
   }
   for (const auto& control : SpanOf(segment.control_points, segment.num_control_points)) {
-    loop.push_back({control.point.x, control.point.y});
+    loop.Add(control.point.x, control.point.y);
   }
 }
 
-Loop EdgeLoop(const Dwg_HATCH_Path& path) {
+void AddEdges(Loop& loop, const Dwg_HATCH_Path& path) {
   const auto segments = SpanOf(path.segs, path.num_segs_or_paths);
-  Loop loop;
   for (std::size_t i = 0; i < segments.size(); ++i) {
     const Dwg_HATCH_PathSeg& segment = segments[i];
     switch (segment.curve_type) {
       case 1:
-        loop.push_back({segment.first_endpoint.x, segment.first_endpoint.y});
+        loop.Add(segment.first_endpoint.x, segment.first_endpoint.y);
         if (i + 1 == segments.size()) {
-          loop.push_back({segment.second_endpoint.x, segment.second_endpoint.y});
+          loop.Add(segment.second_endpoint.x, segment.second_endpoint.y);
         }
         break;
-      case 2: AppendCircularArc(loop, segment); break;
-      case 3: AppendEllipticalArc(loop, segment); break;
-      case 4: AppendSpline(loop, segment); break;
+      case 2: AddCircularArc(loop, segment); break;
+      case 3: AddEllipticalArc(loop, segment); break;
+      case 4: AddSpline(loop, segment); break;
       default: break;
     }
   }
-  return loop;
 }
 
-void AppendLoop(BracketCursor& loops, const Loop& loop) {
-  std::string text;
-  CoordinateCursor coordinates{text};
-  for (const Point& point : loop) {
-    AppendCoordinatePair(coordinates, point.x, point.y);
+// A boundary of too few points is taken back.
+void AppendLoop(BracketCursor& loops, const Dwg_HATCH_Path& path) {
+  const std::size_t start = loops.out.size();
+  Loop loop(BeginBracketedItem(loops));
+  if (IsPolylinePath(path)) {
+    AddPolyline(loop, path);
+  } else {
+    AddEdges(loop, path);
   }
-  AppendBracketedItem(loops, text);
+  if (loop.size() < kMinLoopPoints) {
+    loops.out.Truncate(start);
+  } else {
+    EndBracketedItem(loops);
+  }
 }
 
 }  // namespace
 
-std::string HatchRecord(const Dwg_Entity_HATCH& hatch, std::string_view layer) {
+void AppendHatchRecord(JsonOut& out, const Dwg_Entity_HATCH& hatch, std::string_view layer) {
   const auto paths = SpanOf(hatch.paths, hatch.num_paths);
   if (HatchDebugEnabled() && !paths.empty()) {
     DumpHatch(hatch);
   }
-  std::string loopText;
-  BracketCursor loops{loopText};
-  for (const Dwg_HATCH_Path& path : paths) {
-    const Loop loop = IsPolylinePath(path) ? PolylineLoop(path) : EdgeLoop(path);
-    if (loop.size() >= kMinLoopPoints) {
-      AppendLoop(loops, loop);
-    }
-  }
-  if (loops.count == 0) {
-    return {};
-  }
-  std::string out = BeginRecord("HATCH", layer);
+  const std::size_t start = out.size();
+  BeginRecord(out, "HATCH", layer);
   AppendBoolKey(out, ",\"solid\":", hatch.is_solid_fill != 0 || hatch.is_gradient_fill != 0);
   out += ",\"loops\":[";
-  out += loopText;
+  BracketCursor loops{out};
+  for (const Dwg_HATCH_Path& path : paths) {
+    AppendLoop(loops, path);
+  }
+  if (loops.count == 0) {
+    out.Truncate(start);
+    return;
+  }
   out += "]}";
-  return out;
 }

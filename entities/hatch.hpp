@@ -7,9 +7,10 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
+
+#include "encode/json_out.hpp"
 
 // Loops of fewer than three points are dropped; nothing without any loop.
 // Gradients count as solid fills.
-std::string HatchRecord(const Dwg_Entity_HATCH& hatch, std::string_view layer);
+void AppendHatchRecord(JsonOut& out, const Dwg_Entity_HATCH& hatch, std::string_view layer);

@@ -10,8 +10,7 @@ constexpr unsigned kShowImage = 1;
 template <typename Entry>
 const Entry* FindDefinition(const HandleMap<Entry>& definitions, const Dwg_Object_Ref* reference) {
   const Handle handle = HandleOf(reference);
-  const auto found = handle == 0 ? definitions.end() : definitions.find(handle);
-  return found == definitions.end() ? nullptr : &found->second;
+  return handle == 0 ? nullptr : definitions.Find(handle);
 }
 
 void WarnOfMissingPdf(const PdfEntry* entry, EntityContext& context) {
@@ -22,17 +21,17 @@ void WarnOfMissingPdf(const PdfEntry* entry, EntityContext& context) {
 
 }  // namespace
 
-std::string ImageRecord(const Dwg_Entity_IMAGE& image, std::string_view layer,
-                        EntityContext& context) {
+void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_view layer,
+                       EntityContext& context) {
   const bool isShown = (image.display_props & kShowImage) != 0;
   if (!isShown || !(image.image_size.x > 0) || !(image.image_size.y > 0)) {
-    return {};
+    return;
   }
   const std::string* path = FindDefinition(context.tables.imageDefs, image.imagedef);
   if (path == nullptr || path->empty()) {
-    return {};
+    return;
   }
-  std::string out = BeginRecord("IMAGE", layer);
+  BeginRecord(out, "IMAGE", layer);
   AppendQuotedKey(out, ",\"path\":", *path);
   AppendNumberKey(out, ",\"px0\":", image.pt0.x);
   AppendNumberKey(out, ",\"py0\":", image.pt0.y);
@@ -43,17 +42,16 @@ std::string ImageRecord(const Dwg_Entity_IMAGE& image, std::string_view layer,
   AppendNumberKey(out, ",\"sw\":", image.image_size.x);
   AppendNumberKey(out, ",\"sh\":", image.image_size.y);
   out += '}';
-  return out;
 }
 
-std::string PdfUnderlayRecord(const Dwg_Entity_PDFUNDERLAY& underlay, std::string_view layer,
-                              EntityContext& context) {
+void AppendPdfUnderlayRecord(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
+                             std::string_view layer, EntityContext& context) {
   const PdfEntry* entry = FindDefinition(context.tables.pdfDefs, underlay.definition_id);
   if (entry == nullptr || entry->resolvedPath.empty()) {
     WarnOfMissingPdf(entry, context);
-    return {};
+    return;
   }
-  std::string out = BeginRecord("PDFUNDERLAY", layer);
+  BeginRecord(out, "PDFUNDERLAY", layer);
   AppendQuotedKey(out, ",\"path\":", entry->resolvedPath);
   AppendIntKey(out, ",\"page\":", entry->page);
   AppendNumberKey(out, ",\"ix\":", underlay.ins_pt.x);
@@ -62,5 +60,4 @@ std::string PdfUnderlayRecord(const Dwg_Entity_PDFUNDERLAY& underlay, std::strin
   AppendNumberKey(out, ",\"sy\":", underlay.scale.y);
   AppendNumberKey(out, ",\"angle\":", underlay.angle);
   out += '}';
-  return out;
 }

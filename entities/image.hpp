@@ -4,16 +4,15 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
 
 // Nothing, without a warning, when the image is hidden, has no size, or its
 // file is unknown.
-std::string ImageRecord(const Dwg_Entity_IMAGE& image, std::string_view layer,
-                        EntityContext& context);
+void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_view layer,
+                       EntityContext& context);
 
 // Nothing, with a warning, when the PDF file was not found.
-std::string PdfUnderlayRecord(const Dwg_Entity_PDFUNDERLAY& underlay, std::string_view layer,
-                              EntityContext& context);
+void AppendPdfUnderlayRecord(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
+                             std::string_view layer, EntityContext& context);

@@ -10,11 +10,8 @@ std::string_view ReferencedBlock(const Dwg_Object_Ref* header, const LookupTable
   if (header == nullptr) {
     return {};
   }
-  const auto found = tables.blockNames.find(header->absolute_ref);
-  if (found == tables.blockNames.end() || IsLayoutBlockName(found->second)) {
-    return {};
-  }
-  return found->second;
+  const std::string* name = tables.blockNames.Find(header->absolute_ref);
+  return name == nullptr || IsLayoutBlockName(*name) ? std::string_view{} : *name;
 }
 
 // The DXF reader gives a missing scale the insertion point's coordinate.
@@ -23,8 +20,9 @@ double ScaleOf(double scale, double coordinate) {
 }
 
 template <typename Insert>
-std::string Record(const Insert& insert, std::string_view layer, std::string_view block) {
-  std::string out = BeginRecord("INSERT", layer);
+void AppendRecord(JsonOut& out, const Insert& insert, std::string_view layer,
+                  std::string_view block) {
+  BeginRecord(out, "INSERT", layer);
   AppendQuotedKey(out, ",\"blockName\":", block);
   AppendNumberKey(out, ",\"x\":", insert.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", insert.ins_pt.y);
@@ -33,7 +31,6 @@ std::string Record(const Insert& insert, std::string_view layer, std::string_vie
   AppendNumberKey(out, ",\"scaleY\":", ScaleOf(insert.scale.y, insert.ins_pt.y));
   AppendNumberKey(out, ",\"scaleZ\":", ScaleOf(insert.scale.z, insert.ins_pt.z));
   out += '}';
-  return out;
 }
 
 }  // namespace
@@ -43,19 +40,21 @@ bool IsLayoutBlockName(std::string_view name) {
          StartsWithIgnoringCase(name, "*paper_space");
 }
 
-std::string InsertRecord(const Dwg_Entity_INSERT& insert, std::string_view layer,
-                         EntityContext& context) {
+void AppendInsertRecord(JsonOut& out, const Dwg_Entity_INSERT& insert, std::string_view layer,
+                        EntityContext& context) {
   const std::string_view block = ReferencedBlock(insert.block_header, context.tables);
-  return block.empty() ? std::string{} : Record(insert, layer, block);
+  if (!block.empty()) {
+    AppendRecord(out, insert, layer, block);
+  }
 }
 
-std::string ArrayedInsertRecord(const Dwg_Entity_MINSERT& insert, std::string_view layer,
-                                EntityContext& context) {
+void AppendArrayedInsertRecord(JsonOut& out, const Dwg_Entity_MINSERT& insert,
+                               std::string_view layer, EntityContext& context) {
   const std::string_view block = ReferencedBlock(insert.block_header, context.tables);
   if (block.empty()) {
-    return {};
+    return;
   }
   context.warnings.push_back("MINSERT \"" + std::string(block) +
                              "\" treated as single INSERT (grid not supported)");
-  return Record(insert, layer, block);
+  AppendRecord(out, insert, layer, block);
 }

@@ -3,7 +3,6 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
@@ -13,9 +12,9 @@
 bool IsLayoutBlockName(std::string_view name);
 
 // Nothing when the referenced block is unknown, nameless or a layout block.
-std::string InsertRecord(const Dwg_Entity_INSERT& insert, std::string_view layer,
-                         EntityContext& context);
+void AppendInsertRecord(JsonOut& out, const Dwg_Entity_INSERT& insert, std::string_view layer,
+                        EntityContext& context);
 
 // The first cell of the array as a plain INSERT record, with a warning.
-std::string ArrayedInsertRecord(const Dwg_Entity_MINSERT& insert, std::string_view layer,
-                                EntityContext& context);
+void AppendArrayedInsertRecord(JsonOut& out, const Dwg_Entity_MINSERT& insert,
+                               std::string_view layer, EntityContext& context);

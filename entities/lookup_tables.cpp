@@ -1,36 +1,47 @@
 #include "entities/lookup_tables.hpp"
 
-#include <chrono>
+#include <utility>
 
-namespace {
-
-const std::vector<const Dwg_Object*> kNoObjects;
-
-// Where this variable lies and when the process began: nothing that whoever
-// made a drawing could know.
-std::uint64_t MakeSeed() {
-  static const char place = 0;
-  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-  return reinterpret_cast<std::uintptr_t>(&place) ^ static_cast<std::uint64_t>(now) << 20U;
+std::uint32_t EntitiesByOwner::GroupOf(Handle owner) {
+  // Neighbours mostly share their owner, which saves the look-up.
+  if (!groups_.empty() && owner == lastOwner_) {
+    return groups_.back();
+  }
+  lastOwner_ = owner;
+  std::uint32_t& number = groupOf_[owner];
+  if (number == 0) {
+    ends_.push_back(0);
+    number = static_cast<std::uint32_t>(ends_.size());
+  }
+  return number - 1;
 }
 
-}  // namespace
-
-// Two rounds of multiplication and shift (D. Stafford, variant 13 of the
-// finalizer of MurmurHash3), the seed going into both.
-std::size_t HandleHash::operator()(Handle handle) const {
-  static const std::uint64_t seed = MakeSeed();
-  std::uint64_t mixed = handle ^ seed;
-  mixed = (mixed ^ mixed >> 30U) * 0xBF58476D1CE4E5B9;
-  mixed = (mixed ^ mixed >> 27U ^ seed) * 0x94D049BB133111EB;
-  return static_cast<std::size_t>(mixed ^ mixed >> 31U);
+void EntitiesByOwner::Add(Handle owner, const Dwg_Object& entity) {
+  const std::uint32_t group = GroupOf(owner);
+  entities_.push_back(&entity);
+  groups_.push_back(group);
+  ++ends_[group];
 }
 
-const std::vector<const Dwg_Object*>& LookupTables::OwnedBy(Handle owner) const {
-  const auto found = entitiesByOwner.find(owner);
-  return found == entitiesByOwner.end() ? kNoObjects : found->second;
+void EntitiesByOwner::Finish() {
+  std::size_t begin = 0;
+  for (std::size_t& end : ends_) {
+    begin += std::exchange(end, begin);
+  }
+  // Each end, still the group's begin, moves on with every entity.
+  std::vector<const Dwg_Object*> grouped(entities_.size());
+  for (std::size_t i = 0; i < entities_.size(); ++i) {
+    grouped[ends_[groups_[i]]++] = entities_[i];
+  }
+  entities_ = std::move(grouped);
+  groups_ = {};
 }
 
-const std::vector<const Dwg_Object*>& LookupTables::OwnedBy(const Dwg_Object& owner) const {
-  return owner.handle.value == 0 ? kNoObjects : OwnedBy(owner.handle.value);
+std::span<const Dwg_Object* const> EntitiesByOwner::Of(Handle owner) const {
+  const std::uint32_t* number = groupOf_.Find(owner);
+  if (number == nullptr) {
+    return {};
+  }
+  const std::size_t begin = *number == 1 ? 0 : ends_[*number - 2];
+  return std::span(entities_).subspan(begin, ends_[*number - 1] - begin);
 }

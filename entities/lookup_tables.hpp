@@ -6,25 +6,13 @@
 
 #include <dwg.h>
 
-#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "entities/drawing_access.hpp"
-
-// Mixes a handle with a number that differs from run to run. A drawing chooses
-// its handles; hashed by their value alone, as the standard library does, they
-// could all be made to fall into one bucket, where a look-up searches them all.
-struct HandleHash {
-  std::size_t operator()(Handle handle) const;
-};
-
-template <typename Value>
-using HandleMap = std::unordered_map<Handle, Value, HandleHash>;
-using HandleSet = std::unordered_set<Handle, HandleHash>;
+#include "entities/handle_map.hpp"
 
 // What a dimension style says about drawing its dimensions. The colour texts
 // are JSON, empty when the colour is inherited.
@@ -50,6 +38,29 @@ struct PdfEntry {
   std::int32_t page = 1;
 };
 
+// The entities of a drawing in groups by owner, each in object order.
+class EntitiesByOwner {
+ public:
+  // Adds an entity behind the others of its owner.
+  void Add(Handle owner, const Dwg_Object& entity);
+
+  // Forms the groups; nothing may be added afterwards.
+  void Finish();
+
+  std::span<const Dwg_Object* const> Of(Handle owner) const;
+  bool empty() const { return entities_.empty(); }
+
+ private:
+  // Where the group of an owner stands, by the order in which owners first came.
+  std::uint32_t GroupOf(Handle owner);
+
+  HandleMap<std::uint32_t> groupOf_;
+  std::vector<std::size_t> ends_;  // sizes of the groups at first
+  std::vector<const Dwg_Object*> entities_;
+  std::vector<std::uint32_t> groups_;  // of the entities as they were added
+  Handle lastOwner_ = 0;
+};
+
 struct LookupTables {
   HandleMap<std::string> layerNames;
   HandleMap<double> textStyles;  // fixed text height, 0 when the style has none
@@ -62,12 +73,17 @@ struct LookupTables {
   std::vector<Handle> paperSpaces;  // in object order
   HandleMap<const Dwg_Object_LAYOUT*> layoutsByBlock;
   HandleSet clipBoundaries;
-  HandleMap<std::vector<const Dwg_Object*>> entitiesByOwner;
+  EntitiesByOwner entitiesByOwner;
 
   // The entities under an owner, in object order; none for an unknown one.
-  const std::vector<const Dwg_Object*>& OwnedBy(Handle owner) const;
+  std::span<const Dwg_Object* const> OwnedBy(Handle owner) const {
+    return entitiesByOwner.Of(owner);
+  }
 
   // The attributes under a block reference and the like: an object without a
   // handle owns nothing, although entities without an owner are kept under 0.
-  const std::vector<const Dwg_Object*>& OwnedBy(const Dwg_Object& owner) const;
+  std::span<const Dwg_Object* const> OwnedBy(const Dwg_Object& owner) const {
+    return owner.handle.value == 0 ? std::span<const Dwg_Object* const>{}
+                                   : OwnedBy(owner.handle.value);
+  }
 };

@@ -3,12 +3,23 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+// False as soon as one is no number.
+bool NeverDecrease(std::span<const double> knots) {
+  return std::ranges::adjacent_find(knots, [](double a, double b) { return !(a <= b); }) ==
+         knots.end();
+}
+
+}  // namespace
+
 NurbsCurve::NurbsCurve(std::size_t degree, std::span<const double> knots,
                        std::vector<ControlPoint> controlPoints, bool weighted)
     : degree_(static_cast<std::int64_t>(degree)),
       knots_(knots),
       controlPoints_(std::move(controlPoints)),
       weighted_(weighted),
+      isOrdered_(degree < controlPoints_.size() && NeverDecrease(knots)),
       basis_(degree + 1),
       left_(degree + 1),
       right_(degree + 1) {}
@@ -18,6 +29,12 @@ double NurbsCurve::Knot(std::int64_t index) const {
   return knots_[static_cast<std::size_t>(std::clamp<std::int64_t>(index, 0, last))];
 }
 
+// Among knots in order no other span can hold the parameter, so that a search
+// would end at the same one.
+bool NurbsCurve::HoldsInOrder(std::int64_t span, double t) const {
+  return isOrdered_ && span >= 0 && Knot(span) <= t && t < Knot(span + 1);
+}
+
 std::int64_t NurbsCurve::FindSpan(double t) const {
   const auto count = static_cast<std::int64_t>(controlPoints_.size());
   if (t >= Knot(count)) {
@@ -25,6 +42,9 @@ std::int64_t NurbsCurve::FindSpan(double t) const {
   }
   if (t <= Knot(degree_)) {
     return degree_;
+  }
+  if (HoldsInOrder(lastSpan_, t)) {
+    return lastSpan_;
   }
   std::int64_t low = degree_;
   std::int64_t high = count;
@@ -43,13 +63,14 @@ std::int64_t NurbsCurve::FindSpan(double t) const {
   return mid;
 }
 
-void NurbsCurve::EvaluateBasis(std::int64_t span, double t) {
+template <typename KnotAt>
+void NurbsCurve::EvaluateBasis(std::int64_t span, double t, KnotAt knotAt) {
   const auto degree = static_cast<std::size_t>(degree_);
   basis_[0] = 1;
   for (std::size_t j = 1; j <= degree; ++j) {
     const auto offset = static_cast<std::int64_t>(j);
-    left_[j] = t - Knot(span + 1 - offset);
-    right_[j] = Knot(span + offset) - t;
+    left_[j] = t - knotAt(span + 1 - offset);
+    right_[j] = knotAt(span + offset) - t;
     double saved = 0;
     for (std::size_t r = 0; r < j; ++r) {
       const double denominator = right_[r + 1] + left_[j - r];
@@ -63,7 +84,14 @@ void NurbsCurve::EvaluateBasis(std::int64_t span, double t) {
 
 CurvePoint NurbsCurve::At(double t) {
   const std::int64_t span = FindSpan(t);
-  EvaluateBasis(span, t);
+  lastSpan_ = span;
+  const bool isInside =
+      span + 1 >= degree_ && span + degree_ < static_cast<std::int64_t>(knots_.size());
+  if (isInside) {
+    EvaluateBasis(span, t, [knots = knots_.data()](std::int64_t index) { return knots[index]; });
+  } else {
+    EvaluateBasis(span, t, [this](std::int64_t index) { return Knot(index); });
+  }
   double x = 0;
   double y = 0;
   double sum = 0;

@@ -34,13 +34,17 @@ class NurbsCurve {
 
  private:
   double Knot(std::int64_t index) const;
+  bool HoldsInOrder(std::int64_t span, double t) const;
   std::int64_t FindSpan(double t) const;
-  void EvaluateBasis(std::int64_t span, double t);
+  template <typename KnotAt>
+  void EvaluateBasis(std::int64_t span, double t, KnotAt knotAt);
 
   std::int64_t degree_;
   std::span<const double> knots_;
   std::vector<ControlPoint> controlPoints_;
   bool weighted_;
+  bool isOrdered_;              // knots that never decrease, enough points
+  std::int64_t lastSpan_ = -1;  // of the point before
   std::vector<double> basis_;
   std::vector<double> left_;
   std::vector<double> right_;

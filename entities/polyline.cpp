@@ -83,56 +83,60 @@ std::vector<Vertex> Vertices2d(const Dwg_Object& polyline, EntityContext& contex
 }
 
 // The record of a two-dimensional polyline, with one bulge a point.
-std::string BulgedRecord(std::string_view type, std::string_view layer, bool isClosed,
-                         std::span<const Vertex> vertices) {
-  std::string out = BeginRecord(type, layer);
+// `vertexAt` gives the vertex at each position below `count`.
+template <typename VertexAt>
+void AppendBulgedRecord(JsonOut& out, std::string_view type, std::string_view layer, bool isClosed,
+                        std::size_t count, VertexAt vertexAt) {
+  BeginRecord(out, type, layer);
   AppendBoolKey(out, ",\"closed\":", isClosed);
   out += ",\"points\":[";
   ListCursor points{out};
-  for (const Vertex& vertex : vertices) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const Vertex vertex = vertexAt(i);
     AppendPoint(points, vertex.x, vertex.y);
   }
   out += "],\"bulges\":[";
   ListCursor bulges{out};
-  for (const Vertex& vertex : vertices) {
-    AppendListNumber(bulges, vertex.bulge);
+  for (std::size_t i = 0; i < count; ++i) {
+    AppendListNumber(bulges, vertexAt(i).bulge);
   }
   out += "]}";
-  return out;
 }
 
 }  // namespace
 
-std::string LwPolylineRecord(const Dwg_Entity_LWPOLYLINE& polyline, std::string_view layer) {
+void AppendLwPolylineRecord(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline,
+                            std::string_view layer) {
   const auto points = SpanOf(polyline.points, polyline.num_points);
   const auto bulges = SpanOf(polyline.bulges, polyline.num_bulges);
   if (points.empty()) {
-    return {};
+    return;
   }
-  std::vector<Vertex> vertices;
-  vertices.reserve(points.size());
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    vertices.push_back({points[i].x, points[i].y, i < bulges.size() ? bulges[i] : 0});
-  }
-  return BulgedRecord("LWPOLYLINE", layer, (polyline.flag & kLwPolylineClosed) != 0, vertices);
+  AppendBulgedRecord(out, "LWPOLYLINE", layer, (polyline.flag & kLwPolylineClosed) != 0,
+                     points.size(), [&](std::size_t i) {
+                       return Vertex{points[i].x, points[i].y, i < bulges.size() ? bulges[i] : 0};
+                     });
 }
 
-std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string_view layer,
-                             EntityContext& context, const Dwg_Object& object) {
+void AppendPolyline2dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
+                            std::string_view layer, EntityContext& context,
+                            const Dwg_Object& object) {
   const std::vector<Vertex> vertices = Vertices2d(object, context);
   if (vertices.empty()) {
-    return {};
+    return;
   }
-  return BulgedRecord("POLYLINE_2D", layer, (polyline.flag & kPolylineClosed) != 0, vertices);
+  AppendBulgedRecord(out, "POLYLINE_2D", layer, (polyline.flag & kPolylineClosed) != 0,
+                     vertices.size(), [&](std::size_t i) { return vertices[i]; });
 }
 
-std::string Polyline3dRecord(const Dwg_Entity_POLYLINE_3D& polyline, std::string_view layer,
-                             EntityContext& context, const Dwg_Object& object) {
+void AppendPolyline3dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
+                            std::string_view layer, EntityContext& context,
+                            const Dwg_Object& object) {
   const auto vertices = VerticesAfter(object, context, &VertexIndex::spatialPoints);
   if (vertices.empty()) {
-    return {};
+    return;
   }
-  std::string out = BeginRecord("POLYLINE_3D", layer);
+  BeginRecord(out, "POLYLINE_3D", layer);
   AppendBoolKey(out, ",\"closed\":", (polyline.flag & kPolylineClosed) != 0);
   out += ",\"points\":[";
   ListCursor points{out};
@@ -141,5 +145,4 @@ std::string Polyline3dRecord(const Dwg_Entity_POLYLINE_3D& polyline, std::string
     AppendPoint(points, point.x, point.y, point.z);
   }
   out += "]}";
-  return out;
 }

@@ -4,22 +4,24 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
 
 // Missing bulges are 0. Nothing without points.
-std::string LwPolylineRecord(const Dwg_Entity_LWPOLYLINE& polyline, std::string_view layer);
+void AppendLwPolylineRecord(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline,
+                            std::string_view layer);
 
 // The vertices are the objects that follow the polyline in the drawing's
 // object array, up to the first SEQEND or object that is no entity; consumers
 // depend on that order, whatever vertices the polyline itself names. Spline
 // frame control points count only when there is nothing else. Nothing without
 // vertices.
-std::string Polyline2dRecord(const Dwg_Entity_POLYLINE_2D& polyline, std::string_view layer,
-                             EntityContext& context, const Dwg_Object& object);
+void AppendPolyline2dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
+                            std::string_view layer, EntityContext& context,
+                            const Dwg_Object& object);
 
 // As above, with every three-dimensional vertex.
-std::string Polyline3dRecord(const Dwg_Entity_POLYLINE_3D& polyline, std::string_view layer,
-                             EntityContext& context, const Dwg_Object& object);
+void AppendPolyline3dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
+                            std::string_view layer, EntityContext& context,
+                            const Dwg_Object& object);

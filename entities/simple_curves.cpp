@@ -9,75 +9,71 @@ namespace {
 
 // RAY and XLINE share one layout.
 template <typename Curve>
-std::string DirectedRecord(std::string_view type, const Curve& curve, std::string_view layer) {
-  std::string out = BeginRecord(type, layer);
+void AppendDirectedRecord(JsonOut& out, std::string_view type, const Curve& curve,
+                          std::string_view layer) {
+  BeginRecord(out, type, layer);
   AppendNumberKey(out, ",\"x\":", curve.point.x);
   AppendNumberKey(out, ",\"y\":", curve.point.y);
   AppendNumberKey(out, ",\"dx\":", curve.vector.x);
   AppendNumberKey(out, ",\"dy\":", curve.vector.y);
   out += '}';
-  return out;
 }
 
 template <typename Curve>
-void AppendCenterAndRadius(std::string& out, const Curve& curve) {
+void AppendCenterAndRadius(JsonOut& out, const Curve& curve) {
   AppendNumberKey(out, ",\"cx\":", curve.center.x);
   AppendNumberKey(out, ",\"cy\":", curve.center.y);
   AppendNumberKey(out, ",\"radius\":", curve.radius);
 }
 
 template <typename Curve>
-void AppendAngles(std::string& out, const Curve& curve) {
+void AppendAngles(JsonOut& out, const Curve& curve) {
   AppendNumberKey(out, ",\"startAngleRad\":", curve.start_angle);
   AppendNumberKey(out, ",\"endAngleRad\":", curve.end_angle);
 }
 
 }  // namespace
 
-std::string LineRecord(const Dwg_Entity_LINE& line, std::string_view layer) {
-  std::string out = BeginRecord("LINE", layer);
+void AppendLineRecord(JsonOut& out, const Dwg_Entity_LINE& line, std::string_view layer) {
+  BeginRecord(out, "LINE", layer);
   AppendNumberKey(out, ",\"startX\":", line.start.x);
   AppendNumberKey(out, ",\"startY\":", line.start.y);
   AppendNumberKey(out, ",\"endX\":", line.end.x);
   AppendNumberKey(out, ",\"endY\":", line.end.y);
   out += '}';
-  return out;
 }
 
-std::string PointRecord(const Dwg_Entity_POINT& point, std::string_view layer) {
-  std::string out = BeginRecord("POINT", layer);
+void AppendPointRecord(JsonOut& out, const Dwg_Entity_POINT& point, std::string_view layer) {
+  BeginRecord(out, "POINT", layer);
   AppendNumberKey(out, ",\"x\":", point.x);
   AppendNumberKey(out, ",\"y\":", point.y);
   out += '}';
-  return out;
 }
 
-std::string RayRecord(const Dwg_Entity_RAY& ray, std::string_view layer) {
-  return DirectedRecord("RAY", ray, layer);
+void AppendRayRecord(JsonOut& out, const Dwg_Entity_RAY& ray, std::string_view layer) {
+  AppendDirectedRecord(out, "RAY", ray, layer);
 }
 
-std::string XlineRecord(const Dwg_Entity_XLINE& xline, std::string_view layer) {
-  return DirectedRecord("XLINE", xline, layer);
+void AppendXlineRecord(JsonOut& out, const Dwg_Entity_XLINE& xline, std::string_view layer) {
+  AppendDirectedRecord(out, "XLINE", xline, layer);
 }
 
-std::string CircleRecord(const Dwg_Entity_CIRCLE& circle, std::string_view layer) {
-  std::string out = BeginRecord("CIRCLE", layer);
+void AppendCircleRecord(JsonOut& out, const Dwg_Entity_CIRCLE& circle, std::string_view layer) {
+  BeginRecord(out, "CIRCLE", layer);
   AppendCenterAndRadius(out, circle);
   out += '}';
-  return out;
 }
 
-std::string ArcRecord(const Dwg_Entity_ARC& arc, std::string_view layer) {
-  std::string out = BeginRecord("ARC", layer);
+void AppendArcRecord(JsonOut& out, const Dwg_Entity_ARC& arc, std::string_view layer) {
+  BeginRecord(out, "ARC", layer);
   AppendCenterAndRadius(out, arc);
   AppendAngles(out, arc);
   out += '}';
-  return out;
 }
 
-std::string EllipseRecord(const Dwg_Entity_ELLIPSE& ellipse, std::string_view layer) {
+void AppendEllipseRecord(JsonOut& out, const Dwg_Entity_ELLIPSE& ellipse, std::string_view layer) {
   const BITCODE_3BD& axis = ellipse.sm_axis;
-  std::string out = BeginRecord("ELLIPSE", layer);
+  BeginRecord(out, "ELLIPSE", layer);
   AppendNumberKey(out, ",\"cx\":", ellipse.center.x);
   AppendNumberKey(out, ",\"cy\":", ellipse.center.y);
   AppendNumberKey(out, ",\"smAxisX\":", axis.x);
@@ -87,5 +83,4 @@ std::string EllipseRecord(const Dwg_Entity_ELLIPSE& ellipse, std::string_view la
   AppendNumberKey(out, ",\"axisRatio\":", ellipse.axis_ratio);
   AppendAngles(out, ellipse);
   out += '}';
-  return out;
 }

@@ -16,8 +16,8 @@ bool Coincide(const BITCODE_2RD& a, const BITCODE_2RD& b) {
 
 }  // namespace
 
-std::string SolidRecord(const Dwg_Entity_SOLID& solid, std::string_view layer) {
-  std::string out = BeginRecord("SOLID", layer);
+void AppendSolidRecord(JsonOut& out, const Dwg_Entity_SOLID& solid, std::string_view layer) {
+  BeginRecord(out, "SOLID", layer);
   out += ",\"pts\":[";
   ListCursor points{out};
   AppendPoint(points, solid.corner1.x, solid.corner1.y);
@@ -27,5 +27,4 @@ std::string SolidRecord(const Dwg_Entity_SOLID& solid, std::string_view layer) {
   }
   AppendPoint(points, solid.corner3.x, solid.corner3.y);
   out += "]}";
-  return out;
 }

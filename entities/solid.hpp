@@ -3,9 +3,10 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
+
+#include "encode/json_out.hpp"
 
 // The corners in outline order (the format stores them in zig-zag order); the
 // fourth is left out when it coincides with the third.
-std::string SolidRecord(const Dwg_Entity_SOLID& solid, std::string_view layer);
+void AppendSolidRecord(JsonOut& out, const Dwg_Entity_SOLID& solid, std::string_view layer);

@@ -19,7 +19,7 @@ constexpr std::size_t kMinSamples = 20;
 constexpr std::size_t kAnyCountDegree = 64;
 constexpr std::size_t kMaxHighDegreeWork = 100'000'000;
 
-void AppendTangent(std::string& out, std::string_view key, const BITCODE_3BD& tangent) {
+void AppendTangent(JsonOut& out, std::string_view key, const BITCODE_3BD& tangent) {
   if (!(std::sqrt(tangent.x * tangent.x + tangent.y * tangent.y) > kShortestTangent)) {
     return;
   }
@@ -28,16 +28,15 @@ void AppendTangent(std::string& out, std::string_view key, const BITCODE_3BD& ta
   AppendPoint(point, tangent.x, tangent.y);
 }
 
-std::string BeginSpline(const Dwg_Entity_SPLINE& spline, std::string_view layer) {
-  std::string out = BeginRecord("SPLINE", layer);
+void BeginSpline(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer) {
+  BeginRecord(out, "SPLINE", layer);
   AppendBoolKey(out, ",\"closed\":", spline.closed_b != 0);
   out += ",\"fit_pts\":[";
-  return out;
 }
 
-std::string FitPointRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                           std::span<const BITCODE_3DPOINT> fitPoints) {
-  std::string out = BeginSpline(spline, layer);
+void AppendFitPointRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                          std::span<const BITCODE_3DPOINT> fitPoints) {
+  BeginSpline(out, spline, layer);
   ListCursor points{out};
   for (const BITCODE_3DPOINT& point : fitPoints) {
     AppendPoint(points, point.x, point.y);
@@ -46,7 +45,6 @@ std::string FitPointRecord(const Dwg_Entity_SPLINE& spline, std::string_view lay
   AppendTangent(out, ",\"beg_tan\":", spline.beg_tan_vec);
   AppendTangent(out, ",\"end_tan\":", spline.end_tan_vec);
   out += '}';
-  return out;
 }
 
 std::vector<ControlPoint> ControlPoints(std::span<const Dwg_SPLINE_control_point> stored) {
@@ -63,19 +61,19 @@ bool IsTooCostly(std::size_t degree, std::size_t samples) {
   return degree > kAnyCountDegree && samples > kMaxHighDegreeWork / (order * order);
 }
 
-std::string SampledRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                          std::span<const double> knots,
-                          std::span<const Dwg_SPLINE_control_point> controlPoints) {
+void AppendSampledRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                         std::span<const double> knots,
+                         std::span<const Dwg_SPLINE_control_point> controlPoints) {
   const std::size_t degree = spline.degree;
   const double start = knots[degree];
   const double range = knots[knots.size() - 1 - degree] - start;
   const std::size_t samples = std::max(controlPoints.size() * kSamplesPerControlPoint, kMinSamples);
   if (range < kSmallestRange || IsTooCostly(degree, samples)) {
-    return {};
+    return;
   }
   NurbsCurve curve(degree, knots, ControlPoints(controlPoints),
                    spline.rational != 0 || spline.weighted != 0);
-  std::string out = BeginSpline(spline, layer);
+  BeginSpline(out, spline, layer);
   ListCursor points{out};
   for (std::size_t i = 0; i < samples; ++i) {
     const double share = static_cast<double>(i) / static_cast<double>(samples - 1);
@@ -83,35 +81,36 @@ std::string SampledRecord(const Dwg_Entity_SPLINE& spline, std::string_view laye
     AppendPoint(points, point.x, point.y);
   }
   out += "]}";
-  return out;
 }
 
-std::string Skip(EntityContext& context, std::string_view kind, std::string_view layer,
-                 std::string_view reason) {
+void Skip(EntityContext& context, std::string_view kind, std::string_view layer,
+          std::string_view reason) {
   std::string warning = "Skipped ";
   warning += kind;
   warning += " SPLINE on layer ";
   warning += layer;
   warning += reason;
   context.warnings.push_back(std::move(warning));
-  return {};
 }
 
 }  // namespace
 
-std::string SplineRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                         EntityContext& context) {
+void AppendSplineRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                        EntityContext& context) {
   const auto fitPoints = SpanOf(spline.fit_pts, spline.num_fit_pts);
   if (!fitPoints.empty()) {
-    return FitPointRecord(spline, layer, fitPoints);
+    AppendFitPointRecord(out, spline, layer, fitPoints);
+    return;
   }
   const auto controlPoints = SpanOf(spline.ctrl_pts, spline.num_ctrl_pts);
   const auto knots = SpanOf(spline.knots, spline.num_knots);
   if (controlPoints.empty() || knots.empty()) {
-    return Skip(context, "degenerate", layer, " (no fit_pts and no ctrl_pts)");
+    Skip(context, "degenerate", layer, " (no fit_pts and no ctrl_pts)");
+    return;
   }
   if (knots.size() < controlPoints.size() + spline.degree + 1) {
-    return Skip(context, "malformed", layer, " (num_knots < num_ctrl_pts + degree + 1)");
+    Skip(context, "malformed", layer, " (num_knots < num_ctrl_pts + degree + 1)");
+    return;
   }
-  return SampledRecord(spline, layer, knots, controlPoints);
+  AppendSampledRecord(out, spline, layer, knots, controlPoints);
 }

@@ -4,7 +4,6 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
@@ -15,5 +14,5 @@
 // warning; one with an empty parameter range gives nothing. So does one of a
 // degree so high that evaluating it would take longer than its stored points
 // justify.
-std::string SplineRecord(const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                         EntityContext& context);
+void AppendSplineRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
+                        EntityContext& context);

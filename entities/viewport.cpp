@@ -13,7 +13,7 @@ namespace {
 constexpr unsigned kOverallViewportId = 1;
 constexpr std::size_t kMaxClipDepth = 8;
 
-void AppendView(std::string& out, const Dwg_Entity_VIEWPORT& viewport) {
+void AppendView(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport) {
   AppendNumberKey(out, ",\"cx\":", viewport.center.x);
   AppendNumberKey(out, ",\"cy\":", viewport.center.y);
   AppendNumberKey(out, ",\"width\":", viewport.width);
@@ -31,15 +31,15 @@ void AppendView(std::string& out, const Dwg_Entity_VIEWPORT& viewport) {
   AppendIntKey(out, ",\"status\":", viewport.status_flag);
 }
 
-void AppendFrozenLayers(std::string& out, const Dwg_Entity_VIEWPORT& viewport,
+void AppendFrozenLayers(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport,
                         const LookupTables& tables) {
   out += ",\"frozenLayers\":[";
   ListCursor names{out};
   for (const Dwg_Object_Ref* layer : SpanOf(viewport.frozen_layers, viewport.num_frozen_layers)) {
-    const auto found =
-        layer == nullptr ? tables.layerNames.end() : tables.layerNames.find(layer->absolute_ref);
-    if (found != tables.layerNames.end()) {
-      AppendListQuoted(names, found->second);
+    const std::string* name =
+        layer == nullptr ? nullptr : tables.layerNames.Find(layer->absolute_ref);
+    if (name != nullptr) {
+      AppendListQuoted(names, *name);
     }
   }
   out += ']';
@@ -68,49 +68,56 @@ bool IsCostly(const Dwg_Object& clip) {
 }
 
 // Remembered only when it warned of nothing: a warning counts every time.
-std::string ConvertClip(const Dwg_Object& clip, EntityContext& context) {
+void AppendCostlyClip(JsonOut& out, const Dwg_Object& clip, EntityContext& context) {
   if (const auto known = context.clipRecords.find(&clip); known != context.clipRecords.end()) {
-    return known->second;
+    out += known->second;
+    return;
   }
   const std::size_t warnings = context.warnings.size();
-  std::string record = convertEntity(clip, context);
-  if (IsCostly(clip) && context.warnings.size() == warnings) {
-    context.clipRecords[&clip] = record;
+  JsonOut record;
+  convertEntity(record, clip, context);
+  std::string text = record.Text();
+  out += text;
+  if (context.warnings.size() == warnings) {
+    context.clipRecords[&clip] = std::move(text);
   }
-  return record;
 }
 
 // Converting a clip outline is the converter's only recursion. A viewport whose
 // conversion is under way is not entered again, and the depth is bounded.
-std::string ClipRecord(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
-                       EntityContext& context) {
+void AppendClip(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
+                EntityContext& context) {
   auto& open = context.openViewports;
   const Dwg_Object* clip = ClipEntity(viewport, object, context);
   if (clip == nullptr || open.size() >= kMaxClipDepth ||
       std::find(open.begin(), open.end(), clip) != open.end()) {
-    return {};
+    return;
   }
+  const std::size_t end = out.size();
+  out += ",\"clip\":";
+  const std::size_t start = out.size();
   open.push_back(&object);
-  std::string record = ConvertClip(*clip, context);
+  if (IsCostly(*clip)) {
+    AppendCostlyClip(out, *clip, context);
+  } else {
+    convertEntity(out, *clip, context);
+  }
   open.pop_back();
-  return record;
+  if (out.size() == start) {
+    out.Truncate(end);
+  }
 }
 
 }  // namespace
 
-std::string ViewportRecord(const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
-                           EntityContext& context, const Dwg_Object& object) {
+void AppendViewportRecord(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
+                          EntityContext& context, const Dwg_Object& object) {
   if (viewport.id == kOverallViewportId || !(viewport.width > 0) || !(viewport.height > 0)) {
-    return {};
+    return;
   }
-  std::string out = BeginRecord("VIEWPORT", layer);
+  BeginRecord(out, "VIEWPORT", layer);
   AppendView(out, viewport);
   AppendFrozenLayers(out, viewport, context.tables);
-  const std::string clip = ClipRecord(viewport, object, context);
-  if (!clip.empty()) {
-    out += ",\"clip\":";
-    out += clip;
-  }
+  AppendClip(out, viewport, object, context);
   out += '}';
-  return out;
 }

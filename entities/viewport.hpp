@@ -3,7 +3,6 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
@@ -11,5 +10,5 @@
 // Nothing for the overall viewport, which stands for the sheet itself, and for
 // a frame without size. A non-rectangular viewport carries the bare record of
 // its clip outline; outlines nest at most eight deep and never in a circle.
-std::string ViewportRecord(const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
-                           EntityContext& context, const Dwg_Object& object);
+void AppendViewportRecord(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
+                          EntityContext& context, const Dwg_Object& object);

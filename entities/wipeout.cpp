@@ -10,12 +10,12 @@ constexpr unsigned kShow = 1;
 
 }  // namespace
 
-std::string WipeoutRecord(const Dwg_Entity_WIPEOUT& wipeout, std::string_view layer) {
+void AppendWipeoutRecord(JsonOut& out, const Dwg_Entity_WIPEOUT& wipeout, std::string_view layer) {
   const auto vertices = SpanOf(wipeout.clip_verts, wipeout.num_clip_verts);
   if ((wipeout.display_props & kShow) == 0 || vertices.empty()) {
-    return {};
+    return;
   }
-  std::string out = BeginRecord("WIPEOUT", layer);
+  BeginRecord(out, "WIPEOUT", layer);
   out += ",\"verts\":[";
   ListCursor points{out};
   for (const BITCODE_2RD& vertex : vertices) {
@@ -26,5 +26,4 @@ std::string WipeoutRecord(const Dwg_Entity_WIPEOUT& wipeout, std::string_view la
                 wipeout.pt0.y + a * wipeout.uvec.y + b * wipeout.vvec.y);
   }
   out += "]}";
-  return out;
 }

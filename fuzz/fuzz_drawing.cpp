@@ -748,11 +748,14 @@ class DrawingBuilder {
 
 std::string Convert(DrawingBuilder& drawing, bool debugColors) {
   StageObserver observer;
-  return BuildDocument({.dwg = drawing.dwg(),
-                        .unicodeText = drawing.unicodeText(),
-                        .debugColors = debugColors,
-                        .drawingFolder = "."},
-                       {}, observer);
+  JsonOut out;
+  AppendDocument(out,
+                 {.dwg = drawing.dwg(),
+                  .unicodeText = drawing.unicodeText(),
+                  .debugColors = debugColors,
+                  .drawingFolder = "."},
+                 {}, observer);
+  return out.Text();
 }
 
 }  // namespace

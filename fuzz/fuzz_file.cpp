@@ -22,11 +22,14 @@ std::string InputPath() {
 
 std::string Convert(DrawingFile& drawing) {
   StageObserver observer;
-  return BuildDocument({.dwg = drawing.data(),
-                        .unicodeText = drawing.HasUnicodeText(),
-                        .debugColors = true,
-                        .drawingFolder = {}},
-                       {}, observer);
+  JsonOut out;
+  AppendDocument(out,
+                 {.dwg = drawing.data(),
+                  .unicodeText = drawing.HasUnicodeText(),
+                  .debugColors = true,
+                  .drawingFolder = {}},
+                 {}, observer);
+  return out.Text();
 }
 
 }  // namespace

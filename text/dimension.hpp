@@ -10,15 +10,16 @@
 
 #include "entities/entity_context.hpp"
 
-std::string LinearDimensionRecord(const Dwg_Entity_DIMENSION_LINEAR& dimension,
+void AppendLinearDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
+                                 std::string_view layer, EntityContext& context);
+void AppendAlignedDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& dimension,
                                   std::string_view layer, EntityContext& context);
-std::string AlignedDimensionRecord(const Dwg_Entity_DIMENSION_ALIGNED& dimension,
-                                   std::string_view layer, EntityContext& context);
-std::string RadiusDimensionRecord(const Dwg_Entity_DIMENSION_RADIUS& dimension,
-                                  std::string_view layer, EntityContext& context);
+void AppendRadiusDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dimension,
+                                 std::string_view layer, EntityContext& context);
 
-// The keys that the dimension style adds to a record, each with its leading
-// comma; empty when the reference or the style is missing. Text height and
-// arrow size are scaled by the style's overall scale (1 when not positive).
-std::string DimStyleKeys(const Dwg_Object_Ref* dimStyle, const HandleMap<DimStyleEntry>& dimStyles,
-                         const HandleMap<std::string>& styleFonts);
+// Appends the keys that the dimension style adds to a record, each with its
+// leading comma; nothing when the reference or the style is missing. Text height
+// and arrow size are scaled by the style's overall scale (1 when not positive).
+void AppendDimStyleKeys(JsonOut& out, const Dwg_Object_Ref* dimStyle,
+                        const HandleMap<DimStyleEntry>& dimStyles,
+                        const HandleMap<std::string>& styleFonts);

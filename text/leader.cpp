@@ -4,12 +4,12 @@
 #include "entities/drawing_access.hpp"
 #include "entities/entity_context.hpp"
 
-std::string LeaderRecord(const Dwg_Entity_LEADER& leader, std::string_view layer) {
+void AppendLeaderRecord(JsonOut& out, const Dwg_Entity_LEADER& leader, std::string_view layer) {
   const auto points = SpanOf(leader.points, leader.num_points);
   if (points.size() < 2) {
-    return {};
+    return;
   }
-  std::string out = BeginRecord("LEADER", layer);
+  BeginRecord(out, "LEADER", layer);
   out += ",\"points\":[";
   ListCursor list{out};
   for (const BITCODE_3DPOINT& point : points) {
@@ -19,5 +19,4 @@ std::string LeaderRecord(const Dwg_Entity_LEADER& leader, std::string_view layer
   AppendBoolKey(out, ",\"arrowOn\":", leader.arrowhead_on != 0);
   AppendNumberKey(out, ",\"arrowSize\":", leader.dimasz);
   out += '}';
-  return out;
 }

@@ -3,8 +3,9 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
+#include "encode/json_out.hpp"
+
 // Nothing with fewer than two points.
-std::string LeaderRecord(const Dwg_Entity_LEADER& leader, std::string_view layer);
+void AppendLeaderRecord(JsonOut& out, const Dwg_Entity_LEADER& leader, std::string_view layer);

@@ -41,9 +41,9 @@ double HeightFromCodes(std::string_view text) {
 double FallbackHeight(const Dwg_Entity_MTEXT& mtext, std::string_view text,
                       const LookupTables& tables) {
   const Handle style = HandleOf(mtext.style);
-  const auto found = style == 0 ? tables.textStyles.end() : tables.textStyles.find(style);
-  if (found != tables.textStyles.end() && found->second != 0) {
-    return found->second;
+  const double* fixedHeight = style == 0 ? nullptr : tables.textStyles.Find(style);
+  if (fixedHeight != nullptr && *fixedHeight != 0) {
+    return *fixedHeight;
   }
   return HeightFromCodes(text);
 }
@@ -64,7 +64,7 @@ void WarnOfCharset(std::string_view layer, EntityContext& context) {
 // Cut after 127 bytes, wherever that falls: consumers know the short form.
 void WarnOfObliqueCodes(std::int32_t count, std::string_view layer, EntityContext& context) {
   std::string warning;
-  AppendInt(warning, count);
+  warning += JsonInt(count);
   warning += " \\Q oblique angle code(s) on layer \"";
   warning += layer;
   warning += "\" ignored (Qt limitation \u2014 no per-fragment slant)";
@@ -72,7 +72,7 @@ void WarnOfObliqueCodes(std::int32_t count, std::string_view layer, EntityContex
   context.warnings.push_back(std::move(warning));
 }
 
-void AppendRuns(std::string& out, const std::vector<TextRun>& runs) {
+void AppendRuns(JsonOut& out, const std::vector<TextRun>& runs) {
   std::string_view separator = ",\"runs\":[";
   for (const TextRun& run : runs) {
     out += separator;
@@ -95,13 +95,13 @@ void AppendRuns(std::string& out, const std::vector<TextRun>& runs) {
   }
 }
 
-void AppendLength(std::string& out, std::string_view key, double length) {
+void AppendLength(JsonOut& out, std::string_view key, double length) {
   if (length != 0) {
     AppendNumberKey(out, key, length);
   }
 }
 
-void AppendBlock(std::string& out, const ParagraphBlock& block) {
+void AppendBlock(JsonOut& out, const ParagraphBlock& block) {
   AppendIntKey(out, "{\"index\":", block.index);
   if (!block.alignment.empty()) {
     AppendQuotedKey(out, ",\"alignment\":", block.alignment);
@@ -120,7 +120,7 @@ void AppendBlock(std::string& out, const ParagraphBlock& block) {
   out += '}';
 }
 
-void AppendBlocks(std::string& out, const std::vector<ParagraphBlock>& blocks) {
+void AppendBlocks(JsonOut& out, const std::vector<ParagraphBlock>& blocks) {
   std::string_view separator = ",\"blocks\":[";
   for (const ParagraphBlock& block : blocks) {
     out += separator;
@@ -134,9 +134,9 @@ void AppendBlocks(std::string& out, const std::vector<ParagraphBlock>& blocks) {
 
 }  // namespace
 
-std::string MtextRecord(const Dwg_Entity_MTEXT& mtext, std::string_view layer,
-                        EntityContext& context) {
-  const std::string text = context.Decode(mtext.text);
+void AppendMtextRecord(JsonOut& out, const Dwg_Entity_MTEXT& mtext, std::string_view layer,
+                       EntityContext& context) {
+  const DecodedText text = context.Decode(mtext.text);
   Frame frame = FrameOf(mtext);
   if (frame.height == 0) {
     frame.height = FallbackHeight(mtext, text, context.tables);
@@ -149,7 +149,7 @@ std::string MtextRecord(const Dwg_Entity_MTEXT& mtext, std::string_view layer,
   if (layout.obliqueCount > 0) {
     WarnOfObliqueCodes(layout.obliqueCount, layer, context);
   }
-  std::string out = BeginRecord("MTEXT", layer);
+  BeginRecord(out, "MTEXT", layer);
   AppendNumberKey(out, ",\"x\":", mtext.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", mtext.ins_pt.y);
   AppendQuotedKey(out, ",\"html\":", html);
@@ -161,5 +161,4 @@ std::string MtextRecord(const Dwg_Entity_MTEXT& mtext, std::string_view layer,
   AppendRuns(out, layout.runs);
   AppendBlocks(out, layout.blocks);
   out += '}';
-  return out;
 }

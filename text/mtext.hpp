@@ -3,7 +3,6 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
@@ -12,5 +11,5 @@
 // (from the text style or the text's own first height code when the entity has
 // none), and the runs and paragraph formats that HTML cannot carry. Warns of
 // character sets that an old drawing cannot hold and of oblique codes.
-std::string MtextRecord(const Dwg_Entity_MTEXT& mtext, std::string_view layer,
-                        EntityContext& context);
+void AppendMtextRecord(JsonOut& out, const Dwg_Entity_MTEXT& mtext, std::string_view layer,
+                       EntityContext& context);

@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "encode/byte_search.hpp"
 #include "encode/color.hpp"
 #include "encode/font_mapping.hpp"
 #include "encode/html.hpp"
@@ -53,6 +54,29 @@ constexpr bool IsSpecial(char byte) {
     case '&': return true;
     default: return false;
   }
+}
+
+std::size_t PlainLength(std::string_view text) {
+  return CountWithout(
+      text,
+      [](ByteWord word) {
+        // Of `<` and `>` one bit differs.
+        return Found(word, BytesEqual(word, '{') | BytesEqual(word, '}') | BytesEqual(word, '\\') |
+                               BytesEqual(word, '&') | BytesEqual(word | AllBytes('<' ^ '>'), '>'));
+      },
+      IsSpecial);
+}
+
+std::int32_t Utf16Length(std::string_view text) {
+  std::int32_t length = 0;
+  while (text.size() >= sizeof(ByteWord) && (LoadBytes(text.data()) & AllBytes(0x80)) == 0) {
+    length += static_cast<std::int32_t>(sizeof(ByteWord));
+    text.remove_prefix(sizeof(ByteWord));
+  }
+  for (const char byte : text) {
+    length += kUtf16Units[static_cast<unsigned char>(byte)];
+  }
+  return length;
 }
 
 constexpr std::optional<std::uint32_t> HexDigit(char c) {
@@ -138,13 +162,13 @@ class MtextScanner {
 
   // The byte at the position, whatever it is, and all that need no attention.
   void OrdinaryText() {
-    const std::size_t start = position_;
-    do {
-      charPos_ += kUtf16Units[static_cast<unsigned char>(text_[position_])];
-      ++position_;
-    } while (position_ < text_.size() && !IsSpecial(text_[position_]));
-    AppendHtmlEscaped(out_, text_[start]);
-    out_.append(text_, start + 1, position_ - start - 1);
+    AppendHtmlEscaped(out_, text_[position_]);
+    charPos_ += kUtf16Units[static_cast<unsigned char>(text_[position_])];
+    const std::string_view rest = text_.substr(position_ + 1);
+    const std::string_view run = rest.substr(0, PlainLength(rest));
+    out_ += run;
+    charPos_ += Utf16Length(run);
+    position_ += 1 + run.size();
   }
 
   // The position is at a backslash. An unknown code drops only that: what
@@ -242,11 +266,17 @@ class MtextScanner {
     charPos_ += characters;
   }
 
-  void OpenSpan(std::string_view style) {
-    out_ += "<span style=\"";
-    out_ += style;
+  // The style of the span is written between the two.
+  void BeginSpan() { out_ += "<span style=\""; }
+  void EndSpanTag() {
     out_ += "\">";
     ++groups_.back().openSpans;
+  }
+
+  void OpenSpan(std::string_view style) {
+    BeginSpan();
+    out_ += style;
+    EndSpanTag();
   }
 
   void CloseOverline() {
@@ -257,14 +287,15 @@ class MtextScanner {
   }
 
   void OpenColorSpan(Rgb color) {
-    std::string style = "color:rgb(";
-    AppendInt(style, color.red);
-    style += ',';
-    AppendInt(style, color.green);
-    style += ',';
-    AppendInt(style, color.blue);
-    style += ')';
-    OpenSpan(style);
+    BeginSpan();
+    out_ += "color:rgb(";
+    out_ += JsonInt(color.red);
+    out_ += ',';
+    out_ += JsonInt(color.green);
+    out_ += ',';
+    out_ += JsonInt(color.blue);
+    out_ += ')';
+    EndSpanTag();
   }
 
   void ColorIndex(std::string_view argument) {
@@ -298,10 +329,11 @@ class MtextScanner {
                                    height / kHeightDivisor, std::chars_format::fixed, 4)
                          .ptr;
     const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    std::string style = "font-size:";
-    style += text.substr(0, kMaxHeightText);
-    style += "pt";
-    OpenSpan(style);
+    BeginSpan();
+    out_ += "font-size:";
+    out_ += text.substr(0, kMaxHeightText);
+    out_ += "pt";
+    EndSpanTag();
   }
 
   void Width(std::string_view argument) {
@@ -337,15 +369,18 @@ class MtextScanner {
         default: break;
       }
     });
-    std::string style;
+    if (name.empty() && !bold && !italic) {
+      return;
+    }
+    BeginSpan();
     if (!name.empty()) {
-      style += "font-family:" + MapFontFamily(name) + ";";
+      out_ += "font-family:";
+      out_ += MapFontFamily(name);
+      out_ += ';';
     }
-    style += bold ? "font-weight:bold;" : "";
-    style += italic ? "font-style:italic;" : "";
-    if (!style.empty()) {
-      OpenSpan(style);
-    }
+    out_ += bold ? "font-weight:bold;" : "";
+    out_ += italic ? "font-style:italic;" : "";
+    EndSpanTag();
   }
 
   void Charset(std::string_view text) {

@@ -11,12 +11,11 @@ void AppendLeaderLine(BracketCursor& lines, const Dwg_LEADER_Line& line) {
   if (points.size() < 2) {
     return;
   }
-  std::string text;
-  CoordinateCursor coordinates{text};
+  CoordinateCursor coordinates = BeginBracketedItem(lines);
   for (const BITCODE_3DPOINT& point : points) {
     AppendCoordinatePair(coordinates, point.x, point.y);
   }
-  AppendBracketedItem(lines, text);
+  EndBracketedItem(lines);
 }
 
 void AppendDogleg(BracketCursor& lines, const Dwg_LEADER_Node& root) {
@@ -24,22 +23,21 @@ void AppendDogleg(BracketCursor& lines, const Dwg_LEADER_Node& root) {
     return;
   }
   const BITCODE_3BD& start = root.lastleaderlinepoint;
-  std::string text;
-  CoordinateCursor coordinates{text};
+  CoordinateCursor coordinates = BeginBracketedItem(lines);
   AppendCoordinatePair(coordinates, start.x, start.y);
   AppendCoordinatePair(coordinates, start.x + root.dogleg_vector.x * root.dogleg_length,
                        start.y + root.dogleg_vector.y * root.dogleg_length);
-  AppendBracketedItem(lines, text);
+  EndBracketedItem(lines);
 }
 
-void AppendText(std::string& out, const Dwg_MLEADER_AnnotContext& annotation,
+void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
                 const EntityContext& context) {
   if (annotation.has_content_txt == 0) {
     return;
   }
   const Dwg_MLEADER_Content_MText& content = annotation.content.txt;
-  const std::string text = context.Decode(content.default_text);
-  if (text.empty()) {
+  const DecodedText text = context.Decode(content.default_text);
+  if (text.view().empty()) {
     return;
   }
   const double height = content.height > 0 ? content.height : annotation.text_height;
@@ -54,10 +52,11 @@ void AppendText(std::string& out, const Dwg_MLEADER_AnnotContext& annotation,
 
 }  // namespace
 
-std::string MultileaderRecord(const Dwg_Entity_MULTILEADER& multileader, std::string_view layer,
-                              EntityContext& context) {
+void AppendMultileaderRecord(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
+                             std::string_view layer, EntityContext& context) {
   const Dwg_MLEADER_AnnotContext& annotation = multileader.ctx;
-  std::string out = BeginRecord("MULTILEADER", layer);
+  const std::size_t start = out.size();
+  BeginRecord(out, "MULTILEADER", layer);
   out += ",\"lines\":[";
   BracketCursor lines{out};
   for (const Dwg_LEADER_Node& root : SpanOf(annotation.leaders, annotation.num_leaders)) {
@@ -67,12 +66,12 @@ std::string MultileaderRecord(const Dwg_Entity_MULTILEADER& multileader, std::st
     AppendDogleg(lines, root);
   }
   if (lines.count == 0) {
-    return {};
+    out.Truncate(start);
+    return;
   }
   out += ']';
   AppendNumberKey(out, ",\"arrowSize\":",
                   annotation.arrow_size > 0 ? annotation.arrow_size : multileader.arrow_size);
   AppendText(out, annotation, context);
   out += '}';
-  return out;
 }

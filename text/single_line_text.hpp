@@ -6,13 +6,13 @@
 
 #include <dwg.h>
 
-#include <string>
 #include <string_view>
 
 #include "entities/entity_context.hpp"
 
-std::string TextRecord(const Dwg_Entity_TEXT& text, std::string_view layer, EntityContext& context);
-std::string AttributeRecord(const Dwg_Entity_ATTRIB& attribute, std::string_view layer,
-                            EntityContext& context);
-std::string AttributeDefinitionRecord(const Dwg_Entity_ATTDEF& definition, std::string_view layer,
-                                      EntityContext& context);
+void AppendTextRecord(JsonOut& out, const Dwg_Entity_TEXT& text, std::string_view layer,
+                      EntityContext& context);
+void AppendAttributeRecord(JsonOut& out, const Dwg_Entity_ATTRIB& attribute, std::string_view layer,
+                           EntityContext& context);
+void AppendAttributeDefinitionRecord(JsonOut& out, const Dwg_Entity_ATTDEF& definition,
+                                     std::string_view layer, EntityContext& context);

@@ -3,12 +3,25 @@
 #include <cstddef>
 
 #include "encode/ascii.hpp"
+#include "encode/byte_search.hpp"
 #include "encode/html.hpp"
 #include "encode/text_decoding.hpp"
 
 namespace {
 
 constexpr std::size_t kMaxCodeDigits = 3;
+
+// How many bytes from the start stand for themselves.
+std::size_t PlainLength(std::string_view text) {
+  return CountWithout(
+      text,
+      [](ByteWord word) {
+        // Of `<` and `>` one bit differs.
+        return Found(word, BytesEqual(word, '%') | BytesEqual(word, '&') |
+                               BytesEqual(word | AllBytes('<' ^ '>'), '>'));
+      },
+      [](char byte) { return byte == '%' || byte == '&' || byte == '<' || byte == '>'; });
+}
 
 class TextCodeScanner {
  public:
@@ -19,7 +32,7 @@ class TextCodeScanner {
       if (AtCode()) {
         Code();
       } else {
-        AppendHtmlEscaped(out_, text_[position_++]);
+        OrdinaryText();
       }
     }
     if (underline_) {
@@ -32,6 +45,14 @@ class TextCodeScanner {
   }
 
  private:
+  // The byte at the position, whatever it is, and all that need no attention.
+  void OrdinaryText() {
+    AppendHtmlEscaped(out_, text_[position_++]);
+    const std::size_t plain = PlainLength(text_.substr(position_));
+    out_.append(text_, position_, plain);
+    position_ += plain;
+  }
+
   bool AtCode() const {
     return text_.size() - position_ >= 3 && text_[position_] == '%' && text_[position_ + 1] == '%';
   }
@@ -95,4 +116,8 @@ class TextCodeScanner {
 
 std::string TextCodesToHtml(std::string_view text) {
   return TextCodeScanner(text).Run();
+}
+
+bool HasTextCodes(std::string_view text) {
+  return PlainLength(text) != text.size();
 }

@@ -96,7 +96,7 @@ bool IsVerbose(int argc, const char* const* argv) {
   return false;
 }
 
-void AppendTimings(std::string& out, const Timings& timings) {
+void AppendTimings(JsonOut& out, const Timings& timings) {
   AppendIntKey(out, ",\"timings\":{\"dwgReadMs\":", timings.read);
   AppendIntKey(out, ",\"prepassMs\":", timings.prepass);
   AppendIntKey(out, ",\"layersMs\":", timings.layers);
@@ -106,34 +106,41 @@ void AppendTimings(std::string& out, const Timings& timings) {
   out += "}}";
 }
 
-bool WriteLine(const std::string& text) {
-  const bool isPrinted = std::printf("%s\n", text.c_str()) >= 0;
-  return std::fflush(stdout) == 0 && isPrinted;
+// The whole text is there before its first byte is written.
+bool WriteLine(JsonOut& text) {
+  text += '\n';
+  bool isWritten = true;
+  text.ForEachPiece([&isWritten](std::string_view piece) {
+    isWritten = isWritten && std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
+  });
+  return std::fflush(stdout) == 0 && isWritten;
 }
 
 int ReportFailedRead(const DrawingFile& drawing) {
   const std::string message =
       "Failed to read " + drawing.path() + ": " + ErrorNames(drawing.result());
-  WriteLine("{\"error\":" + JsonQuote(message.c_str()) + "}");
+  JsonOut line;
+  AppendQuotedKey(line, "{\"error\":", message);
+  line += '}';
+  WriteLine(line);
   return 1;
 }
 
-std::string DocumentOf(DrawingFile& drawing, bool verbose, const Stopwatch& stopwatch,
-                       Timings& timings) {
+void AppendTimedDocument(JsonOut& out, DrawingFile& drawing, bool verbose,
+                         const Stopwatch& stopwatch, Timings& timings) {
   std::vector<std::string> warnings;
   if (drawing.result() != 0) {
     warnings.push_back("LibreDWG parse warnings: " + ErrorNames(drawing.result()));
   }
   Progress progress(stopwatch, timings, static_cast<unsigned>(drawing.data().num_objects));
-  std::string document =
-      BuildDocument({.dwg = drawing.data(),
-                     .unicodeText = drawing.HasUnicodeText(),
-                     .debugColors = verbose,
-                     .drawingFolder = std::filesystem::path(drawing.path()).parent_path()},
-                    std::move(warnings), progress);
+  AppendDocument(out,
+                 {.dwg = drawing.data(),
+                  .unicodeText = drawing.HasUnicodeText(),
+                  .debugColors = verbose,
+                  .drawingFolder = std::filesystem::path(drawing.path()).parent_path()},
+                 std::move(warnings), progress);
   timings.total = stopwatch.Milliseconds();
-  AppendTimings(document, timings);
-  return document;
+  AppendTimings(out, timings);
 }
 
 int Convert(const char* path, bool verbose) {
@@ -150,7 +157,8 @@ int Convert(const char* path, bool verbose) {
     return ReportFailedRead(drawing);
   }
 
-  const std::string document = DocumentOf(drawing, verbose, stopwatch, timings);
+  JsonOut document;
+  AppendTimedDocument(document, drawing, verbose, stopwatch, timings);
   std::fprintf(stderr, "[DWG worker] JSON output size: %zu bytes\n", document.size());
   const bool isWritten = WriteLine(document);
   drawing.Free();

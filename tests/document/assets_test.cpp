@@ -36,9 +36,9 @@ class AssetsTest : public testing::Test {
   std::string Assets(bool debug = false) {
     drawing_.Prepass();
     EntityContext context = drawing_.Context();
-    std::string out;
+    JsonOut out;
     AppendAssets(out, context, debug);
-    return out;
+    return out.Text();
   }
 
   TestDrawing drawing_;
@@ -103,7 +103,7 @@ TEST_F(AssetsTest, BlockOfTheWrongSupertypeIsLeftOut) {
   drawing_.last().supertype = DWG_SUPERTYPE_ENTITY;
   drawing_.tables.blockNames[0x20] = "DOOR";
   EntityContext context = drawing_.Context();
-  std::string out;
+  JsonOut out;
   AppendAssets(out, context, false);
   EXPECT_EQ(out, "");
 }
@@ -120,7 +120,7 @@ TEST_F(AssetsTest, NameOfTheTableGoesBeforeTheNameOfTheRecord) {
   AddBlock(0x21, "LEFT");
   drawing_.tables.blockNames[0x20] = "TABLE";
   EntityContext context = drawing_.Context();
-  std::string out;
+  JsonOut out;
   AppendAssets(out, context, false);
   EXPECT_EQ(out, R"({"name":"TABLE","entities":[]},{"name":"LEFT","entities":[]})");
 }

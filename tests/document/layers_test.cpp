@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -18,9 +19,9 @@ class Layers : public testing::Test {
   }
 
   std::string Write(bool debug = false) {
-    std::string out;
+    JsonOut out;
     AppendLayers(out, drawing_.data(), drawing_.unicodeText, debug);
-    return out;
+    return out.Text();
   }
 
   // The colour of the only layer, which the case gives its fields.
@@ -30,8 +31,7 @@ class Layers : public testing::Test {
     layer.name = drawing.Text("A");
     layer.color.index = static_cast<BITCODE_BSd>(index);
     layer.color.rgb = word;
-    std::string out;
-    AppendLayers(out, drawing.data(), false, false);
+    const std::string out = Written(AppendLayers, drawing.data(), false, false);
     const std::size_t start = out.find("\"color\":") + 8;
     return out.substr(start, out.find('}') + 1 - start);
   }
@@ -184,8 +184,7 @@ TEST_F(Layers, LineweightCodesFrom24OnAreByLayer) {
     auto& layer = drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER);
     layer.name = drawing.Text("A");
     layer.linewt = static_cast<BITCODE_RC>(code);
-    std::string out;
-    AppendLayers(out, drawing.data(), false, false);
+    const std::string out = Written(AppendLayers, drawing.data(), false, false);
     EXPECT_NE(out.find(R"(},"lw":"L"})"), std::string::npos) << code;
   }
 }

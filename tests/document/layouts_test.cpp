@@ -45,9 +45,9 @@ class LayoutsTest : public testing::Test {
   std::string Layouts(bool debug = false) {
     drawing_.Prepass();
     EntityContext context = drawing_.Context();
-    std::string out;
+    JsonOut out;
     AppendLayouts(out, context, debug);
-    return out;
+    return out.Text();
   }
 
   TestDrawing drawing_;
@@ -115,7 +115,7 @@ TEST_F(LayoutsTest, SheetOfNoKnownNameIsCalledLayout) {
   drawing_.Prepass();
   drawing_.tables.blockNames.clear();
   EntityContext context = drawing_.Context();
-  std::string out;
+  JsonOut out;
   AppendLayouts(out, context, false);
   EXPECT_EQ(out, R"({"name":"Layout","entities":[)" + Point(1) + "]}");
 }

@@ -42,9 +42,9 @@ class ModelSpaceTest : public testing::Test {
   std::string Entities(bool debug = false) {
     drawing_.Prepass();
     EntityContext context = drawing_.Context();
-    std::string out;
+    JsonOut out;
     AppendModelSpace(out, drawing_.data(), context, debug);
-    return out;
+    return out.Text();
   }
 
   // The types and tags of the records, in order.

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
+#include <vector>
 
 #include "encode/text_decoding.hpp"
 #include "tests/support/test_drawing.hpp"
@@ -14,6 +16,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::UnorderedElementsAre;
+
+std::vector<const Dwg_Object*> ListOf(std::span<const Dwg_Object* const> objects) {
+  return {objects.begin(), objects.end()};
+}
 
 class Prepass : public testing::Test {
  protected:
@@ -127,7 +133,7 @@ TEST_F(Prepass, DimensionStyleTakesEveryVariable) {
   style.DIMZIN = 8;
   style.DIMLUNIT = 2;
   style.DIMPOST = drawing_.Text("<> mm\xB2");
-  const DimStyleEntry entry = Run().dimStyles.at(0x30);
+  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
   EXPECT_EQ(entry.textHeight, 1.5);
   EXPECT_EQ(entry.overallScale, 2);
   EXPECT_EQ(entry.arrowSize, 0.18);
@@ -146,7 +152,7 @@ TEST_F(Prepass, DimensionStyleLeavesInheritedColorsEmpty) {
   auto& style = AddDimStyle(0x30);
   style.DIMCLRT.index = 256;
   style.DIMCLRD.index = 0;
-  const DimStyleEntry entry = Run().dimStyles.at(0x30);
+  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
   EXPECT_EQ(entry.textColor, "");
   EXPECT_EQ(entry.lineColor, "");
   EXPECT_EQ(entry.textStyle, 0U);
@@ -158,7 +164,7 @@ TEST_F(Prepass, DimensionStyleKeepsSixteenBitWordsUnsigned) {
   style.DIMDEC = 0xFFFF;
   style.DIMZIN = 0x8000;
   style.DIMLUNIT = 0xFFFE;
-  const DimStyleEntry entry = Run().dimStyles.at(0x30);
+  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
   EXPECT_EQ(entry.decimalPlaces, 65535);
   EXPECT_EQ(entry.zeroSuppression, 32768);
   EXPECT_EQ(entry.linearUnit, 65534);
@@ -262,22 +268,35 @@ TEST_F(Prepass, EntitiesStandUnderTheirOwnerInObjectOrder) {
   const Dwg_Object* other = AddLine(0x01, 0x51);
   const Dwg_Object* second = AddLine(0x02, 0x50);
   const LookupTables& tables = Run();
-  EXPECT_THAT(tables.OwnedBy(Handle{0x50}), ElementsAre(first, second));
-  EXPECT_THAT(tables.OwnedBy(Handle{0x51}), ElementsAre(other));
-  EXPECT_THAT(tables.OwnedBy(Handle{0x52}), IsEmpty());
+  EXPECT_THAT(ListOf(tables.OwnedBy(Handle{0x50})), ElementsAre(first, second));
+  EXPECT_THAT(ListOf(tables.OwnedBy(Handle{0x51})), ElementsAre(other));
+  EXPECT_THAT(ListOf(tables.OwnedBy(Handle{0x52})), IsEmpty());
+}
+
+TEST_F(Prepass, ManyOwnersInTurnKeepTheirOwnEntities) {
+  constexpr Handle kOwners = 300;
+  std::vector<std::vector<const Dwg_Object*>> expected(kOwners);
+  for (Handle i = 0; i < 7 * kOwners; ++i) {
+    const Handle owner = i * i % kOwners;
+    expected[owner].push_back(AddLine(i + 1, owner << 40U));
+  }
+  const LookupTables& tables = Run();
+  for (Handle owner = 0; owner < kOwners; ++owner) {
+    EXPECT_EQ(ListOf(tables.OwnedBy(owner << 40U)), expected[owner]) << owner;
+  }
 }
 
 TEST_F(Prepass, EntitiesWithoutAnOwnerStandUnderZero) {
   const Dwg_Object* ownerless = AddLine(0x01, 0);
   const Dwg_Object* ownedByNothing = AddLine(0x02, 0);
   drawing_.lastEntity().ownerhandle = drawing_.Ref(0);
-  EXPECT_THAT(Run().OwnedBy(Handle{0}), ElementsAre(ownerless, ownedByNothing));
+  EXPECT_THAT(ListOf(Run().OwnedBy(Handle{0})), ElementsAre(ownerless, ownedByNothing));
 }
 
 TEST_F(Prepass, ObjectWithHandleZeroOwnsNothing) {
   AddLine(0x01, 0);
   drawing_.AddEntity(DWG_TYPE_INSERT, &EntityTio::INSERT, 0, 0x50);
-  EXPECT_THAT(Run().OwnedBy(drawing_.last()), IsEmpty());
+  EXPECT_THAT(ListOf(Run().OwnedBy(drawing_.last())), IsEmpty());
 }
 
 TEST_F(Prepass, VerticesAndEndMarkersAreLeftOut) {
@@ -285,7 +304,7 @@ TEST_F(Prepass, VerticesAndEndMarkersAreLeftOut) {
        {DWG_TYPE_SEQEND, DWG_TYPE_VERTEX_2D, DWG_TYPE_VERTEX_3D, DWG_TYPE_VERTEX_MESH}) {
     drawing_.AddBareEntity(type, 0, 0x50);
   }
-  EXPECT_THAT(Run().entitiesByOwner, IsEmpty());
+  EXPECT_TRUE(Run().entitiesByOwner.empty());
 }
 
 TEST_F(Prepass, OtherFacesBlockMarkersAndUnknownTypesAreKept) {
@@ -299,7 +318,7 @@ TEST_F(Prepass, OtherFacesBlockMarkersAndUnknownTypesAreKept) {
 TEST_F(Prepass, EntitiesWithoutDataAndOtherObjectsAreLeftOut) {
   drawing_.AddBareEntity(DWG_TYPE_LINE, 0x01, 0x50).tio.entity = nullptr;
   drawing_.AddLayer(0x10, "A");
-  EXPECT_THAT(Run().entitiesByOwner, IsEmpty());
+  EXPECT_TRUE(Run().entitiesByOwner.empty());
 }
 
 TEST_F(Prepass, EntityCountsWithoutItsTypeData) {

@@ -29,9 +29,9 @@ Dwg_Color Transparent(Dwg_Color color, int type, int alpha) {
 }
 
 std::string Lineweight(int code) {
-  std::string out;
+  JsonOut out;
   AppendLineweight(out, static_cast<std::uint8_t>(code));
-  return out;
+  return out.Text();
 }
 
 struct PaletteCase {
@@ -210,11 +210,19 @@ TEST(AppendLineweight, WritesEveryOtherCodeAsByLayer) {
   }
 }
 
+std::string WithColor(std::string_view record, const Dwg_Object& object, bool debug) {
+  JsonOut out("before");
+  const std::size_t start = out.size();
+  out += record;
+  AppendColorAndLineweight(out, start, object, debug);
+  return out.Text().substr(start);
+}
+
 TEST(AppendColorAndLineweight, AddsBothKeysBeforeTheClosingBrace) {
   Entity entity;
   entity.data.color = Indexed(256);
   entity.data.linewt = 29;
-  EXPECT_EQ(AppendColorAndLineweight(R"({"type":"X"})", entity.object, false),
+  EXPECT_EQ(WithColor(R"({"type":"X"})", entity.object, false),
             R"({"type":"X","color":"L","lw":"L"})");
 }
 
@@ -222,7 +230,7 @@ TEST(AppendColorAndLineweight, ByBlockLineweightIsReportedAsByLayer) {
   Entity entity;
   entity.data.color = Indexed(0);
   entity.data.linewt = 30;
-  EXPECT_EQ(AppendColorAndLineweight("{}", entity.object, false), R"({,"color":"K","lw":"L"})");
+  EXPECT_EQ(WithColor("{}", entity.object, false), R"({,"color":"K","lw":"L"})");
 }
 
 TEST(AppendColorAndLineweight, DebugAddsTheStoredFields) {
@@ -230,7 +238,7 @@ TEST(AppendColorAndLineweight, DebugAddsTheStoredFields) {
   entity.data.color = Transparent(Indexed(-3), 3, 255);
   entity.data.color.alpha_raw = 0xFFFFFFFF;
   entity.data.linewt = 7;
-  EXPECT_EQ(AppendColorAndLineweight(R"({"a":1})", entity.object, true),
+  EXPECT_EQ(WithColor(R"({"a":1})", entity.object, true),
             R"({"a":1,"color":{"r":0,"g":0,"b":0},"lw":25,)"
             R"("_dbg":{"color_index":-3,"color_alpha_type":3,"color_alpha":255,)"
             R"("color_alpha_raw":4294967295}})");
@@ -238,6 +246,13 @@ TEST(AppendColorAndLineweight, DebugAddsTheStoredFields) {
 
 TEST(AppendColorAndLineweight, LeavesTextsWithoutAClosingBraceAlone) {
   Entity entity;
-  EXPECT_EQ(AppendColorAndLineweight("", entity.object, true), "");
-  EXPECT_EQ(AppendColorAndLineweight("[1]", entity.object, true), "[1]");
+  EXPECT_EQ(WithColor("", entity.object, true), "");
+  EXPECT_EQ(WithColor("[1]", entity.object, true), "[1]");
+}
+
+TEST(AppendColorAndLineweight, LooksNoFurtherBackThanTheRecord) {
+  Entity entity;
+  JsonOut out("{}");
+  AppendColorAndLineweight(out, out.size(), entity.object, true);
+  EXPECT_EQ(out, "{}");
 }

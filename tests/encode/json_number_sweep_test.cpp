@@ -24,8 +24,7 @@ class Sweep {
     const int length = std::isfinite(value)
                            ? std::snprintf(expected.data(), expected.size(), "%.10g", value)
                            : std::snprintf(expected.data(), expected.size(), "0");
-    actual_.clear();
-    AppendNumber(actual_, value);
+    actual_ = JsonNumber(value);
     if (actual_.size() != static_cast<std::size_t>(length) ||
         std::memcmp(actual_.data(), expected.data(), actual_.size()) != 0) {
       Report(value, expected.data());

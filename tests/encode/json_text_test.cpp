@@ -59,7 +59,7 @@ TEST(JsonInt, WritesTheWholeRange) {
 }
 
 TEST(AppendInt, WritesUnsignedWordsAsUnsigned) {
-  std::string out;
+  JsonOut out;
   AppendInt(out, std::numeric_limits<std::uint32_t>::max());
   EXPECT_EQ(out, "4294967295");
 }
@@ -108,13 +108,53 @@ TEST(JsonQuote, EscapesExactlyThirtyFourBytes) {
 }
 
 TEST(AppendQuoted, EndsAtTheFirstNul) {
-  std::string out;
+  JsonOut out;
   AppendQuoted(out, std::string_view("ab\0cd", 5));
   EXPECT_EQ(out, R"("ab")");
 }
 
+// Every position of every byte in texts of several lengths: the search takes
+// eight bytes at once.
+TEST(AppendQuoted, FindsEveryByteAtEveryPosition) {
+  for (std::size_t length = 1; length <= 20; ++length) {
+    for (std::size_t position = 0; position < length; ++position) {
+      for (int byte = 1; byte < 256; ++byte) {
+        std::string text(length, '\x80');
+        text[position] = static_cast<char>(byte);
+        const std::string single = JsonQuote(text.substr(position, 1).c_str());
+        const std::string expected = '"' + text.substr(0, position) +
+                                     single.substr(1, single.size() - 2) +
+                                     text.substr(position + 1) + '"';
+        ASSERT_EQ(JsonQuote(text.c_str()), expected) << byte << " at " << position;
+      }
+    }
+  }
+}
+
+TEST(AppendQuoted, LongTextsOfEscapesStayWhole) {
+  std::string text;
+  std::string expected = "\"";
+  for (int i = 0; i < 100'000; ++i) {
+    text += i % 3 == 0 ? "\x01" : "a\"";
+    expected += i % 3 == 0 ? "\\u0001" : "a\\\"";
+  }
+  JsonOut out;
+  AppendQuoted(out, text);
+  EXPECT_TRUE(out == expected + '"');
+}
+
+TEST(AppendEscaped, TellsWhetherANulEndedTheText) {
+  JsonOut out;
+  EXPECT_TRUE(AppendEscaped(out, "ab\"cdefghijkl"));
+  EXPECT_FALSE(AppendEscaped(out, std::string_view("12345678\0"
+                                                   "9",
+                                                   10)));
+  EXPECT_FALSE(AppendEscaped(out, std::string_view("\0", 1)));
+  EXPECT_EQ(out, R"(ab\"cdefghijkl12345678)");
+}
+
 TEST(AppendQuoted, KeepsTextBehindEscapes) {
-  std::string out = "x";
+  JsonOut out{"x"};
   AppendQuoted(out, "one\ntwo\"three");
   EXPECT_EQ(out, R"(x"one\ntwo\"three")");
 }
@@ -125,7 +165,7 @@ TEST(JsonBool, IsABareWord) {
 }
 
 TEST(CoordinateCursor, JoinsPairsIntoOneFlatSequence) {
-  std::string out = "[";
+  JsonOut out{"["};
   CoordinateCursor cursor{out};
   AppendCoordinatePair(cursor, 1, 2.5);
   AppendCoordinatePair(cursor, -0.0, std::numeric_limits<double>::infinity());
@@ -134,23 +174,29 @@ TEST(CoordinateCursor, JoinsPairsIntoOneFlatSequence) {
 }
 
 TEST(BracketCursor, CollectsFlatArraysIntoAnOuterArray) {
-  std::string out = "[";
+  JsonOut out{"["};
   BracketCursor cursor{out};
-  AppendBracketedItem(cursor, "0,0,1,1");
-  AppendBracketedItem(cursor, "");
-  AppendBracketedItem(cursor, "2,2");
+  CoordinateCursor first = BeginBracketedItem(cursor);
+  AppendCoordinatePair(first, 0, 0);
+  AppendCoordinatePair(first, 1, 1);
+  EndBracketedItem(cursor);
+  BeginBracketedItem(cursor);
+  EndBracketedItem(cursor);
+  CoordinateCursor last = BeginBracketedItem(cursor);
+  AppendCoordinatePair(last, 2, 2);
+  EndBracketedItem(cursor);
   EXPECT_EQ(out, "[[0,0,1,1],[],[2,2]");
   EXPECT_EQ(cursor.count, 3U);
 }
 
 TEST(ListCursor, JoinsPointsNumbersAndTexts) {
-  std::string points;
+  JsonOut points;
   ListCursor pointList{points};
   AppendPoint(pointList, 1, 2);
   AppendPoint(pointList, 3, 4, 5);
   EXPECT_EQ(points, "[1,2],[3,4,5]");
 
-  std::string mixed;
+  JsonOut mixed;
   ListCursor list{mixed};
   AppendListNumber(list, 0.5);
   AppendListQuoted(list, "a\"b");
@@ -158,7 +204,7 @@ TEST(ListCursor, JoinsPointsNumbersAndTexts) {
 }
 
 TEST(AppendKey, WritesTheKeyAsGivenAndTheValueBehindIt) {
-  std::string out;
+  JsonOut out;
   AppendNumberKey(out, "{\"a\":", 1e10);
   AppendIntKey(out, ",\"b\":", -3);
   AppendBoolKey(out, ",\"c\":", true);

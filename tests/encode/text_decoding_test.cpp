@@ -74,6 +74,25 @@ TEST_F(TextDecoding, Utf8OfANewDxfIsCopiedUnchanged) {
   EXPECT_EQ(DecodeText(false, "\xE6\x97\xA5"), "\xE6\x97\xA5");
 }
 
+// Every position in texts of several lengths: both decoders take several
+// characters at once.
+TEST_F(TextDecoding, OtherCharactersAreFoundAtEveryPosition) {
+  for (std::size_t length = 1; length <= 20; ++length) {
+    for (std::size_t position = 0; position < length; ++position) {
+      std::string ascii(length, 'a');
+      std::string bytes = ascii;
+      bytes[position] = '\xFC';
+      std::u16string units(length, u'a');
+      units[position] = u'\u00FC';
+      const std::string expected = ascii.replace(position, 1, "\xC3\xBC");
+      EXPECT_EQ(DecodeCodePageText(bytes.c_str()), expected);
+      EXPECT_EQ(DecodeUtf16Text(units.c_str()), expected);
+      units[position] = u'\u0180';
+      EXPECT_EQ(DecodeUtf16Text(units.c_str()), ascii.replace(position, 2, "\xC6\x80"));
+    }
+  }
+}
+
 TEST_F(TextDecoding, SingleBytesAreWindows1252WhateverTheSwitch) {
   SetEightBitIsUtf8(true);
   EXPECT_EQ(DecodeWindows1252Byte(0x80), Utf8(u8"\u20AC"));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -20,7 +21,7 @@ class ConvertEntityTest : public testing::Test {
  protected:
   std::string Convert(const Dwg_Object& object) {
     EntityContext context = drawing_.Context();
-    return convertEntity(object, context);
+    return Written(convertEntity, object, context);
   }
 
   TestDrawing drawing_;
@@ -154,7 +155,7 @@ class EntityListTest : public testing::Test {
   }
 
   TestDrawing drawing_;
-  std::string out_;
+  JsonOut out_;
 };
 
 TEST_F(EntityListTest, RecordsAreJoinedByCommasOverSeveralCalls) {

@@ -9,6 +9,7 @@
 
 #include "tests/support/record_reader.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -72,7 +73,7 @@ class HatchTest : public testing::Test {
   std::string Record() {
     hatch_.num_paths = static_cast<BITCODE_BL>(paths_.size());
     hatch_.paths = paths_.data();
-    return HatchRecord(hatch_, "0");
+    return Written(AppendHatchRecord, hatch_, "0");
   }
 
   std::vector<double> Loops() { return NumbersOf(Record(), "loops"); }
@@ -91,12 +92,12 @@ class HatchTest : public testing::Test {
 };
 
 TEST_F(HatchTest, WithoutPathsIsNotWritten) {
-  EXPECT_EQ(HatchRecord(hatch_, "0"), "");
+  EXPECT_EQ(Written(AppendHatchRecord, hatch_, "0"), "");
 }
 
 TEST_F(HatchTest, CountsWithoutArraysAreEmpty) {
   hatch_.num_paths = 4'000'000'000;
-  EXPECT_EQ(HatchRecord(hatch_, "0"), "");
+  EXPECT_EQ(Written(AppendHatchRecord, hatch_, "0"), "");
   AddPath(2).num_segs_or_paths = 4'000'000'000;
   AddPath(0).num_segs_or_paths = 4'000'000'000;
   EXPECT_EQ(Record(), "");

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -27,7 +28,7 @@ class ImageTest : public testing::Test {
 
   std::string Record() {
     EntityContext context = drawing_.Context();
-    return ImageRecord(image_, "0", context);
+    return Written(AppendImageRecord, image_, "0", context);
   }
 
   TestDrawing drawing_;
@@ -92,7 +93,7 @@ class PdfUnderlayTest : public testing::Test {
 
   std::string Record() {
     EntityContext context = drawing_.Context();
-    return PdfUnderlayRecord(underlay_, "0", context);
+    return Written(AppendPdfUnderlayRecord, underlay_, "0", context);
   }
 
   TestDrawing drawing_;

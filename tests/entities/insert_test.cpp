@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -30,12 +31,12 @@ class InsertTest : public testing::Test {
 
   std::string Record(const Dwg_Entity_INSERT& insert) {
     EntityContext context = drawing_.Context();
-    return InsertRecord(insert, "0", context);
+    return Written(AppendInsertRecord, insert, "0", context);
   }
 
   std::string Record(const Dwg_Entity_MINSERT& insert) {
     EntityContext context = drawing_.Context();
-    return ArrayedInsertRecord(insert, "0", context);
+    return Written(AppendArrayedInsertRecord, insert, "0", context);
   }
 
   TestDrawing drawing_;

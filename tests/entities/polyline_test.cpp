@@ -10,6 +10,7 @@
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -28,7 +29,7 @@ Dwg_Entity_LWPOLYLINE Through(std::vector<BITCODE_2RD>& points, std::vector<doub
 TEST(LwPolyline, MissingBulgesAreZero) {
   std::vector<BITCODE_2RD> points = {{0, 0}, {1, 0}, {1, 1}};
   std::vector<double> bulges = {0.5};
-  EXPECT_EQ(LwPolylineRecord(Through(points, bulges), "0"),
+  EXPECT_EQ(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
             R"({"type":"LWPOLYLINE","layer":"0","closed":false,)"
             R"("points":[[0,0],[1,0],[1,1]],"bulges":[0.5,0,0]})");
 }
@@ -38,13 +39,14 @@ TEST(LwPolyline, BulgesAreAllZeroWithoutAnArray) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.num_bulges = 2;
-  EXPECT_THAT(LwPolylineRecord(polyline, "0"), HasSubstr(R"("bulges":[0,0]})"));
+  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"), HasSubstr(R"("bulges":[0,0]})"));
 }
 
 TEST(LwPolyline, BulgesBeyondThePointsAreLeftOut) {
   std::vector<BITCODE_2RD> points = {{0, 0}};
   std::vector<double> bulges = {0.25, 0.5, 0.75};
-  EXPECT_THAT(LwPolylineRecord(Through(points, bulges), "0"), HasSubstr(R"("bulges":[0.25]})"));
+  EXPECT_THAT(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
+              HasSubstr(R"("bulges":[0.25]})"));
 }
 
 TEST(LwPolyline, ClosedOneDoesNotRepeatItsFirstPoint) {
@@ -52,7 +54,7 @@ TEST(LwPolyline, ClosedOneDoesNotRepeatItsFirstPoint) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.flag = 512;
-  EXPECT_THAT(LwPolylineRecord(polyline, "0"),
+  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"),
               HasSubstr(R"("closed":true,"points":[[0,0],[1,0],[1,1]],)"));
 }
 
@@ -61,23 +63,23 @@ TEST(LwPolyline, OtherFlagsDoNotCloseIt) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.flag = static_cast<BITCODE_BS>(0xFFFF & ~512);
-  EXPECT_THAT(LwPolylineRecord(polyline, "0"), HasSubstr(R"("closed":false)"));
+  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"), HasSubstr(R"("closed":false)"));
 }
 
 TEST(LwPolyline, OneWithoutPointsIsNotWritten) {
-  EXPECT_EQ(LwPolylineRecord(Dwg_Entity_LWPOLYLINE{}, "0"), "");
+  EXPECT_EQ(Written(AppendLwPolylineRecord, Dwg_Entity_LWPOLYLINE{}, "0"), "");
 }
 
 TEST(LwPolyline, CountWithoutAnArrayIsNoPoints) {
   Dwg_Entity_LWPOLYLINE polyline{};
   polyline.num_points = 4'000'000'000;
-  EXPECT_EQ(LwPolylineRecord(polyline, "0"), "");
+  EXPECT_EQ(Written(AppendLwPolylineRecord, polyline, "0"), "");
 }
 
 TEST(LwPolyline, NonFiniteValuesAreWrittenAsZero) {
   std::vector<BITCODE_2RD> points = {{std::numeric_limits<double>::infinity(), 1}};
   std::vector<double> bulges = {std::numeric_limits<double>::quiet_NaN()};
-  EXPECT_THAT(LwPolylineRecord(Through(points, bulges), "0"),
+  EXPECT_THAT(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
               HasSubstr(R"("points":[[0,1]],"bulges":[0]})"));
 }
 
@@ -112,7 +114,7 @@ class VertexWalkTest : public testing::Test {
 
   std::string RecordOf(std::size_t index) {
     EntityContext context = drawing_.Context();
-    return convertEntity(drawing_.data().object[index], context);
+    return Written(convertEntity, drawing_.data().object[index], context);
   }
 
   TestDrawing drawing_;
@@ -299,7 +301,7 @@ TEST_F(VertexWalkTest, SharedIndexNeverChangesARecord) {
     for (std::size_t call = 0; call < polylines.size() * 2; ++call) {
       const auto& object = drawing.data().object[polylines[random() % polylines.size()]];
       const std::string expected = NaiveRecord(drawing.data(), object);
-      ASSERT_EQ(convertEntity(object, context), expected)
+      ASSERT_EQ(Written(convertEntity, object, context), expected)
           << "round " << round << ", object " << object.index;
       written += expected.empty() ? 0U : 1U;
     }

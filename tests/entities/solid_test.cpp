@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/written.hpp"
+
 #include <limits>
 
 namespace {
@@ -16,35 +18,35 @@ Dwg_Entity_SOLID Corners(BITCODE_2RD third, BITCODE_2RD fourth) {
 }
 
 TEST(Solid, ZigzagCornersAreWrittenInOutlineOrder) {
-  EXPECT_EQ(SolidRecord(Corners({0, 3}, {4, 3}), "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {4, 3}), "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[4,3],[0,3]]})");
 }
 
 TEST(Solid, EqualThirdAndFourthCornerMakeATriangle) {
-  EXPECT_EQ(SolidRecord(Corners({2, 3}, {2, 3}), "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, Corners({2, 3}, {2, 3}), "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[2,3]]})");
 }
 
 TEST(Solid, CornersCloserThanTheLimitMakeATriangle) {
-  EXPECT_EQ(SolidRecord(Corners({0, 3}, {9e-11, 3}), "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {9e-11, 3}), "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[0,3]]})");
 }
 
 TEST(Solid, CornersAtTheLimitStayApart) {
-  EXPECT_EQ(SolidRecord(Corners({0, 3}, {1.5e-10, 3}), "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {1.5e-10, 3}), "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[1.5e-10,3],[0,3]]})");
 }
 
 TEST(Solid, OtherCoincidingCornersAreKept) {
   Dwg_Entity_SOLID solid = Corners({0, 3}, {4, 3});
   solid.corner2 = {0, 0};
-  EXPECT_EQ(SolidRecord(solid, "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, solid, "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[0,0],[4,3],[0,3]]})");
 }
 
 TEST(Solid, NonFiniteCornersNeverCoincide) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(SolidRecord(Corners({kNaN, 3}, {kNaN, 3}), "0"),
+  EXPECT_EQ(Written(AppendSolidRecord, Corners({kNaN, 3}, {kNaN, 3}), "0"),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[0,3],[0,3]]})");
 }
 

@@ -10,6 +10,7 @@
 
 #include "tests/support/record_reader.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -28,7 +29,7 @@ class SplineTest : public testing::Test {
  protected:
   std::string Record() {
     EntityContext context = drawing_.Context();
-    return SplineRecord(spline_, "L1", context);
+    return Written(AppendSplineRecord, spline_, "L1", context);
   }
 
   void SetFitPoints(const std::vector<BITCODE_3DPOINT>& points) {

@@ -9,6 +9,7 @@
 #include "entities/convert_entity.hpp"
 #include "tests/support/record_reader.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -43,7 +44,7 @@ class ViewportTest : public testing::Test {
 
   std::string RecordOf(std::size_t index) {
     EntityContext context = drawing_.Context();
-    return convertEntity(drawing_.data().object[index], context);
+    return Written(convertEntity, drawing_.data().object[index], context);
   }
 
   TestDrawing drawing_;
@@ -228,8 +229,8 @@ TEST_F(ViewportTest, NestingIsForgottenAfterEachRecord) {
     AddViewport(0x50 + i, 0x51 + i);
   }
   EntityContext context = drawing_.Context();
-  const std::string first = convertEntity(drawing_.data().object[0], context);
-  EXPECT_EQ(convertEntity(drawing_.data().object[0], context), first);
+  const std::string first = Written(convertEntity, drawing_.data().object[0], context);
+  EXPECT_EQ(Written(convertEntity, drawing_.data().object[0], context), first);
 }
 
 TEST_F(ViewportTest, OverallViewportAsAClipGivesNoClip) {

@@ -5,6 +5,8 @@
 #include <limits>
 #include <vector>
 
+#include "tests/support/written.hpp"
+
 namespace {
 
 // A shown wipeout whose unit frame is 4 wide and 2 high at (10, 20).
@@ -21,7 +23,7 @@ Dwg_Entity_WIPEOUT Framed(std::vector<BITCODE_2RD>& vertices) {
 
 TEST(Wipeout, FrameIsCentredWithItsVAxisDownward) {
   std::vector<BITCODE_2RD> vertices = {{-0.5, 0.5}, {0.5, 0.5}, {0.5, -0.5}, {0, 0}};
-  EXPECT_EQ(WipeoutRecord(Framed(vertices), "0"),
+  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
             R"({"type":"WIPEOUT","layer":"0","verts":[[10,20],[14,20],[14,22],[12,21]]})");
 }
 
@@ -30,19 +32,21 @@ TEST(Wipeout, SlantedFrameMixesBothVectors) {
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.uvec = {1, 3, 0};
   wipeout.vvec = {-2, 1, 0};
-  EXPECT_EQ(WipeoutRecord(wipeout, "0"), R"({"type":"WIPEOUT","layer":"0","verts":[[9.5,22]]})");
+  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"),
+            R"({"type":"WIPEOUT","layer":"0","verts":[[9.5,22]]})");
 }
 
 TEST(Wipeout, ImageSizePlaysNoPart) {
   std::vector<BITCODE_2RD> vertices = {{0.5, -0.5}};
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.image_size = {640, 480};
-  EXPECT_EQ(WipeoutRecord(wipeout, "0"), R"({"type":"WIPEOUT","layer":"0","verts":[[14,22]]})");
+  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"),
+            R"({"type":"WIPEOUT","layer":"0","verts":[[14,22]]})");
 }
 
 TEST(Wipeout, RectangleOfTwoCornersStaysTwoPoints) {
   std::vector<BITCODE_2RD> vertices = {{-0.5, -0.5}, {0.5, 0.5}};
-  EXPECT_EQ(WipeoutRecord(Framed(vertices), "0"),
+  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
             R"({"type":"WIPEOUT","layer":"0","verts":[[10,22],[14,20]]})");
 }
 
@@ -50,12 +54,12 @@ TEST(Wipeout, HiddenOneIsNotWritten) {
   std::vector<BITCODE_2RD> vertices = {{0, 0}};
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.display_props = 6;
-  EXPECT_EQ(WipeoutRecord(wipeout, "0"), "");
+  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"), "");
 }
 
 TEST(Wipeout, OneWithoutClipVerticesIsNotWritten) {
   std::vector<BITCODE_2RD> vertices;
-  EXPECT_EQ(WipeoutRecord(Framed(vertices), "0"), "");
+  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"), "");
 }
 
 TEST(Wipeout, CountWithoutAnArrayIsNoVertices) {
@@ -63,12 +67,12 @@ TEST(Wipeout, CountWithoutAnArrayIsNoVertices) {
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.clip_verts = nullptr;
   wipeout.num_clip_verts = 1'000'000'000;
-  EXPECT_EQ(WipeoutRecord(wipeout, "0"), "");
+  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"), "");
 }
 
 TEST(Wipeout, NonFiniteVertexIsWrittenAsZero) {
   std::vector<BITCODE_2RD> vertices = {{std::numeric_limits<double>::infinity(), 0.5}};
-  EXPECT_EQ(WipeoutRecord(Framed(vertices), "0"),
+  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
             R"({"type":"WIPEOUT","layer":"0","verts":[[0,0]]})");
 }
 

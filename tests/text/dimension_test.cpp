@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -17,7 +18,8 @@ class DimensionRecords : public testing::Test {
   DimStyleEntry& style() { return drawing.tables.dimStyles[kStyle]; }
 
   std::string StyleKeys() {
-    return DimStyleKeys(drawing.Ref(kStyle), drawing.tables.dimStyles, drawing.tables.styleFonts);
+    return Written(AppendDimStyleKeys, drawing.Ref(kStyle), drawing.tables.dimStyles,
+                   drawing.tables.styleFonts);
   }
 
   template <typename Dimension>
@@ -42,7 +44,7 @@ TEST_F(DimensionRecords, LinearDimensionHasItsRotation) {
   dimension.dim_rotation = 0.5;
   style().textHeight = 2;
   EntityContext context = drawing.Context();
-  EXPECT_EQ(LinearDimensionRecord(dimension, "Maße", context),
+  EXPECT_EQ(Written(AppendLinearDimensionRecord, dimension, "Maße", context),
             R"({"type":"DIMENSION_LINEAR","layer":"Maße","x1":1,"y1":2,"x2":3,"y2":4,"defX":5,)"
             R"("defY":6,"dimRotationRad":0.5,"measurement":12.5,"userText":"<> \\X%%c",)"
             R"("textMidX":7,"textMidY":8,"textHeight":2})");
@@ -54,7 +56,7 @@ TEST_F(DimensionRecords, AlignedDimensionHasNoRotation) {
   dimension.xline1_pt = {1, 2, 9};
   dimension.xline2_pt = {3, 4, 9};
   EntityContext context = drawing.Context();
-  EXPECT_EQ(AlignedDimensionRecord(dimension, "0", context),
+  EXPECT_EQ(Written(AppendAlignedDimensionRecord, dimension, "0", context),
             R"({"type":"DIMENSION_ALIGNED","layer":"0","x1":1,"y1":2,"x2":3,"y2":4,"defX":5,)"
             R"("defY":6,"measurement":12.5,"userText":"<> \\X%%c","textMidX":7,"textMidY":8})");
 }
@@ -65,7 +67,7 @@ TEST_F(DimensionRecords, RadiusDimensionHasItsArcPointAndLeader) {
   dimension.first_arc_pt = {1, 2, 9};
   dimension.leader_len = 3;
   EntityContext context = drawing.Context();
-  EXPECT_EQ(RadiusDimensionRecord(dimension, "0", context),
+  EXPECT_EQ(Written(AppendRadiusDimensionRecord, dimension, "0", context),
             R"({"type":"DIMENSION_RADIUS","layer":"0","defX":5,"defY":6,"arcX":1,"arcY":2,)"
             R"("leaderLen":3,"measurement":12.5,"userText":"<> \\X%%c","textMidX":7,)"
             R"("textMidY":8})");
@@ -74,8 +76,9 @@ TEST_F(DimensionRecords, RadiusDimensionHasItsArcPointAndLeader) {
 TEST_F(DimensionRecords, MissingOverrideTextIsAnEmptyString) {
   Dwg_Entity_DIMENSION_ALIGNED dimension{};
   EntityContext context = drawing.Context();
-  EXPECT_NE(AlignedDimensionRecord(dimension, "0", context).find(R"("userText":"",)"),
-            std::string::npos);
+  EXPECT_NE(
+      Written(AppendAlignedDimensionRecord, dimension, "0", context).find(R"("userText":"",)"),
+      std::string::npos);
 }
 
 TEST_F(DimensionRecords, OverrideTextIsDecodedByTheDrawing) {
@@ -83,15 +86,22 @@ TEST_F(DimensionRecords, OverrideTextIsDecodedByTheDrawing) {
   drawing.unicodeText = true;
   dimension.user_text = drawing.Utf16(u"⌀<>");
   EntityContext context = drawing.Context();
-  EXPECT_NE(AlignedDimensionRecord(dimension, "0", context).find(R"("userText":"⌀<>",)"),
-            std::string::npos);
+  EXPECT_NE(
+      Written(AppendAlignedDimensionRecord, dimension, "0", context).find(R"("userText":"⌀<>",)"),
+      std::string::npos);
 }
 
 TEST_F(DimensionRecords, MissingOrUnknownStyleHasNoKeys) {
   style().textHeight = 2;
-  EXPECT_EQ(DimStyleKeys(nullptr, drawing.tables.dimStyles, drawing.tables.styleFonts), "");
-  EXPECT_EQ(DimStyleKeys(drawing.Ref(0), drawing.tables.dimStyles, drawing.tables.styleFonts), "");
-  EXPECT_EQ(DimStyleKeys(drawing.Ref(9), drawing.tables.dimStyles, drawing.tables.styleFonts), "");
+  EXPECT_EQ(
+      Written(AppendDimStyleKeys, nullptr, drawing.tables.dimStyles, drawing.tables.styleFonts),
+      "");
+  EXPECT_EQ(Written(AppendDimStyleKeys, drawing.Ref(0), drawing.tables.dimStyles,
+                    drawing.tables.styleFonts),
+            "");
+  EXPECT_EQ(Written(AppendDimStyleKeys, drawing.Ref(9), drawing.tables.dimStyles,
+                    drawing.tables.styleFonts),
+            "");
 }
 
 TEST_F(DimensionRecords, StyleWithDefaultsHasNoKeys) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -21,7 +22,7 @@ class MtextRecords : public testing::Test {
 
   std::string Record(const std::string& layer = "0") {
     EntityContext context = drawing.Context();
-    return MtextRecord(mtext, layer, context);
+    return Written(AppendMtextRecord, mtext, layer, context);
   }
 
   // The record's width and height with their keys.

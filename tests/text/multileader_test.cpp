@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -45,7 +46,7 @@ class MultileaderRecords : public testing::Test {
 
   std::string Record() {
     EntityContext context = drawing.Context();
-    return MultileaderRecord(multileader, "0", context);
+    return Written(AppendMultileaderRecord, multileader, "0", context);
   }
 
   TestDrawing drawing;

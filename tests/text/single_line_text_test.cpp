@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -17,17 +18,17 @@ class TextRecords : public testing::Test {
 
   std::string Record(const Dwg_Entity_TEXT& text) {
     EntityContext context = drawing.Context();
-    return TextRecord(text, "0", context);
+    return Written(AppendTextRecord, text, "0", context);
   }
 
   std::string Record(const Dwg_Entity_ATTRIB& attribute) {
     EntityContext context = drawing.Context();
-    return AttributeRecord(attribute, "0", context);
+    return Written(AppendAttributeRecord, attribute, "0", context);
   }
 
   std::string Record(const Dwg_Entity_ATTDEF& definition) {
     EntityContext context = drawing.Context();
-    return AttributeDefinitionRecord(definition, "0", context);
+    return Written(AppendAttributeDefinitionRecord, definition, "0", context);
   }
 
   TestDrawing drawing;
