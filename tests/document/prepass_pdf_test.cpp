@@ -9,6 +9,7 @@
 
 #include "document/prepass.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/value_at.hpp"
 
 namespace {
 
@@ -35,7 +36,7 @@ class PdfDefinitions : public testing::Test {
     auto& definition = drawing.AddObject(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION, 0x90);
     definition.filename = drawing.Text(declared);
     definition.name = drawing.Text(page);
-    return *BuildLookupTables(drawing.data(), false, drawingFolder).pdfDefs.Find(0x90);
+    return ValueAt(BuildLookupTables(drawing.data(), false, drawingFolder).pdfDefs, 0x90);
   }
 
   fs::path folder_;
@@ -120,7 +121,7 @@ TEST_F(PdfDefinitions, DefinitionWithoutAPageNameHasPageOne) {
   TestDrawing drawing;
   drawing.AddObject(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION, 0x90).filename =
       drawing.Text("a.pdf");
-  EXPECT_EQ(BuildLookupTables(drawing.data(), false, {}).pdfDefs.Find(0x90)->page, 1);
+  EXPECT_EQ(ValueAt(BuildLookupTables(drawing.data(), false, {}).pdfDefs, 0x90).page, 1);
 }
 
 TEST_F(PdfDefinitions, PageIsReadFromTheDefinitionsName) {

@@ -9,6 +9,7 @@
 
 #include "encode/text_decoding.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/value_at.hpp"
 
 namespace {
 
@@ -133,7 +134,7 @@ TEST_F(Prepass, DimensionStyleTakesEveryVariable) {
   style.DIMZIN = 8;
   style.DIMLUNIT = 2;
   style.DIMPOST = drawing_.Text("<> mm\xB2");
-  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
+  const DimStyleEntry entry = ValueAt(Run().dimStyles, 0x30);
   EXPECT_EQ(entry.textHeight, 1.5);
   EXPECT_EQ(entry.overallScale, 2);
   EXPECT_EQ(entry.arrowSize, 0.18);
@@ -152,7 +153,7 @@ TEST_F(Prepass, DimensionStyleLeavesInheritedColorsEmpty) {
   auto& style = AddDimStyle(0x30);
   style.DIMCLRT.index = 256;
   style.DIMCLRD.index = 0;
-  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
+  const DimStyleEntry entry = ValueAt(Run().dimStyles, 0x30);
   EXPECT_EQ(entry.textColor, "");
   EXPECT_EQ(entry.lineColor, "");
   EXPECT_EQ(entry.textStyle, 0U);
@@ -164,7 +165,7 @@ TEST_F(Prepass, DimensionStyleKeepsSixteenBitWordsUnsigned) {
   style.DIMDEC = 0xFFFF;
   style.DIMZIN = 0x8000;
   style.DIMLUNIT = 0xFFFE;
-  const DimStyleEntry entry = *Run().dimStyles.Find(0x30);
+  const DimStyleEntry entry = ValueAt(Run().dimStyles, 0x30);
   EXPECT_EQ(entry.decimalPlaces, 65535);
   EXPECT_EQ(entry.zeroSuppression, 32768);
   EXPECT_EQ(entry.linearUnit, 65534);
