@@ -42,7 +42,8 @@ TEST(HandleHashTest, HandlesThatDifferOnlyInHighBitsSpread) {
 TEST(LookupTablesTest, ObjectWithoutHandleOwnsNothing) {
   LookupTables tables;
   const Dwg_Object object{};
-  tables.entitiesByOwner[0] = {&object};
+  tables.entitiesByOwner.Add(0, object);
+  tables.entitiesByOwner.Finish();
   EXPECT_TRUE(tables.OwnedBy(object).empty());
   EXPECT_EQ(tables.OwnedBy(Handle{0}).size(), 1U);
 }

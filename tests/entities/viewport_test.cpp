@@ -165,7 +165,7 @@ TEST_F(ViewportTest, EveryViewportThatNamesAnOutlineHasIt) {
   hatch.num_paths = 1;
   EntityContext context = drawing_.Context();
   for (const std::size_t viewport : {0U, 1U}) {
-    EXPECT_THAT(convertEntity(drawing_.data().object[viewport], context),
+    EXPECT_THAT(Written(convertEntity, drawing_.data().object[viewport], context),
                 HasSubstr(R"("clip":{"type":"HATCH","layer":"0","solid":false,)"
                           R"("loops":[[0,0,0,0,0,0]]}})"));
   }
@@ -176,8 +176,9 @@ TEST_F(ViewportTest, WarningOfAnOutlineCountsForEveryViewport) {
   AddViewport(0x51, 0x70);
   drawing_.AddEntity(DWG_TYPE_SPLINE, &EntityTio::SPLINE, 0x70);
   EntityContext context = drawing_.Context();
-  convertEntity(drawing_.data().object[0], context);
-  convertEntity(drawing_.data().object[1], context);
+  JsonOut out;
+  convertEntity(out, drawing_.data().object[0], context);
+  convertEntity(out, drawing_.data().object[1], context);
   EXPECT_EQ(drawing_.warnings.size(), 2U);
 }
 

@@ -218,8 +218,10 @@ void ExpectLinearDocument(std::size_t n, const Fill& fill) {
     Dwg_Data* dwg = &drawing->Finish();
     return [drawing, dwg] {
       StageObserver observer;
-      BuildDocument({.dwg = *dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
-                    {}, observer);
+      JsonOut out;
+      AppendDocument(out,
+                     {.dwg = *dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
+                     {}, observer);
     };
   });
 }
@@ -245,10 +247,11 @@ TEST(Growth, DISABLED_MillionLayers) {
     std::size_t size = 0;
     const Cost cost = CostOf([&dwg, &size] {
       StageObserver observer;
-      size = BuildDocument(
-                 {.dwg = dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}}, {},
-                 observer)
-                 .size();
+      JsonOut out;
+      AppendDocument(out,
+                     {.dwg = dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
+                     {}, observer);
+      size = out.size();
     });
     std::printf("%zu layers: %.2f s, %.0f MB allocated in all, document of %.0f MB\n", n,
                 cost.seconds, static_cast<double>(cost.bytes) / 1e6,
