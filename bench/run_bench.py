@@ -34,25 +34,25 @@ REAL = ["libredwg/2018/Dynblocks.dwg", "aspose-cad/search.dwg", "libredwg/2004/m
         "libredwg/2007/ATMOS-DC22S.dwg", "libredwg/2013/gh44-error.dwg",
         "acadsharp/sample_AC1032_ascii.dxf", "acadsharp/sample_AC1032_binary.dxf",
         "libredwg/example_2000.dxf", "libredwg/example_2007.dxf", "libredwg/example_2018.dxf",
-        "libredwg/2000/TS1.dxf", "ezdxf/Graz_10km_3m.dxf", "mlightcad-cad-viewer/block-color.dxf"]
+        "libredwg/2004/Surface.dxf", "libredwg/2013/Constraints.dwg",
+        "ezdxf/Graz_10km_3m.dxf", "mlightcad-cad-viewer/block-color.dxf"]
 GENERATED = [("mixed", 37500), ("mixed", 75000), ("mixed", 150000), ("mixed", 300000),
              ("text", 50000), ("blocks", 5000), ("hatch", 3000)]
-INSTRUCTIONS = ["libredwg/2000/TS1.dxf", "libredwg/example_2000.dwg"]
+INSTRUCTIONS = ["libredwg/example_2000.dwg", "acadsharp/sample_AC1032_ascii.dxf"]
 
 EZDXF = "import sys,ezdxf; ezdxf.readfile(sys.argv[1])"
 
 
 class Run:
-    """Wall seconds and peak memory of one process."""
+    """Wall seconds of one process."""
 
     def __init__(self, command):
         start = time.perf_counter()
         with subprocess.Popen(command, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL) as process:
-            _, self.status, usage = os.wait4(process.pid, 0)
+            _, self.status = os.waitpid(process.pid, 0)
             self.seconds = time.perf_counter() - start
             process.returncode = os.waitstatus_to_exitcode(self.status)
-        self.peak_kb = usage.ru_maxrss
 
 
 def in_turn(commands, runs):
@@ -69,8 +69,13 @@ def in_turn(commands, runs):
 def figures(runs):
     seconds = [run.seconds for run in runs]
     return {"min_ms": round(min(seconds) * 1e3, 3),
-            "median_ms": round(statistics.median(seconds) * 1e3, 3),
-            "peak_kb": max(run.peak_kb for run in runs)}
+            "median_ms": round(statistics.median(seconds) * 1e3, 3)}
+
+
+def peak_kb(options, *command):
+    output = subprocess.run([options.bench / "bench/peak_memory", *command], capture_output=True,
+                            check=True).stdout
+    return int(output)
 
 
 def our_share(stage_times, drawing, runs):
@@ -100,6 +105,8 @@ def measure(options, drawing, name):
     results = in_turn({"bare": [options.bench / "bench/bare_reader", drawing],
                        "worker": [options.worker, drawing]}, runs)
     bare, worker = figures(results["bare"]), figures(results["worker"])
+    bare["peak_kb"] = peak_kb(options, options.bench / "bench/bare_reader", drawing)
+    worker["peak_kb"] = peak_kb(options, options.worker, drawing)
     reads = bare_read(options.bench / "bench/bare_reader", drawing, runs)
     ours = our_share(options.bench / "bench/stage_times", drawing, runs)
     size = document_size(options.worker, drawing)
@@ -136,7 +143,8 @@ def print_measures(title, measures):
 
 def real(options):
     measures = [measure(options, options.drawings / name, name) for name in REAL
-                if (options.drawings / name).exists()]
+                if (options.drawings / name).exists()
+                and Run([options.worker, options.drawings / name]).status == 0]
     print_measures("Real drawings, milliseconds", measures)
     return measures
 

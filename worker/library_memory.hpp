@@ -26,3 +26,11 @@ inline void LibraryFree(void* memory) {
   std::free(memory);
 #endif
 }
+
+// Gives back to the system what the library has freed: the file, for one thing,
+// which must not add to the output's memory.
+inline void ReturnFreeLibraryMemory() {
+#ifdef DWG_MIMALLOC
+  mi_collect(true);
+#endif
+}
