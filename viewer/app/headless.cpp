@@ -84,6 +84,7 @@ QByteArray SheetList(const Scene& scene) {
   for (const Sheet& sheet : scene.sheets) {
     QJsonObject record{{"name", sheet.name},
                        {"extents", BoxOf(sheet.extents)},
+                       {"geometryExtents", BoxOf(sheet.geometryExtents)},
                        {"items", static_cast<qint64>(sheet.items.size())},
                        {"viewports", static_cast<qint64>(sheet.viewports.size())}};
     if (sheet.paper) {

@@ -62,6 +62,7 @@ void AddOptions(QCommandLineParser& parser) {
       {"region", "What to show, in the sheet's coordinates.", "x1,y1,x2,y2"},
       {"background", "light or dark.", "name", "light"},
       {"no-lineweights", "All lines as thin as can be."},
+      {"monochrome", "All in black, or white on a dark background; PNG and PDF."},
       {"list", "Prints sheets and their extents as JSON."},
       {"frames", "Times so many frames of zooming and panning.", "number"},
       {"worker", "The program that reads drawings.", "file"},
@@ -98,6 +99,7 @@ Options ParseOptions(const QStringList& arguments) {
   options.exporting.width = std::min(PositiveNumber(parser, "width"), 20000);
   options.exporting.background = BackgroundOf(parser.value("background"));
   options.exporting.lineweights = !parser.isSet("no-lineweights");
+  options.exporting.monochrome = parser.isSet("monochrome");
   options.exporting.region = RegionOf(parser.value("region"));
   options.layout = parser.value("layout");
   options.png = parser.value("png");

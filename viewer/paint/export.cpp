@@ -45,6 +45,7 @@ View ViewOf(const Sheet& sheet, const QRectF& area, const QRectF& device,
   view.pixelsPerMillimetre = PixelsPerMillimetre(sheet, view.toDevice);
   view.background = options.background;
   view.lineweights = options.lineweights;
+  view.monochrome = options.monochrome;
   return view;
 }
 

@@ -16,6 +16,8 @@ struct ExportOptions {
   int width = 1600;
   QColor background = Qt::white;
   bool lineweights = true;
+  // Everything in the foreground's colour; PNG and PDF.
+  bool monochrome = false;
   // Of the sheet, in its coordinates, instead of all of it.
   std::optional<QRectF> region;
 };

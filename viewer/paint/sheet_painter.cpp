@@ -146,7 +146,7 @@ class Pass {
         !IsShown(scene_, item, shown_, frozen)) {
       return;
     }
-    const QColor color = ColorOn(item.ink, view_.background);
+    const QColor color = ColorOf(item.ink);
     if (box.width() < kDotPixels && box.height() < kDotPixels) {
       PaintDot(box.center(), color, item.lineweight);
     } else if (item.shape->isText && ShorterSide(box) < kBarPixels) {
@@ -156,6 +156,10 @@ class Pass {
     } else {
       PaintShape(item, toDevice, color);
     }
+  }
+
+  QColor ColorOf(const Ink& ink) const {
+    return ColorOn(view_.monochrome ? Ink{} : ink, view_.background);
   }
 
   void PaintDot(QPointF at, const QColor& color, int lineweight) {
@@ -203,8 +207,7 @@ class Pass {
       return;
     }
     for (const Part& part : item.shape->parts) {
-      PaintPart(part, transform, part.ink ? ColorOn(*part.ink, view_.background) : color,
-                item.lineweight);
+      PaintPart(part, transform, part.ink ? ColorOf(*part.ink) : color, item.lineweight);
     }
   }
 

@@ -24,6 +24,8 @@ struct View {
   QColor background = Qt::white;
   bool lineweights = true;
   bool antialiasing = true;
+  // Everything in the foreground's colour, as many plotters do it.
+  bool monochrome = false;
   // For every layer whether it is shown; empty for the layers that are on.
   std::vector<bool> shown;
   // Painting ends early, with a part of the sheet, when this becomes true.

@@ -33,7 +33,8 @@ Ink LayerTable::InkOf(int layer) const {
   }
   const Layer& found = layers_[static_cast<std::size_t>(layer)];
   const QRgb rgb = found.color;
-  return {.foreground = (rgb & 0xFFFFFFU) == 0,
+  const QRgb plain = rgb & 0xFFFFFFU;
+  return {.foreground = plain == 0 || plain == 0xFFFFFFU,
           .rgba = qRgba(qRed(rgb), qGreen(rgb), qBlue(rgb), found.alpha)};
 }
 

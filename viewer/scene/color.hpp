@@ -23,7 +23,8 @@ class LayerTable {
   // -1 when there is no such layer.
   int IndexOf(const QString& name) const;
   // The foreground for a layer that is black, which is how documents write the
-  // layer colour that is white on dark backgrounds, and for an unknown layer.
+  // layer colour that is white on dark backgrounds, for one that is white, which
+  // drawings made on dark screens have, and for an unknown layer.
   Ink InkOf(int layer) const;
   int LineweightOf(int layer) const;
 

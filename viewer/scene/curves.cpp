@@ -16,13 +16,14 @@ double Length(QPointF v) {
   return std::hypot(v.x(), v.y());
 }
 
-// The angle from start to end counter-clockwise, in (0, one turn].
+// The angle from start to end counter-clockwise, in (0, one turn]. Drawings
+// write whole turns with as few as eight digits.
 double SweepOf(double start, double end) {
-  double sweep = std::fmod(end - start, kTurn);
-  if (sweep <= 1e-12) {
-    sweep += kTurn;
+  const double sweep = std::fmod(end - start, kTurn);
+  if (std::abs(end - start) > 1 && (std::abs(sweep) < 1e-6 || std::abs(sweep) > kTurn - 1e-6)) {
+    return kTurn;
   }
-  return sweep;
+  return sweep > 0 ? sweep : sweep + kTurn;
 }
 
 // A Bézier curve for at most a quarter of the unit circle, mapped.
@@ -46,7 +47,7 @@ void AppendArc(QPainterPath& path, const QTransform& place, double start, double
 QPainterPath MappedArc(const QTransform& place, double start, double sweep) {
   QPainterPath path(place.map(QPointF(std::cos(start), std::sin(start))));
   AppendArc(path, place, start, sweep);
-  if (sweep >= kTurn - 1e-9) {
+  if (sweep >= kTurn) {
     path.closeSubpath();
   }
   return path;

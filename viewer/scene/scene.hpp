@@ -54,6 +54,8 @@ struct Shape {
   QPolygonF polyline;
   // Text may be drawn as a bar when it is too small to read.
   bool isText = false;
+  // Its size depends on the fonts at hand: text, and what has text in it.
+  bool hasText = false;
   // Mapped so that its unit square, Y up, is the picture's frame.
   QImage image;
   QTransform imagePlace;
@@ -90,6 +92,8 @@ struct Sheet {
   std::vector<ViewportView> viewports;
   // Everything on layers that are on.
   QRectF extents;
+  // Likewise without what depends on fonts.
+  QRectF geometryExtents;
   // The paper's edge and the printable area, in the sheet's coordinates.
   std::optional<QRectF> paper;
   QRectF printable;

@@ -106,12 +106,14 @@ class Builder {
     sheet.isModel = layout == nullptr;
     sheet_ = &sheet;
     finite_.reset();
+    geometry_.reset();
     if (layout != nullptr && layout->page) {
       SetPaper(*layout->page);
     }
     AddRecords(records);
     AddInfinite();
     sheet.extents = finite_.value_or(sheet.paper.value_or(QRectF(0, 0, 1, 1)));
+    sheet.geometryExtents = geometry_.value_or(sheet.extents);
     scene_.sheets.push_back(std::move(sheet));
   }
 
@@ -233,6 +235,9 @@ class Builder {
               .owners = place.owners};
     if (counts && IsVisible(layer)) {
       Grow(finite_, item.bounds);
+      if (!shape->hasText) {
+        Grow(geometry_, item.bounds);
+      }
     }
     sheet_->items.push_back(std::move(item));
   }
@@ -269,6 +274,7 @@ class Builder {
     }
     const int layer = layers_.IndexOf(record["layer"].toString());
     Grow(finite_, FrameOf(record));
+    Grow(geometry_, FrameOf(record));
     // Documents of DWG files hold the sheet's own viewport too; it looks at the
     // sheet itself and shows no model space.
     if (!IsOn(record) || IsSheetItself(record)) {
@@ -345,6 +351,7 @@ class Builder {
   Scene scene_;
   Sheet* sheet_ = nullptr;
   std::optional<QRectF> finite_;
+  std::optional<QRectF> geometry_;
   // A map, whose elements stay where they are while more are prepared.
   std::map<QString, std::vector<Prepared>> contents_;
   std::map<std::pair<int, int>, int> ownerSets_;

@@ -204,6 +204,7 @@ ShapePtr TextParts(std::vector<Part> parts, const QTransform& place) {
   }
   auto shape = std::make_shared<Shape>();
   shape->isText = true;
+  shape->hasText = true;
   for (Part& part : parts) {
     shape->parts.push_back({place.map(part.path), part.fill, part.ink});
   }
@@ -301,6 +302,7 @@ ShapePtr MultileaderShape(const QJsonObject& record) {
     }
   }
   AddMultileaderText(*shape, record["text"].toObject());
+  shape->hasText = true;
   return shape->parts.empty() ? nullptr : shape;
 }
 
@@ -310,6 +312,7 @@ ShapePtr DimensionShape(const QJsonObject& record, const ShapeContext& context) 
     return context.styleInk(color.isUndefined() ? record["color"] : color);
   };
   auto shape = std::make_shared<Shape>();
+  shape->hasText = true;
   shape->parts = DimensionParts(record, inkOf("lineColorRgb"), inkOf("textColorRgb"));
   return shape->parts.empty() ? nullptr : shape;
 }

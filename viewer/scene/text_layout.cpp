@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QJsonObject>
 #include <QRawFont>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -73,6 +74,26 @@ QString WithEmptyParagraphs(QString html) {
                       QLatin1String("<p style=\"-qt-paragraph-type:empty;\"><br /></p>"));
 }
 
+// While the HTML is read, a size of this many points is the text's own height:
+// Qt's parser of style sheets rounds sizes to whole points, and drawings hold
+// sizes of a hundredth of one.
+constexpr double kOwnSizePoints = 1000;
+
+// Sizes in the fragment are drawing units / 25.4. Beyond the bounds a size
+// would draw nothing but exhaust the memory.
+QString WithRelativeSizes(const QString& html, double height) {
+  static const QRegularExpression size("font-size:([0-9.]+)pt");
+  QString out;
+  qsizetype from = 0;
+  for (const QRegularExpressionMatch& match : size.globalMatch(html)) {
+    const double factor = std::clamp(match.captured(1).toDouble() * 25.4 / height, 0.02, 50.0);
+    out += html.mid(from, match.capturedStart() - from) +
+           QString("font-size:%1pt").arg(std::lround(factor * kOwnSizePoints));
+    from = match.capturedEnd();
+  }
+  return out + html.mid(from);
+}
+
 class Composer {
  public:
   explicit Composer(const TextSource& source) : source_(source) {}
@@ -95,10 +116,10 @@ class Composer {
     document_.setDocumentMargin(0);
     document_.setDefaultFont(FontOf(source_.family, PointsFor(source_.family, 1)));
     document_.setDefaultStyleSheet("p { margin: 0; white-space: pre-wrap; }");
-    document_.setHtml(WithEmptyParagraphs(source_.html.left(kMostCharacters)));
+    document_.setHtml(
+        WithRelativeSizes(WithEmptyParagraphs(source_.html.left(kMostCharacters)), source_.height));
   }
 
-  // The fragments' sizes are drawing units / 25.4.
   void ScaleFonts() {
     struct Piece {
       int start = 0;
@@ -121,10 +142,9 @@ class Composer {
 
   double PointsOf(const QTextCharFormat& format) const {
     const double factor = format.hasProperty(QTextFormat::FontPointSize)
-                              ? format.fontPointSize() * 25.4 / source_.height
+                              ? format.fontPointSize() / kOwnSizePoints
                               : 1;
-    // A factor beyond these bounds would draw nothing but exhaust the memory.
-    return PointsFor(FamilyOf(format, source_.family), std::clamp(factor, 0.02, 50.0));
+    return PointsFor(FamilyOf(format, source_.family), factor);
   }
 
   void Merge(int start, int length, const QTextCharFormat& format) {
