@@ -156,6 +156,12 @@ QPainterPath HermitePath(const std::vector<QPointF>& p, const std::vector<double
   return path;
 }
 
+bool IsCorner(QPointF before, QPointF at, QPointF after) {
+  const QPointF in = UnitOf(at - before);
+  const QPointF out = UnitOf(after - at);
+  return in.x() * out.x() + in.y() * out.y() < std::cos(40 * kTurn / 360);
+}
+
 // The points three times around: in the middle turn the ends have no influence
 // that could be seen, which spares a solver for periodic systems.
 QPainterPath PeriodicPath(std::vector<QPointF> ring) {
@@ -230,6 +236,20 @@ QPainterPath InterpolatedPath(std::span<const QPointF> points, bool closed,
   }
   const std::vector<double> steps = Steps(kept);
   return HermitePath(kept, steps, Derivatives(kept, steps, tangents), 0, kept.size() - 1);
+}
+
+QPainterPath SmoothedPath(std::span<const QPointF> points) {
+  const std::vector<QPointF> kept = WithoutRepeats(points);
+  QPainterPath path;
+  std::size_t from = 0;
+  for (std::size_t i = 1; i < kept.size(); ++i) {
+    if (i + 1 == kept.size() || IsCorner(kept[i - 1], kept[i], kept[i + 1])) {
+      const auto piece = std::span(kept).subspan(from, i - from + 1);
+      path.connectPath(InterpolatedPath(piece, false, {}));
+      from = i;
+    }
+  }
+  return path;
 }
 
 QPainterPath ArrowPath(QPointF tip, QPointF direction, double size) {

@@ -42,6 +42,10 @@ struct EndTangents {
 QPainterPath InterpolatedPath(std::span<const QPointF> points, bool closed,
                               const EndTangents& tangents);
 
+// The same through many points of a curve that may have corners: the curve is
+// interrupted where it turns by more than 40 degrees from one point to the next.
+QPainterPath SmoothedPath(std::span<const QPointF> points);
+
 // A filled triangle with its tip at `tip` that points along `direction` (any
 // length but 0).
 QPainterPath ArrowPath(QPointF tip, QPointF direction, double size);

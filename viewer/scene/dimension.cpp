@@ -14,7 +14,10 @@
 namespace preview {
 namespace {
 
+// Without a style: the height of text in millimetres, if the dimension has room
+// for it.
 constexpr double kDefaultTextHeight = 2.5;
+constexpr double kRoomForText = 0.12;
 
 enum UnitFormat { kScientific = 1, kDecimal, kEngineering, kArchitectural, kFractional, kDesktop };
 
@@ -144,7 +147,8 @@ class Drafter {
       : dimension_(dimension),
         line_(line),
         text_(text),
-        height_(dimension["textHeight"].toDouble(kDefaultTextHeight)),
+        height_(dimension["textHeight"].toDouble(
+            std::min(kDefaultTextHeight, kRoomForText * MeasurementOf(dimension)))),
         arrow_(dimension["arrowSize"].toDouble(height_)) {}
 
   std::vector<Part> Draw() {

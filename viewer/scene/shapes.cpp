@@ -160,7 +160,7 @@ ShapePtr PolylineShape(const QJsonObject& record) {
 }
 
 // Splines without fit points come as points on the curve, four for each control
-// point and never fewer than twenty; what looks so is joined as it is.
+// point and never fewer than twenty; what looks so may have corners.
 bool IsSampled(const QJsonObject& record, std::size_t points) {
   return !record.contains("beg_tan") && !record.contains("end_tan") && points >= 20 &&
          points % 4 == 0;
@@ -169,7 +169,7 @@ bool IsSampled(const QJsonObject& record, std::size_t points) {
 ShapePtr SplineShape(const QJsonObject& record) {
   const std::vector<QPointF> points = PointsOf(record["fit_pts"].toArray());
   if (IsSampled(record, points.size())) {
-    return Outline(StraightPath(points, false));
+    return Outline(SmoothedPath(points));
   }
   return Outline(InterpolatedPath(points, record["closed"].toBool(),
                                   {TangentOf(record, "beg_tan"), TangentOf(record, "end_tan")}));

@@ -1,6 +1,7 @@
 #include "scene/text_layout.hpp"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QHash>
@@ -26,13 +27,31 @@ constexpr double kLineAdvance = 5.0 / 3.0;
 // Beyond this a text is no text; its outlines would only cost memory.
 constexpr int kMostCharacters = 100000;
 
-// At 72 dots an inch points, which may be fractional, are pixels, which in a
-// format may not.
+// Of the screen. Layouts are made for this resolution, since Qt would scale
+// some of their lengths for any other.
+double DotsPerInch() {
+  static const double dots = [] {
+    QFont font;
+    font.setPointSizeF(720);
+    return QFontInfo(font).pixelSize() / 10.0;
+  }();
+  return dots;
+}
+
+// Sizes go through points, which may be fractional; pixels may not.
+double PointsOfPixels(double pixels) {
+  return pixels * 72 / DotsPerInch();
+}
+double PixelsOfPoints(double points) {
+  return points * DotsPerInch() / 72;
+}
+
 const QImage& LayoutDevice() {
   static const QImage device = [] {
     QImage image(1, 1, QImage::Format_ARGB32);
-    image.setDotsPerMeterX(2835);
-    image.setDotsPerMeterY(2835);
+    const int dotsPerMeter = static_cast<int>(std::lround(DotsPerInch() / 0.0254));
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
     return image;
   }();
   return device;
@@ -52,14 +71,14 @@ double CapRatio(const QString& family) {
   auto found = known.find(family);
   if (found == known.end()) {
     const QFontMetricsF metrics(FontOf(family, 1000), &LayoutDevice());
-    const double cap = metrics.capHeight() / 1000;
+    const double cap = metrics.capHeight() / PixelsOfPoints(1000);
     found = known.insert(family, cap > 0.2 && cap < 1.2 ? cap : 0.7);
   }
   return found.value();
 }
 
 double PointsFor(const QString& family, double factor) {
-  return kCapPixels * factor / CapRatio(family);
+  return PointsOfPixels(kCapPixels * factor / CapRatio(family));
 }
 
 QString FamilyOf(const QTextCharFormat& format, const QString& otherwise) {
@@ -115,6 +134,10 @@ class Composer {
     document_.setUndoRedoEnabled(false);
     document_.setDocumentMargin(0);
     document_.setDefaultFont(FontOf(source_.family, PointsFor(source_.family, 1)));
+    // CAD text that is wider than its frame runs over it; words are not broken.
+    QTextOption option = document_.defaultTextOption();
+    option.setWrapMode(QTextOption::WordWrap);
+    document_.setDefaultTextOption(option);
     document_.setDefaultStyleSheet("p { margin: 0; white-space: pre-wrap; }");
     document_.setHtml(
         WithRelativeSizes(WithEmptyParagraphs(source_.html.left(kMostCharacters)), source_.height));
@@ -278,7 +301,8 @@ class Composer {
       if (start < line.textStart() + line.textLength() &&
           start + fragment.length() > line.textStart()) {
         const QTextCharFormat format = fragment.charFormat();
-        cap = std::max(cap, format.fontPointSize() * CapRatio(FamilyOf(format, source_.family)));
+        cap = std::max(cap, PixelsOfPoints(format.fontPointSize()) *
+                                CapRatio(FamilyOf(format, source_.family)));
       }
     }
     return cap > 0 ? cap : kCapPixels;

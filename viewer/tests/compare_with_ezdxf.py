@@ -158,6 +158,9 @@ class Sheet:
     def line(self, points):
         self.pen.line(self.place(points), fill=1)
 
+    def erase(self, loop):
+        self.pen.polygon(self.place(loop), fill=0)
+
     def point(self, point):
         self.pen.point(self.place([point]), fill=1)
 
@@ -204,8 +207,13 @@ def picture_of(document, area):
     size = max(area[2] - area[0], area[3] - area[1])
     draw(document, recorder, reach=10 * size)
     sheet = Sheet(area)
+    wipeouts = {entity.dxf.handle for entity in document.entitydb.values()
+                if entity.dxftype() == "WIPEOUT"}
     for record in recorder.records:
-        paint_record(sheet, record, size / 2000)
+        if record.handle in wipeouts and isinstance(record, PointsRecord):
+            sheet.erase(record.points.vertices())
+        else:
+            paint_record(sheet, record, size / 2000)
     return sheet.mask
 
 
