@@ -134,11 +134,28 @@ def draw(document, backend, leave_out=frozenset(), reach=1e6):
     frontend.draw_layout(document.modelspace(), finalize=True)
 
 
+def points_of(record, step):
+    if isinstance(record, PathRecord):
+        return [p for loop in loops_of(record.path, step) for p in loop] if len(record.path) else []
+    if isinstance(record, FilledPathsRecord):
+        return [p for path in record.paths if len(path) for loop in loops_of(path, step)
+                for p in loop]
+    if isinstance(record, SolidLinesRecord):
+        return record.lines.vertices()
+    return (record.points if isinstance(record, PointsRecord) else record.boundary).vertices()
+
+
 def extents_of(document, leave_out):
+    """Of points on the curves: ezdxf's own box holds their control points too."""
     recorder = Recorder()
     draw(document, recorder, leave_out | INFINITE)
     box = recorder.player().bbox()
-    return None if not box.has_data else (box.extmin.x, box.extmin.y, box.extmax.x, box.extmax.y)
+    if not box.has_data:
+        return None
+    step = max(box.size.x, box.size.y) / 10000
+    points = [p for record in recorder.records for p in points_of(record, step)]
+    return (min(p.x for p in points), min(p.y for p in points),
+            max(p.x for p in points), max(p.y for p in points))
 
 
 class Sheet:
