@@ -50,7 +50,7 @@ class Browser:
 
     def read_port(self):
         for line in self.driver.stdout:
-            if "on port" in line:
+            if "successfully on port" in line:
                 return line.split("on port")[1].strip(" .\n")
         raise RuntimeError("chromedriver named no port")
 
