@@ -3,7 +3,8 @@
 #
 #   scripts/test.sh [STAGE...]
 #
-# Stages, all of them by default: checks dev clang asan fuzz release windows.
+# Stages, all of them by default: checks dev clang asan fuzz release viewer
+# windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
@@ -97,13 +98,25 @@ stage_release() {
   )
 }
 
+stage_viewer() {
+  say "dwg_preview: build, unit tests, headless tests, pictures against ezdxf's"
+  install_packages qt6-base-dev fonts-liberation fonts-dejavu-core chromium chromium-driver
+  build_preset dev dwg_import_worker
+  (
+    cd "$root"
+    cmake --preset viewer-dev -DDWG_PREVIEW_WORKER="$root/build/dev/dwg_import_worker" >&2
+    cmake --build build/viewer-dev >&2
+  )
+  run_ctest viewer-dev
+}
+
 stage_windows() {
   say "64-bit Windows: cross build, tests and golden documents under wine"
   "$root/scripts/test_windows.sh"
 }
 
 stages=("$@")
-[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan fuzz release windows)
+[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan fuzz release viewer windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo

@@ -1,0 +1,52 @@
+// From a drawing's path to a scene: the worker, then reading and building in a
+// thread of their own.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QThread>
+
+#include <memory>
+
+#include "process/worker_process.hpp"
+#include "scene/scene.hpp"
+
+namespace preview {
+
+struct LoadOptions {
+  QString worker;
+  WorkerLimits limits;
+};
+
+struct LoadedDrawing {
+  std::shared_ptr<const Scene> scene;
+  // Release, counts and times in one line.
+  QString summary;
+};
+
+class Loader : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Loader(QObject* parent = nullptr);
+  ~Loader() override;
+
+  // Once for an object. `loaded` or `failed` follows.
+  void Start(const QString& drawing, const LoadOptions& options);
+
+ signals:
+  void progress(const QString& text);
+  void loaded(const preview::LoadedDrawing& drawing);
+  void failed(const QString& message);
+
+ private:
+  void OnFinished(const WorkerResult& result);
+  void Build(const QByteArray& document);
+
+  WorkerProcess worker_;
+  QString drawing_;
+  QElapsedTimer clock_;
+  std::unique_ptr<QThread> builder_;
+};
+
+}  // namespace preview

@@ -1,0 +1,74 @@
+// The worker's document as a host holds it: the sections as plain structures,
+// the records of entities as the JSON objects that they are.
+//
+// Nothing is resolved here. Keys that a document lacks get the value that their
+// absence means; a record of an unknown type stays in its list.
+#pragma once
+
+#include <QtGui/qrgb.h>
+#include <QByteArray>
+#include <QHash>
+#include <QJsonArray>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace preview {
+
+struct Layer {
+  QString name;
+  bool visible = true;
+  bool locked = false;
+  QRgb color = qRgb(0, 0, 0);
+  int alpha = 255;
+  // Hundredths of a millimetre; nothing for the default.
+  std::optional<int> lineweight;
+};
+
+struct Block {
+  QPointF base;
+  QJsonArray entities;
+};
+
+// The plot settings of a sheet, as stored.
+struct PageSetup {
+  QSizeF paper;
+  double left = 0;
+  double bottom = 0;
+  double right = 0;
+  double top = 0;
+  QPointF plotOrigin;
+  int unit = 1;
+  int rotation = 0;
+  double scaleNumerator = 1;
+  double scaleDenominator = 1;
+};
+
+struct Layout {
+  QString name;
+  int tabOrder = 0;
+  std::optional<PageSetup> page;
+  QJsonArray entities;
+};
+
+struct Drawing {
+  QString release;
+  int units = 0;
+  std::vector<Layer> layers;
+  QHash<QString, Block> blocks;
+  QJsonArray entities;
+  // In the order of their tabs.
+  std::vector<Layout> layouts;
+  QStringList warnings;
+};
+
+// The drawing of a document, or nothing and a reason in `problem` when the line
+// is no document. Bytes that are no UTF-8 are replaced.
+std::optional<Drawing> ReadDocument(const QByteArray& line, QString& problem);
+
+}  // namespace preview

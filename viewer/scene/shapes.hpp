@@ -1,0 +1,43 @@
+// One record to its shape: geometry alone, in the coordinates of its list, with
+// no look but the colours that parts have for themselves.
+#pragma once
+
+#include <QDir>
+#include <QJsonObject>
+
+#include <functional>
+
+#include "scene/scene.hpp"
+
+namespace preview {
+
+struct ShapeContext {
+  // Resolves a colour of a dimension style for the record being drawn.
+  std::function<Ink(const QJsonValue&)> styleInk;
+  // Relative image paths are looked for here, and files that are not where the
+  // drawing says.
+  QDir folder;
+  // The length that rays and each half of construction lines are drawn with.
+  double reach = 1e4;
+};
+
+// Null for a record that shows nothing: unknown types, invisible attributes,
+// degenerate geometry. INSERT and VIEWPORT have no shape of their own.
+ShapePtr MakeShape(const QJsonObject& record, const ShapeContext& context);
+
+// Points of a JSON array of pairs, further numbers of a point ignored.
+std::vector<QPointF> PointsOf(const QJsonArray& pairs);
+
+// The outline of a record as a clip: polylines, circles, ellipses, hatches;
+// the frame of a viewport. Empty for any other.
+QPainterPath OutlineOf(const QJsonObject& record);
+
+// Whether the record's size follows from the rest of the drawing, so that it has
+// no part in extents: rays and construction lines, which end nowhere, and
+// underlays, whose size no document holds.
+bool IsInfinite(const QJsonObject& record);
+
+// The existing file that an image path means, or nothing.
+QString FindImage(const QString& path, const QDir& folder);
+
+}  // namespace preview
