@@ -3,7 +3,8 @@
 #
 #   scripts/test.sh [STAGE...]
 #
-# Stages, all of them by default: checks dev clang asan fuzz release windows.
+# Stages, all of them by default: checks dev clang analyze asan fuzz release
+# windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
@@ -59,6 +60,10 @@ stage_clang() {
   )
 }
 
+stage_analyze() {
+  "$root/scripts/analyze.sh"
+}
+
 stage_asan() {
   say "Address and undefined-behaviour sanitizers: build and test"
   build_preset asan
@@ -103,7 +108,7 @@ stage_windows() {
 }
 
 stages=("$@")
-[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan fuzz release windows)
+[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang analyze asan fuzz release windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo
