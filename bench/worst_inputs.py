@@ -140,7 +140,7 @@ def frozen_layers(path, n):
     """One viewport that freezes all layers."""
     def viewport(dxf, layer_handles):
         dxf.entity("VIEWPORT", "AcDbViewport", (10, 1), (20, 1), (30, 0), (40, 10), (41, 10), (68, 2),
-                   (69, 2), *((331, handle) for handle in layer_handles), (90, 0), owner="1E",
+                   (69, 2), *((341, handle) for handle in layer_handles), (90, 0), owner="1E",
                    paper=True)
     write(path, layers=n, entities=viewport)
 

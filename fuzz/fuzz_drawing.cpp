@@ -192,8 +192,9 @@ class DrawingBuilder {
   DWG_OBJECT_TYPE OwnerType() { return input_.OneIn(4) ? DWG_TYPE_INSERT : DWG_TYPE_BLOCK_HEADER; }
 
   DWG_OBJECT_TYPE ClipType() {
-    static constexpr std::array<DWG_OBJECT_TYPE, 3> kTypes = {
-        DWG_TYPE_LWPOLYLINE, DWG_TYPE_POLYLINE_2D, DWG_TYPE_VIEWPORT};
+    static constexpr std::array<DWG_OBJECT_TYPE, 5> kTypes = {
+        DWG_TYPE_LWPOLYLINE, DWG_TYPE_POLYLINE_2D, DWG_TYPE_VIEWPORT, DWG_TYPE_SPLINE,
+        DWG_TYPE_HATCH};
     return kTypes[input_.Byte() % kTypes.size()];
   }
 

@@ -12,8 +12,8 @@ require_cargo
 
 # The headers of LibreDWG come with a configured build.
 (cd "$root" && cmake --preset dev >&2)
-include="$(sed -n 's/.*-isystem \([^ ]*libredwg[^ ]*\).*/\1/p' "$root/build/dev/compile_commands.json" |
-  head -1)"
+include="$(grep -m1 -oE -- '-isystem [^ ]*libredwg[^ ]*' "$root/build/dev/compile_commands.json" |
+  cut -d' ' -f2)"
 [ -n "$include" ] || fail "build/dev does not say where LibreDWG's headers are"
 
 # What compiles here: no Windows sources, nothing that needs sentry-native.

@@ -3,7 +3,8 @@
 #
 #   scripts/test.sh [STAGE...]
 #
-# Stages, all of them by default: checks dev clang asan fuzz release viewer
+[ ${#stages[@]} -gt 0 ] ||
+  stages=(checks dev clang analyze asan fuzz release viewer windows)
 # windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
@@ -58,6 +59,10 @@ stage_clang() {
       grep -vE '_win\.cpp$|crash_reporting_(posix|sentry)\.cpp$' |
       xargs -P "$(nproc)" -n 4 clang-tidy-14 -p build/dev-clang --quiet
   )
+}
+
+stage_analyze() {
+  "$root/scripts/analyze.sh"
 }
 
 stage_asan() {
@@ -116,7 +121,8 @@ stage_windows() {
 }
 
 stages=("$@")
-[ ${#stages[@]} -gt 0 ] || stages=(checks dev clang asan fuzz release viewer windows)
+[ ${#stages[@]} -gt 0 ] ||
+  stages=(checks dev clang analyze asan fuzz release viewer windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo
