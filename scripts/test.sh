@@ -3,9 +3,8 @@
 #
 #   scripts/test.sh [STAGE...]
 #
-[ ${#stages[@]} -gt 0 ] ||
-  stages=(checks dev clang analyze asan fuzz release viewer windows)
-# windows.
+# Stages, all of them by default: checks dev clang analyze asan fuzz release
+# viewer windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
