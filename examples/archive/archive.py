@@ -32,6 +32,7 @@ GOOD = ("converted", "refused")
 PASSING = ("unreadable", "unwritten")
 POOLS_AT_MOST = 5
 ROWS_AT_MOST = 50
+NAMES_AT_MOST = 4
 
 
 class CannotGoOn(Exception):
@@ -221,7 +222,7 @@ def connect(address):
 
 def cluster_result(future, path):
     """The line that came back, or one that says why none did."""
-    if future.cancelled():
+    if future.status in ("cancelled", "lost"):
         raise CannotGoOn("the scheduler went away")
     error = future.exception()
     return lost(path, error) if error else future.result()
@@ -288,19 +289,29 @@ class Progress:
         self.stream.flush()
 
 
+def reason(line):
+    """Why there is no document, without the path, so that equal reasons are equal."""
+    error = line["error"]
+    return error.rpartition(": ")[2] if error.startswith("Failed to read ") else error
+
+
 def summarize(lines, skipped):
     """The table at the end: how many of each kind, then what failed and why."""
     counts = collections.Counter(line["status"] for line in lines)
     print(f"{len(lines)} drawings, {skipped} of them done before: "
           + (", ".join(f"{n} {status}" for status, n in sorted(counts.items())) or "nothing to do"))
-    failed = sorted((line["status"] in GOOD, line["status"], line["path"], line["error"])
-                    for line in lines if line["status"] != "converted")
-    if failed:
-        print(f"\n{'status':<12} drawing: reason")
-    for _, status, path, error in failed[:ROWS_AT_MOST]:
-        print(f"{status:<12} {shown(path)}: {shown(error)}")
-    if len(failed) > ROWS_AT_MOST:
-        print(f"... and {len(failed) - ROWS_AT_MOST} more, in {MANIFEST}")
+    groups = collections.defaultdict(list)
+    for line in lines:
+        if line["status"] != "converted":
+            groups[line["status"] in GOOD, line["status"], reason(line)].append(line["path"])
+    if groups:
+        print(f"\n{'number':>7}  {'status':<12} reason: drawings")
+    for (_, status, why), paths in sorted(groups.items())[:ROWS_AT_MOST]:
+        more = f" and {len(paths) - NAMES_AT_MOST} more" if len(paths) > NAMES_AT_MOST else ""
+        print(f"{len(paths):>7}  {status:<12} {shown(why)}: "
+              + ", ".join(map(shown, paths[:NAMES_AT_MOST])) + more)
+    if len(groups) > ROWS_AT_MOST:
+        print(f"... and {len(groups) - ROWS_AT_MOST} more reasons, in {MANIFEST}")
 
 
 # The run

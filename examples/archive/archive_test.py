@@ -152,8 +152,11 @@ class ArchiveTest(unittest.TestCase):
         for path, line in lines.items():
             self.assertEqual(os.path.exists(self.target / (path + ".json.gz")),
                              line["status"] == "converted")
-            if line["status"] != "converted":
-                self.assertIn(f"{line['status']:<12} {path}: {line['error']}", run.stdout)
+        for row in (r"1  crashed      the worker was ended by SIGSEGV: b/crash\.dwg",
+                    r"1  over time    the drawing took longer than 2 seconds: a/hang\.dwg",
+                    r"1  over memory  .*: a/memory\.dwg", r"1  bad          .*: b/chatter\.dxf",
+                    r"1  refused      INVALIDDWG: broken\.dwg"):
+            self.assertRegex(run.stdout, row)
 
         # Nothing of it is tried a second time unless that is asked for.
         before = self.runs()
@@ -164,10 +167,15 @@ class ArchiveTest(unittest.TestCase):
         self.assertEqual(self.runs() - before, collections.Counter(
             ["hang.dwg", "memory.dwg", "crash.dwg", "chatter.dxf"]))
 
-    def test_worker_that_runs_out_of_memory_by_itself(self):
-        self.put("plan.dwg")
-        self.convert("--megabytes", "24", expected=1)
-        self.assertEqual(self.statuses(), {"plan.dwg": "over memory"})
+    def test_refusal_for_want_of_memory_is_told_from_others(self):
+        self.put("large.dwg")
+        (self.source / "OUTOFMEM.dwg").write_bytes(b"no drawing")
+        worker = self.stand_in("""\
+            if [ "$name" = large.dwg ]; then
+              echo '{"error":"Failed to read large.dwg: WRONGCRC, OUTOFMEM"}'; exit 1
+            fi""")
+        self.convert(worker=worker, expected=1)
+        self.assertEqual(self.statuses(), {"large.dwg": "over memory", "OUTOFMEM.dwg": "refused"})
 
     # Runs after runs
 
