@@ -21,20 +21,23 @@ MAX_DOCUMENT_BYTES = 1 << 30
 
 @dataclasses.dataclass
 class Result:
-    """How a run ended: `kind` is document, refused, crashed, timeout or bad."""
+    """How a run ended: `kind` is document, refused, crashed, timeout or bad.
+
+    A document comes parsed, and as the bytes that the worker wrote."""
 
     kind: str
     message: str
     document: dict | None = None
+    output: bytes | None = None
 
 
 def limits(megabytes, seconds):
     """What the child sets for itself before it starts; POSIX only."""
     if os.name != "posix":
         return None  # on Windows, assign the process to a Job Object instead
+    import resource  # here and not in the child, which must not wait for a lock
 
     def apply():
-        import resource
         resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20, megabytes << 20))
         resource.setrlimit(resource.RLIMIT_CPU, (seconds + 5, seconds + 5))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
@@ -58,7 +61,7 @@ def explain(returncode, output):
         return Result("refused", answer.get("error", "no reason given"))
     if "entities" not in answer:
         return Result("bad", "the worker's answer is no document")
-    return Result("document", "converted", answer)
+    return Result("document", "converted", answer, output)
 
 
 def convert(worker, drawing, seconds=60, megabytes=2048, on_progress=lambda line: None):
