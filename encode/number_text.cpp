@@ -1,5 +1,6 @@
 #include "encode/number_text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -131,7 +132,8 @@ char* WriteDigits(char* at, std::uint64_t value) {
     return at + 8;
   }
   const std::uint64_t digits = EightDigits(static_cast<std::uint32_t>(value));
-  const int zeros = std::countr_zero(digits) / 8;
+  // A lone zero keeps its digit.
+  const int zeros = std::min(std::countr_zero(digits) / 8, 7);
   Store(at, (digits | kEightZeros) >> (8 * zeros));
   return at + 8 - zeros;
 }
@@ -202,6 +204,7 @@ char* WriteLongFixed(char* at, const Digits& digits) {
 
 // 0.00123.
 char* WriteSmallFixed(char* at, const Digits& digits) {
+  // NOLINTNEXTLINE(bugprone-not-null-terminated-result)
   std::memcpy(at, "0.000000", 8);
   at += 1 - digits.exponent;
   Store(at, digits.head);
@@ -247,7 +250,7 @@ char* WriteRare(char* at, double value) {
 
 char* WriteNumber(char* at, double value) {
   const auto bits = std::bit_cast<std::uint64_t>(value);
-  const double magnitude = std::bit_cast<double>(bits & ~kSignBit);
+  const auto magnitude = std::bit_cast<double>(bits & ~kSignBit);
   if (!(magnitude < kIntegerLimit)) {
     return WriteRare(at, value);
   }

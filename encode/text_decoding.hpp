@@ -29,6 +29,8 @@ class DecodedText {
   DecodedText& operator=(const DecodedText&) = delete;
 
   std::string_view view() const { return view_; }
+  // It is one, whatever it had to do for that.
+  // NOLINTNEXTLINE(google-explicit-constructor)
   operator std::string_view() const { return view_; }
 
  private:

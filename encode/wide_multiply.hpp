@@ -25,6 +25,7 @@ constexpr WideProduct MultiplyHalves(std::uint64_t a, std::uint64_t b) {
 
 inline WideProduct MultiplyWide(std::uint64_t a, std::uint64_t b) {
 #if defined(__SIZEOF_INT128__)
+  // NOLINTNEXTLINE(modernize-use-using): an alias cannot be marked as an extension
   __extension__ typedef unsigned __int128 Wide;
   const Wide product = static_cast<Wide>(a) * b;
   return {static_cast<std::uint64_t>(product >> 64U), static_cast<std::uint64_t>(product)};

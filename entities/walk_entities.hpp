@@ -37,6 +37,8 @@ inline void PrefetchType(const Dwg_Object& object) {
   constexpr std::uintptr_t kCacheLine = 64;
   const Dwg_Object_Entity* entity = object.tio.entity;
   Prefetch(entity->tio.LINE);
+  // Only a hint: the address may lie anywhere.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   Prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(entity->tio.LINE) +
                                          kCacheLine));
   Prefetch(entity->layer);
