@@ -9,7 +9,7 @@
 # The corpora and the findings stay in a folder outside the repository (--folder;
 # ~/.cache/dwg_import_worker/fuzz by default) and are taken up again by the next
 # run. --jobs runs so many targets at a time. --programs names a folder of built targets, for runs that shall not
-# change while the sources do; else the fuzz preset is built first.
+# change while the sources do; else the asan preset is built first.
 #
 # Fails when a finding is ours. Findings in LibreDWG are listed and end nothing:
 # every input runs in a child that may die.
@@ -37,8 +37,8 @@ done
 [ ${#targets[@]} -gt 0 ] || targets=("${all_targets[@]}")
 
 if [ -z "$programs" ]; then
-  build_preset fuzz "${targets[@]}"
-  programs="$root/build/fuzz/fuzz"
+  build_preset asan "${targets[@]}"
+  programs="$root/build/asan/fuzz"
 fi
 mkdir -p "$folder"
 folder="$(cd "$folder" && pwd)"
