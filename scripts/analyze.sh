@@ -26,9 +26,14 @@ say "GCC's analyzer"
 # GCC 12 takes the place of a returned object for an uninitialised value, at
 # every function that returns a string or a struct. clang-tidy's analyzer and
 # the runs over two memory patterns look for the real ones.
-printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -I{} \
-  g++ -std=c++20 -O1 -I. -isystem "$include" -fanalyzer -Werror \
-  -Wno-analyzer-use-of-uninitialized-value -c -o /dev/null {}
+analyzer=(g++ -std=c++20 -O1 -I. -isystem "$include" -fanalyzer -Werror
+          -Wno-analyzer-use-of-uninitialized-value -c -o /dev/null)
+# It also believes that operator new returns null, which it finds where a vector
+# of pieces grows.
+growing=encode/json_out.cpp
+printf '%s\n' "${sources[@]}" | grep -vxF "$growing" |
+  xargs -P "$(nproc)" -I{} "${analyzer[@]}" {}
+"${analyzer[@]}" -Wno-analyzer-null-dereference -Wno-analyzer-possible-null-dereference "$growing"
 
 say "cppcheck"
 # Missing headers are the system's, which cppcheck does not need. It takes two
