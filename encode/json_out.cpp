@@ -1,32 +1,35 @@
 #include "encode/json_out.hpp"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
-#include "encode/page_memory.hpp"
+#include "encode/library_memory.hpp"
 
 namespace {
 
-// Small enough to fit into the holes that reading a drawing leaves in the heap.
-constexpr std::size_t kPieceSize = 0x1F000;
+// They fill whole pages of the allocator, less what it needs for itself.
+constexpr std::size_t kPieceSize = 0x3F000;
+constexpr std::size_t kLargePieceSize = 0x1F0000;
 static_assert(kPieceSize >= JsonOut::kMaxReserve);
 
-// From this size on a text grows by large pages.
-constexpr std::size_t kLargeText = 2 * kLargePage;
+// From this size on a text grows by large pieces.
+constexpr std::size_t kLargeText = 2 * kLargePieceSize;
 
 }  // namespace
 
 void JsonOut::Free::operator()(char* bytes) const {
-  if (capacity == kLargePage) {
-    FreeLargePage(bytes);
-  } else {
-    delete[] bytes;
-  }
+  LibraryFree(bytes);
 }
 
-JsonOut::Bytes JsonOut::Allocate(std::size_t sizeBefore) {
-  return sizeBefore < kLargeText ? Bytes(new char[kPieceSize], Free{kPieceSize})
-                                 : Bytes(AllocateLargePage(), Free{kLargePage});
+// From the library's allocator, which holds what reading the drawing has left
+// free: memory that comes fresh from the system takes longer to get than to write.
+JsonOut::Bytes JsonOut::Allocate(std::size_t capacity) {
+  void* bytes = LibraryAllocateUnfilled(capacity);
+  if (bytes == nullptr) {
+    throw std::bad_alloc();
+  }
+  return Bytes(static_cast<char*>(bytes), Free{capacity});
 }
 
 void JsonOut::SetLast(Bytes bytes) {
@@ -43,7 +46,7 @@ void JsonOut::AddPiece() {
     full_.push_back({std::move(last_), used});
     sizeBefore_ += used;
   }
-  SetLast(Allocate(sizeBefore_));
+  SetLast(Allocate(sizeBefore_ < kLargeText ? kPieceSize : kLargePieceSize));
   end_ = begin_;
 }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)

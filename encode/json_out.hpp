@@ -92,7 +92,7 @@ class JsonOut {
     std::size_t size = 0;
   };
 
-  static Bytes Allocate(std::size_t sizeBefore);
+  static Bytes Allocate(std::size_t capacity);
 
   std::size_t Room() const { return static_cast<std::size_t>(limit_ - end_); }
   void AddPiece();

@@ -79,14 +79,44 @@ constexpr std::array<PowerOfFive, kMaxExponent - kMinExponent + 1> MakePowersOfF
 constexpr auto kPowersOfFive = MakePowersOfFive();
 static_assert(kPowersOfFive[27].mantissa >> 1U == 7450580596923828125U);
 
-// Eight decimal digits as bytes, the first in the lowest byte.
+// How the numbers of one binary exponent are taken to ten digits: those from
+// `nextPower` on have a decimal exponent more than those below it.
+struct Scale {
+  double nextPower = 0;
+  int exponent = 0;
+  std::array<PowerOfFive, 2> powers;  // below `nextPower` and from it on
+};
+
+constexpr std::array<Scale, kMaxBinaryExponent - kMinBinaryExponent + 1> MakeScales() {
+  std::array<Scale, kMaxBinaryExponent - kMinBinaryExponent + 1> scales{};
+  for (int binary = kMinBinaryExponent; binary <= kMaxBinaryExponent; ++binary) {
+    Scale& scale = scales[static_cast<std::size_t>(binary - kMinBinaryExponent)];
+    scale.exponent = DecimalExponent(binary);
+    scale.nextPower = PowerOfTen(scale.exponent + 1);
+    for (int i = 0; i < 2; ++i) {
+      const int exponent = scale.exponent + i;
+      if (exponent >= kMinExponent && exponent <= kMaxExponent) {
+        PowerOfFive& power = scale.powers[static_cast<std::size_t>(i)];
+        power = kPowersOfFive[static_cast<std::size_t>(kMaxExponent - exponent)];
+        power.shift -= binary;
+      }
+    }
+  }
+  return scales;
+}
+
+constexpr auto kScales = MakeScales();
+
+// Eight decimal digits as bytes, the first in the lowest byte. Each step parts
+// all values into quotient and remainder, which goes into the upper half: with
+// the quotient q of v by d, q + (v - q * d) * 2^k is v * 2^k - q * (d * 2^k - 1).
 constexpr std::uint64_t EightDigits(std::uint32_t value) {
-  const std::uint32_t four = value / 10000;
-  const std::uint64_t fours = four | std::uint64_t{value - four * 10000} << 32U;
+  const std::uint64_t four = value / 10000;
+  const std::uint64_t fours = (std::uint64_t{value} << 32U) - four * ((10000ULL << 32U) - 1);
   const std::uint64_t hundreds = ((fours * 10486) >> 20U) & 0x0000007F0000007FU;
-  const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16U;
+  const std::uint64_t twos = (fours << 16U) - hundreds * ((100U << 16U) - 1);
   const std::uint64_t tens = ((twos * 103) >> 10U) & 0x000F000F000F000FU;
-  return tens | (twos - tens * 10) << 8U;
+  return (twos << 8U) - tens * ((10U << 8U) - 1);
 }
 static_assert(EightDigits(12345678) == 0x0807060504030201U);
 static_assert(EightDigits(99999999) == 0x0909090909090909U);
@@ -160,14 +190,13 @@ Digits DigitsOf(std::uint64_t value, int exponent) {
 // tie is seen as one; it goes to the even digit.
 Digits TenDigits(double magnitude) {
   const auto bits = std::bit_cast<std::uint64_t>(magnitude);
-  const int binaryExponent = static_cast<int>(bits >> 52U) - 1023;
-  int exponent = DecimalExponent(binaryExponent);
-  exponent += magnitude >= PowerOfTen(exponent + 1) ? 1 : 0;
-  const PowerOfFive& power = kPowersOfFive[static_cast<std::size_t>(kMaxExponent - exponent)];
+  const Scale& scale = kScales[(bits >> 52U) - (1023 + kMinBinaryExponent)];
+  const std::size_t reachesNext = magnitude >= scale.nextPower ? 1 : 0;
+  int exponent = scale.exponent + static_cast<int>(reachesNext);
+  const PowerOfFive& power = scale.powers[reachesNext];
   const WideProduct product = MultiplyWide(bits << 11U | kSignBit, power.mantissa);
-  const int shift = power.shift - binaryExponent;
-  std::uint64_t value = product.high >> shift;
-  const std::uint64_t fraction = product.high << (64 - shift) | (product.low != 0 ? 1 : 0);
+  std::uint64_t value = product.high >> power.shift;
+  const std::uint64_t fraction = product.high << (64 - power.shift) | (product.low != 0 ? 1 : 0);
   value += fraction + (value & 1U) > kSignBit ? 1 : 0;
   if (value == kTenDigits) {
     value /= 10;
@@ -190,16 +219,12 @@ char* WriteShortFixed(char* at, const Digits& digits) {
 // 12345678.9: the point falls behind them.
 char* WriteLongFixed(char* at, const Digits& digits) {
   const int whole = digits.exponent + 1;
-  std::array<char, kPrecision> text;
-  Store(text.data(), digits.head);
-  Store(text.data() + 8, digits.tail);
-  std::memcpy(at, text.data(), text.size());
-  if (digits.count <= whole) {
-    return at + whole;
-  }
-  at[whole] = '.';
-  std::memcpy(at + whole + 1, text.data() + whole, static_cast<std::size_t>(kPrecision - whole));
-  return at + digits.count + 1;
+  const int shift = 8 * (whole - 8);
+  const std::uint32_t before = digits.tail & ((std::uint32_t{1} << shift) - 1);
+  const std::uint32_t after = (digits.tail ^ before) << 8U;
+  Store(at, digits.head);
+  Store(at + 8, before | std::uint32_t{'.'} << shift | after);
+  return at + (digits.count <= whole ? whole : digits.count + 1);
 }
 
 // 0.00123.

@@ -7,7 +7,6 @@
 #include "encode/text_decoding.hpp"
 #include "entities/entity_context.hpp"
 #include "worker/dxf_settling.hpp"
-#include "worker/library_memory.hpp"
 #include "worker/read_result.hpp"
 
 namespace {
@@ -39,7 +38,6 @@ void DrawingFile::Read() {
   } else {
     result_ = dwg_read_file(path_.c_str(), data_.get());
   }
-  ReturnFreeLibraryMemory();
   if (HasFailed()) {
     return;
   }

@@ -7,7 +7,7 @@
 #include "encode/ascii.hpp"
 #include "encode/color.hpp"
 #include "entities/drawing_access.hpp"
-#include "worker/library_memory.hpp"
+#include "encode/library_memory.hpp"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "entities/drawing_access.hpp"
 #include "tests/support/test_drawing.hpp"
-#include "worker/library_memory.hpp"
+#include "encode/library_memory.hpp"
 
 namespace {
 

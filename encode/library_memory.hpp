@@ -19,18 +19,19 @@ inline void* LibraryAllocate(std::size_t bytes) {
 #endif
 }
 
+// The same with any content.
+inline void* LibraryAllocateUnfilled(std::size_t bytes) {
+#ifdef DWG_MIMALLOC
+  return mi_malloc(bytes);
+#else
+  return std::malloc(bytes);
+#endif
+}
+
 inline void LibraryFree(void* memory) {
 #ifdef DWG_MIMALLOC
   mi_free(memory);
 #else
   std::free(memory);
-#endif
-}
-
-// Gives back to the system what the library has freed: the file, for one thing,
-// which must not add to the output's memory.
-inline void ReturnFreeLibraryMemory() {
-#ifdef DWG_MIMALLOC
-  mi_collect(true);
 #endif
 }
