@@ -51,6 +51,12 @@ std::string Dxf(const std::string& release, const std::string& layerName,
          layerName + "\n10\n1.0\n20\n2.0\n30\n0.0\n0\nENDSEC\n0\nEOF\n";
 }
 
+// The same with other sections before the entities.
+std::string DxfWithSections(const std::string& sections) {
+  std::string text = Dxf("AC1015", "A");
+  return text.insert(text.find("0\nSECTION\n2\nENTITIES"), sections);
+}
+
 const Dwg_Object_LAYER* FirstLayer(DrawingFile& drawing) {
   for (const Dwg_Object& object : Objects(drawing.data())) {
     if (object.fixedtype == DWG_TYPE_LAYER) {
@@ -177,4 +183,27 @@ TEST_F(DrawingFileTest, LayerWithANamedColorStaysOff) {
   ASSERT_NE(layer, nullptr);
   EXPECT_EQ(layer->color.index, -31);
   EXPECT_EQ(layer->off, 1);
+}
+
+TEST_F(DrawingFileTest, EndOfABlockWithoutANameIsRead) {
+  DrawingFile drawing(Write(
+      "a.dxf",
+      DxfWithSections("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n330\n0\n100\n"
+                      "AcDbSymbolTable\n70\n1\n0\nBLOCK_RECORD\n5\nEEEF6\n0\nENDTAB\n0\nENDSEC\n"
+                      "0\nSECTION\n2\nBLOCKS\n0\nENDBLK\n5\n21\n330\nEEEF6\n100\nAcDbEntity\n67\n"
+                      "0\n100\nAcDbBlockEnd\n0\nENDSEC\n")));
+  drawing.Read();
+  EXPECT_FALSE(drawing.HasFailed());
+}
+
+// The name is Windows-1252; as UTF-8 its last byte begins a character of three.
+TEST_F(DrawingFileTest, TextThatEndsWithinACharacterIsCut) {
+  DrawingFile drawing(Write(
+      "a.dxf",
+      DxfWithSections("0\nSECTION\n2\nCLASSES\n0\nCLASS\n1\nDICTIONARYVAR\n2\n"
+                      "AcDbDictionaryVar\n3\nMus\xE9\n90\n0\n91\n1\n280\n0\n281\n0\n0\nENDSEC\n")));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  ASSERT_GE(drawing.data().num_classes, 1);
+  EXPECT_STREQ(drawing.data().dwg_class[0].appname, "Mus");
 }
