@@ -177,6 +177,11 @@ void AppendColorAndLineweight(JsonOut& out, std::size_t start, const Dwg_Object&
   }
   const Dwg_Object_Entity& entity = *object.tio.entity;
   out.Truncate(out.size() - 1);
+  // Most entities take both from their layer.
+  if (entity.color.index == kIndexByLayer && entity.linewt >= kLineweightCount && !debug) {
+    out += ",\"color\":\"L\",\"lw\":\"L\"}";
+    return;
+  }
   out += ",\"color\":";
   AppendColor(out, entity.color);
   out += ",\"lw\":";

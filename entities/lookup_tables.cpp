@@ -1,13 +1,10 @@
 #include "entities/lookup_tables.hpp"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 std::uint32_t EntitiesByOwner::GroupOf(Handle owner) {
-  // Neighbours mostly share their owner, which saves the look-up.
-  if (!groups_.empty() && owner == lastOwner_) {
-    return groups_.back();
-  }
-  lastOwner_ = owner;
   std::uint32_t& number = groupOf_[owner];
   if (number == 0) {
     ends_.push_back(0);
@@ -17,24 +14,39 @@ std::uint32_t EntitiesByOwner::GroupOf(Handle owner) {
 }
 
 void EntitiesByOwner::Add(Handle owner, const Dwg_Object& entity) {
-  const std::uint32_t group = GroupOf(owner);
+  // Neighbours mostly share their owner, which saves the look-up.
+  if (runs_.empty() || owner != lastOwner_) {
+    runs_.push_back({GroupOf(owner), 0});
+    lastOwner_ = owner;
+  }
+  ++runs_.back().size;
   entities_.push_back(&entity);
-  groups_.push_back(group);
-  ++ends_[group];
 }
 
 void EntitiesByOwner::Finish() {
-  std::size_t begin = 0;
-  for (std::size_t& end : ends_) {
-    begin += std::exchange(end, begin);
+  for (const Run& run : runs_) {
+    ends_[run.group] += run.size;
   }
-  // Each end, still the group's begin, moves on with every entity.
+  std::partial_sum(ends_.begin(), ends_.end(), ends_.begin());
+  // Groups of one run each stand in their order already.
+  if (runs_.size() != ends_.size()) {
+    MoveGroupsTogether();
+  }
+  runs_ = {};
+}
+
+void EntitiesByOwner::MoveGroupsTogether() {
+  // Where the next run of each group goes.
+  std::vector<std::size_t> places(ends_.size());
+  std::copy(ends_.begin(), ends_.end() - 1, places.begin() + 1);
   std::vector<const Dwg_Object*> grouped(entities_.size());
-  for (std::size_t i = 0; i < entities_.size(); ++i) {
-    grouped[ends_[groups_[i]]++] = entities_[i];
+  const auto* from = entities_.data();
+  for (const Run& run : runs_) {
+    std::copy_n(from, run.size, grouped.data() + places[run.group]);
+    places[run.group] += run.size;
+    from += run.size;
   }
   entities_ = std::move(grouped);
-  groups_ = {};
 }
 
 std::span<const Dwg_Object* const> EntitiesByOwner::Of(Handle owner) const {

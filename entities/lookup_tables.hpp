@@ -51,13 +51,20 @@ class EntitiesByOwner {
   bool empty() const { return entities_.empty(); }
 
  private:
+  // Neighbours of one owner, in object order.
+  struct Run {
+    std::uint32_t group;
+    std::uint32_t size;
+  };
+
   // Where the group of an owner stands, by the order in which owners first came.
   std::uint32_t GroupOf(Handle owner);
+  void MoveGroupsTogether();
 
   HandleMap<std::uint32_t> groupOf_;
-  std::vector<std::size_t> ends_;  // sizes of the groups at first
+  std::vector<std::size_t> ends_;  // of the groups
   std::vector<const Dwg_Object*> entities_;
-  std::vector<std::uint32_t> groups_;  // of the entities as they were added
+  std::vector<Run> runs_;
   Handle lastOwner_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "entities/spline.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "encode/json_text.hpp"
@@ -13,6 +14,7 @@ constexpr double kShortestTangent = 1e-10;
 constexpr double kSmallestRange = 1e-12;
 constexpr std::size_t kSamplesPerControlPoint = 4;
 constexpr std::size_t kMinSamples = 20;
+constexpr std::size_t kSamplesAtOnce = 64;
 
 // Evaluation costs the square of the degree at every sample. Real degrees stay
 // far below the first limit; beyond it the whole spline must be cheap.
@@ -61,6 +63,24 @@ bool IsTooCostly(std::size_t degree, std::size_t samples) {
   return degree > kAnyCountDegree && samples > kMaxHighDegreeWork / (order * order);
 }
 
+// `samples` points from the start of the range to its end, both included.
+void AppendSamples(ListCursor& list, NurbsCurve& curve, double start, double range,
+                   std::size_t samples) {
+  std::array<double, kSamplesAtOnce> parameters;
+  std::array<CurvePoint, kSamplesAtOnce> points;
+  for (std::size_t first = 0; first < samples; first += kSamplesAtOnce) {
+    const std::size_t count = std::min(samples - first, kSamplesAtOnce);
+    for (std::size_t i = 0; i < count; ++i) {
+      const double share = static_cast<double>(first + i) / static_cast<double>(samples - 1);
+      parameters[i] = start + share * range;
+    }
+    curve.PointsAt(std::span(parameters).first(count), points);
+    for (const CurvePoint& point : std::span(points).first(count)) {
+      AppendPoint(list, point.x, point.y);
+    }
+  }
+}
+
 void AppendSampledRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
                          std::span<const double> knots,
                          std::span<const Dwg_SPLINE_control_point> controlPoints) {
@@ -75,11 +95,7 @@ void AppendSampledRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::str
                    spline.rational != 0 || spline.weighted != 0);
   BeginSpline(out, spline, layer);
   ListCursor points{out};
-  for (std::size_t i = 0; i < samples; ++i) {
-    const double share = static_cast<double>(i) / static_cast<double>(samples - 1);
-    const CurvePoint point = curve.At(start + share * range);
-    AppendPoint(points, point.x, point.y);
-  }
+  AppendSamples(points, curve, start, range, samples);
   out += "]}";
 }
 

@@ -233,6 +233,25 @@ TEST(AppendColorAndLineweight, ByBlockLineweightIsReportedAsByLayer) {
   EXPECT_EQ(WithColor("{}", entity.object, false), R"({,"color":"K","lw":"L"})");
 }
 
+TEST(AppendColorAndLineweight, EitherKeyMayComeFromTheLayerAlone) {
+  Entity entity;
+  entity.data.color = Indexed(256);
+  entity.data.linewt = 7;
+  EXPECT_EQ(WithColor("{}", entity.object, false), R"({,"color":"L","lw":25})");
+  entity.data.color = Indexed(7);
+  entity.data.linewt = 29;
+  EXPECT_EQ(WithColor("{}", entity.object, false), R"({,"color":"W","lw":"L"})");
+}
+
+TEST(AppendColorAndLineweight, DebugAddsTheStoredFieldsByLayerToo) {
+  Entity entity;
+  entity.data.color = Indexed(256);
+  entity.data.linewt = 29;
+  EXPECT_EQ(WithColor("{}", entity.object, true),
+            R"({,"color":"L","lw":"L","_dbg":{"color_index":256,"color_alpha_type":0,)"
+            R"("color_alpha":0,"color_alpha_raw":0}})");
+}
+
 TEST(AppendColorAndLineweight, DebugAddsTheStoredFields) {
   Entity entity;
   entity.data.color = Transparent(Indexed(-3), 3, 255);

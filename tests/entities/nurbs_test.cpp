@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <random>
 #include <vector>
 
 namespace {
@@ -108,6 +112,113 @@ TEST(Nurbs, EveryShortKnotVectorOfSmallNumbersEndsItsSearch) {
       }
     }
   }
+}
+
+using Random = std::mt19937_64;
+
+// From -4 to 4; every other one is a multiple of a quarter, so that some repeat.
+double SmallNumber(Random& random) {
+  const auto quarters = static_cast<double>(random() % 33) / 4 - 4;
+  return random() % 2 == 0 ? quarters : quarters + static_cast<double>(random() % 1000) / 4001;
+}
+
+std::vector<double> OrderedKnots(Random& random, std::size_t degree, std::size_t count) {
+  std::vector<double> knots(count + degree + 1 + random() % 2);
+  std::ranges::generate(knots, [&random] { return SmallNumber(random); });
+  std::ranges::sort(knots);
+  const bool isClamped = random() % 2 == 0;
+  for (std::size_t i = 0; isClamped && i < degree; ++i) {
+    knots[i] = knots[degree];
+    knots[count + degree - i] = knots[count];
+  }
+  return knots;
+}
+
+// Something that a curve must put up with.
+void Disturb(Random& random, std::vector<double>& knots) {
+  double& knot = knots[random() % knots.size()];
+  switch (random() % 5) {
+    case 0: knot = SmallNumber(random); break;
+    case 1: knot = kNaN; break;
+    case 2: knots.back() = kInfinity; break;
+    case 3: knots.front() = -1e300; break;
+    default: knots.resize(1 + random() % knots.size()); break;
+  }
+}
+
+std::vector<ControlPoint> RandomPoints(Random& random, std::size_t count) {
+  std::vector<ControlPoint> points(count);
+  for (ControlPoint& point : points) {
+    point = {SmallNumber(random) * 1e3, SmallNumber(random), SmallNumber(random)};
+  }
+  return points;
+}
+
+// Rising from before the first knot to behind the last, at knots and between
+// them, and a few that do not rise.
+std::vector<double> Parameters(Random& random, const std::vector<double>& knots) {
+  std::vector<double> parameters = knots;
+  for (std::size_t i = 0; i < 40; ++i) {
+    parameters.push_back(SmallNumber(random) * 1.1);
+  }
+  std::erase_if(parameters, [](double t) { return std::isnan(t); });
+  std::ranges::sort(parameters);
+  parameters.insert(parameters.end(), {-9, 0.3, 0.2, kNaN, 0.1, kInfinity, -kInfinity, 1e300});
+  return parameters;
+}
+
+void ExpectSameBits(double actual, double expected) {
+  if (std::isnan(expected)) {
+    EXPECT_TRUE(std::isnan(actual));
+    return;
+  }
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(actual), std::bit_cast<std::uint64_t>(expected))
+      << actual << " instead of " << expected;
+}
+
+void ExpectSamePoints(Random& random, std::size_t degree, std::size_t count,
+                      const std::vector<double>& knots) {
+  const auto controlPoints = RandomPoints(random, count);
+  const bool isWeighted = random() % 2 == 0;
+  NurbsCurve reference(degree, knots, controlPoints, isWeighted);
+  NurbsCurve curve(degree, knots, controlPoints, isWeighted);
+  const auto parameters = Parameters(random, knots);
+  std::vector<CurvePoint> points(parameters.size());
+  curve.PointsAt(parameters, points);
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    const CurvePoint expected = reference.At(parameters[i]);
+    ExpectSameBits(points[i].x, expected.x);
+    ExpectSameBits(points[i].y, expected.y);
+  }
+}
+
+TEST(Nurbs, PointsAtOnceAreThoseOneByOneToTheBit) {
+  Random random;
+  for (std::size_t degree = 0; degree <= 7; ++degree) {
+    for (int i = 0; i < 300; ++i) {
+      const std::size_t count = degree + 1 + random() % 20;
+      ExpectSamePoints(random, degree, count, OrderedKnots(random, degree, count));
+    }
+  }
+}
+
+TEST(Nurbs, PointsAtOnceOfBadCurvesAreThoseOneByOne) {
+  Random random;
+  for (std::size_t degree = 0; degree <= 7; ++degree) {
+    for (int i = 0; i < 300; ++i) {
+      const std::size_t count = random() % 3 == 0 ? 1 + random() % (degree + 1) : degree + 5;
+      auto knots = OrderedKnots(random, degree, count);
+      Disturb(random, knots);
+      ExpectSamePoints(random, degree, count, knots);
+    }
+  }
+}
+
+TEST(Nurbs, NoParametersGiveNoPoints) {
+  const std::vector<double> knots = {0, 0, 1, 1};
+  NurbsCurve curve(1, knots, {{0, 0, 1}, {2, 0, 1}}, false);
+  curve.PointsAt({}, {});
+  EXPECT_DOUBLE_EQ(curve.At(0.5).x, 1);
 }
 
 }  // namespace

@@ -176,6 +176,15 @@ TEST_F(SplineTest, SamplesAreEquallySpacedInTheParameter) {
   }
 }
 
+TEST_F(SplineTest, ManySamplesAreEquallySpacedToo) {
+  SetClamped(1, 101);
+  const std::vector<double> numbers = NumbersOf(Record(), "fit_pts");
+  ASSERT_EQ(numbers.size(), 2 * 404U);
+  for (std::size_t i = 0; i < 404; ++i) {
+    EXPECT_NEAR(numbers[2 * i], 100 * static_cast<double>(i) / 403, 1e-8);
+  }
+}
+
 TEST_F(SplineTest, EmptyParameterRangeIsDroppedSilently) {
   SetClamped(3, 4);
   SetKnots(std::vector<double>(8, 2.5));
