@@ -51,7 +51,7 @@ std::string DecodeFromOddAddress(const std::vector<char16_t>& units) {
 }
 
 void CheckFontName(const std::string& name) {
-  const std::string family = MapFontFamily(name);
+  const std::string_view family = MapFontFamily(name);
   FUZZ_CHECK(family.empty() == name.empty());
   FUZZ_CHECK(family == name || family == "Arial" || family == "Times New Roman" ||
              family == "Courier New" || family == "Comic Sans MS");
