@@ -58,9 +58,13 @@ void CheckFontName(const std::string& name) {
 }
 
 void CheckHtml(const std::string& text) {
-  std::string html;
-  AppendHtmlEscaped(html, text);
-  FUZZ_CHECK(html.find_first_of("<>") == std::string::npos && html.size() <= 5 * text.size());
+  JsonOut out;
+  HtmlLiteral html(out);
+  html.Text(text);
+  FUZZ_CHECK(html.Finish() == (text.find('\0') == std::string::npos));
+  const std::string literal = out.Text();
+  FUZZ_CHECK(literal.find_first_of("<>") == std::string::npos && literal.size() <= 6 * text.size());
+  FUZZ_CHECK(IsGrammaticalJson('"' + literal + '"'));
 }
 
 }  // namespace
