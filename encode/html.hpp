@@ -2,8 +2,8 @@
 // written.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 

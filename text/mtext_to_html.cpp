@@ -4,12 +4,12 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "encode/byte_search.hpp"
 #include "encode/color.hpp"
 #include "encode/font_mapping.hpp"
 #include "encode/html.hpp"
-#include "encode/json_text.hpp"
 #include "encode/numbers.hpp"
 #include "encode/utf8.hpp"
 #include "text/fields.hpp"
