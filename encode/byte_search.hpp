@@ -6,6 +6,7 @@
 // find is 0.
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -77,4 +78,38 @@ std::size_t CountWithout(std::string_view text, Find find, Is is) {
     ++count;
   }
   return count;
+}
+
+// The bytes of a text of fewer than eight, and zeros behind them.
+inline ByteWord LoadFewBytes(std::string_view text) {
+  ByteWord word = 0;
+  for (std::size_t i = text.size(); i > 0; --i) {
+    word = word << 8U | static_cast<unsigned char>(text[i - 1]);
+  }
+  return word;
+}
+
+// Copies the bytes before the first of a kind, which `find` finds in a word, and
+// returns how many these are. Whole words are written: `at` needs room for the
+// text and one word more.
+template <typename Find>
+std::size_t CopyWithout(char* at, std::string_view text, Find find) {
+  std::size_t count = 0;
+  for (; text.size() - count >= sizeof(ByteWord); count += sizeof(ByteWord)) {
+    const ByteWord word = LoadBytes(text.data() + count);
+    StoreBytes(at + count, word);
+    const ByteWord found = find(word);
+    if (found != 0) {
+      return count + CountBefore(found);
+    }
+  }
+  const std::size_t rest = text.size() - count;
+  if (rest == 0) {
+    return count;
+  }
+  const ByteWord word = count == 0 ? LoadFewBytes(text)
+                                   : LoadBytes(text.data() + text.size() - sizeof(ByteWord)) >>
+                                         (8 * (sizeof(ByteWord) - rest));
+  StoreBytes(at + count, word);
+  return count + std::min(CountBefore(find(word)), rest);
 }

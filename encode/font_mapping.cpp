@@ -17,7 +17,7 @@ struct ShapeFont {
   std::string_view family;
 };
 
-// Sorted by name. Symbol and Gothic shape fonts stand for Arial on purpose.
+// In lower case. Symbol and Gothic shape fonts stand for Arial on purpose.
 constexpr std::array<ShapeFont, 29> kShapeFonts = {{
     {"complex", kArial},   {"complexc", kArial}, {"complexs", kArial}, {"gothice", kArial},
     {"gothicg", kArial},   {"gothici", kArial},  {"greeks", kArial},   {"iso", kArial},
@@ -28,21 +28,30 @@ constexpr std::array<ShapeFont, 29> kShapeFonts = {{
     {"standard", kArial},  {"symap", kArial},    {"symusic", kArial},  {"txt", kArial},
     {"txt2", kArial},
 }};
-static_assert(std::ranges::is_sorted(kShapeFonts, {}, &ShapeFont::name));
 
 constexpr std::string_view kExtension = ".shx";
 
+// Empty for a name that is not in the table.
+std::string_view FamilyOfShapeFont(std::string_view name) {
+  const auto found = std::ranges::find_if(kShapeFonts, [name](const ShapeFont& font) {
+    return font.name.size() == name.size() && StartsWithIgnoringCase(name, font.name);
+  });
+  return found == kShapeFonts.end() ? std::string_view{} : found->family;
+}
+
 }  // namespace
 
-std::string MapFontFamily(std::string_view name) {
-  std::string key = LowerAscii(name);
-  const bool isShapeFont = key.size() > kExtension.size() && key.ends_with(kExtension);
+std::string_view MapFontFamily(std::string_view name) {
+  std::string_view base = name;
+  const bool isShapeFont =
+      name.size() > kExtension.size() &&
+      StartsWithIgnoringCase(name.substr(name.size() - kExtension.size()), kExtension);
   if (isShapeFont) {
-    key.resize(key.size() - kExtension.size());
+    base.remove_suffix(kExtension.size());
   }
-  const auto found = std::ranges::lower_bound(kShapeFonts, key, {}, &ShapeFont::name);
-  if (found != kShapeFonts.end() && found->name == key) {
-    return std::string(found->family);
+  const std::string_view family = FamilyOfShapeFont(base);
+  if (!family.empty()) {
+    return family;
   }
-  return std::string(isShapeFont ? kArial : name);
+  return isShapeFont ? kArial : name;
 }

@@ -1,16 +1,29 @@
 #include "encode/html.hpp"
 
-void AppendHtmlEscaped(std::string& out, char byte) {
+void HtmlLiteral::Text(char byte) {
   switch (byte) {
-    case '<': out += "&lt;"; break;
-    case '>': out += "&gt;"; break;
-    case '&': out += "&amp;"; break;
-    default: out += byte; break;
+    case '<': Markup("&lt;"); break;
+    case '>': Markup("&gt;"); break;
+    case '&': Markup("&amp;"); break;
+    case '\0': end_ = end_.value_or(out_.size()); break;
+    default: AppendEscaped(out_, {&byte, 1}); break;
   }
 }
 
-void AppendHtmlEscaped(std::string& out, std::string_view text) {
-  for (const char byte : text) {
-    AppendHtmlEscaped(out, byte);
+void HtmlLiteral::Text(std::string_view text) {
+  while (!text.empty()) {
+    text.remove_prefix(Plain(text, [](ByteWord) { return ByteWord{0}; }).size);
+    if (!text.empty()) {
+      Text(text.front());
+      text.remove_prefix(1);
+    }
   }
+}
+
+bool HtmlLiteral::Finish() {
+  if (!end_) {
+    return true;
+  }
+  out_.Truncate(*end_);
+  return false;
 }

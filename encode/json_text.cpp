@@ -45,30 +45,19 @@ char* WriteEscape(char* at, unsigned char byte) {
 constexpr std::size_t kEscapedAtOnce = 1024;
 static_assert(kEscapedAtOnce * kLongestEscape + sizeof(ByteWord) <= JsonOut::kMaxReserve);
 
-// Copies whole words and looks at them on the way. `from` comes to stand at the
-// end of the text or at its first NUL.
-char* WriteEscaped(char* at, const char*& from, const char* end) {
+// `text` comes to begin at its first NUL, or is empty at the end.
+char* WriteEscaped(char* at, std::string_view& text) {
   while (true) {
-    while (static_cast<std::size_t>(end - from) >= sizeof(ByteWord)) {
-      const ByteWord word = LoadBytes(from);
-      StoreBytes(at, word);
-      const ByteWord found =
-          Found(word, BytesBelow(word, 0x20) | BytesEqual(word, '"') | BytesEqual(word, '\\'));
-      const std::size_t plain = CountBefore(found);
-      from += plain;
-      at += plain;
-      if (found != 0) {
-        break;
-      }
-    }
-    while (from != end && kEscapes[static_cast<unsigned char>(*from)] == 0 &&
-           static_cast<std::size_t>(end - from) < sizeof(ByteWord)) {
-      *at++ = *from++;
-    }
-    if (from == end || *from == '\0') {
+    const std::size_t plain = CopyWithout(at, text, [](ByteWord word) {
+      return Found(word, BytesBelow(word, 0x20) | BytesEqual(word, '"') | BytesEqual(word, '\\'));
+    });
+    at += plain;
+    text.remove_prefix(plain);
+    if (text.empty() || text.front() == '\0') {
       return at;
     }
-    at = WriteEscape(at, static_cast<unsigned char>(*from++));
+    at = WriteEscape(at, static_cast<unsigned char>(text.front()));
+    text.remove_prefix(1);
   }
 }
 
@@ -94,14 +83,12 @@ std::string JsonInt(std::int32_t value) {
 
 bool AppendEscaped(JsonOut& out, std::string_view text) {
   while (!text.empty()) {
-    const std::size_t count = std::min(text.size(), kEscapedAtOnce);
-    const char* from = text.data();
-    const char* end = from + count;
-    out.Commit(WriteEscaped(out.Reserve(count * kLongestEscape + sizeof(ByteWord)), from, end));
-    if (from != end) {
+    std::string_view part = text.substr(0, kEscapedAtOnce);
+    text.remove_prefix(part.size());
+    out.Commit(WriteEscaped(out.Reserve(part.size() * kLongestEscape + sizeof(ByteWord)), part));
+    if (!part.empty()) {
       return false;
     }
-    text.remove_prefix(count);
   }
   return true;
 }

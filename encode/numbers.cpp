@@ -1,5 +1,6 @@
 #include "encode/numbers.hpp"
 
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
@@ -44,9 +45,44 @@ std::optional<Magnitude> ParseMagnitude(std::string_view text) {
   return result;
 }
 
-}  // namespace
+constexpr std::size_t kMaxExactDigits = 15;
+constexpr std::array<double, kMaxExactDigits + 1> kPowersOfTen = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-std::optional<double> ParseDouble(std::string_view text) {
+// The common case of a number of few digits, without an exponent. These and the
+// power of ten are exact, so that their quotient is the nearest number (W. D.
+// Clinger, "How to Read Floating Point Numbers Accurately"). No value when the
+// text is anything else.
+std::optional<double> ParseShortDecimal(std::string_view text) {
+  const bool negative = text.starts_with('-');
+  std::int64_t digits = 0;
+  std::size_t count = 0;
+  std::size_t decimals = 0;
+  bool inDecimals = false;
+  for (const char c : text.substr(negative ? 1 : 0)) {
+    if (IsDigit(c)) {
+      digits = digits * 10 + (c - '0');
+      decimals += inDecimals ? 1 : 0;
+      if (++count > kMaxExactDigits) {
+        return std::nullopt;
+      }
+    } else if (c == '.' && !inDecimals) {
+      inDecimals = true;
+    } else if (LowerAscii(c) == 'e' || LowerAscii(c) == 'x') {
+      return std::nullopt;
+    } else {
+      break;
+    }
+  }
+  if (count == 0) {
+    return std::nullopt;
+  }
+  const double value = static_cast<double>(digits) / kPowersOfTen[decimals];
+  return negative ? -value : value;
+}
+
+// By the C library, which wants a terminated text.
+std::optional<double> ParseAnyDouble(std::string_view text) {
   const std::string terminated(text);
   char* end = nullptr;
   const int savedErrno = errno;
@@ -58,6 +94,13 @@ std::optional<double> ParseDouble(std::string_view text) {
     return std::nullopt;
   }
   return value;
+}
+
+}  // namespace
+
+std::optional<double> ParseDouble(std::string_view text) {
+  const auto value = ParseShortDecimal(text);
+  return value ? value : ParseAnyDouble(text);
 }
 
 std::optional<std::int32_t> ParseInt32(std::string_view text) {

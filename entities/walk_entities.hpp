@@ -37,10 +37,13 @@ inline void PrefetchType(const Dwg_Object& object) {
   constexpr std::uintptr_t kCacheLine = 64;
   const Dwg_Object_Entity* entity = object.tio.entity;
   Prefetch(entity->tio.LINE);
-  // Only a hint: the address may lie anywhere.
-  // NOLINTNEXTLINE(performance-no-int-to-ptr)
-  Prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(entity->tio.LINE) +
-                                         kCacheLine));
+  // Only hints: the addresses may lie anywhere. The texts of text records lie in
+  // the third line.
+  const auto data = reinterpret_cast<std::uintptr_t>(entity->tio.LINE);
+  // NOLINTBEGIN(performance-no-int-to-ptr)
+  Prefetch(reinterpret_cast<const void*>(data + kCacheLine));
+  Prefetch(reinterpret_cast<const void*>(data + 2 * kCacheLine));
+  // NOLINTEND(performance-no-int-to-ptr)
   Prefetch(entity->layer);
 }
 

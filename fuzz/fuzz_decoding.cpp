@@ -51,16 +51,20 @@ std::string DecodeFromOddAddress(const std::vector<char16_t>& units) {
 }
 
 void CheckFontName(const std::string& name) {
-  const std::string family = MapFontFamily(name);
+  const std::string_view family = MapFontFamily(name);
   FUZZ_CHECK(family.empty() == name.empty());
   FUZZ_CHECK(family == name || family == "Arial" || family == "Times New Roman" ||
              family == "Courier New" || family == "Comic Sans MS");
 }
 
 void CheckHtml(const std::string& text) {
-  std::string html;
-  AppendHtmlEscaped(html, text);
-  FUZZ_CHECK(html.find_first_of("<>") == std::string::npos && html.size() <= 5 * text.size());
+  JsonOut out;
+  HtmlLiteral html(out);
+  html.Text(text);
+  FUZZ_CHECK(html.Finish() == (text.find('\0') == std::string::npos));
+  const std::string literal = out.Text();
+  FUZZ_CHECK(literal.find_first_of("<>") == std::string::npos && literal.size() <= 6 * text.size());
+  FUZZ_CHECK(IsGrammaticalJson('"' + literal + '"'));
 }
 
 }  // namespace

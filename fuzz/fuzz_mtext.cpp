@@ -7,8 +7,8 @@
 #include "encode/json_text.hpp"
 #include "fuzz/check.hpp"
 #include "fuzz/fuzz_input.hpp"
+#include "tests/support/html_text.hpp"
 #include "tests/support/json_grammar.hpp"
-#include "text/mtext_to_html.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
@@ -16,9 +16,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text = input.Rest();
   const TimeBudget budget(size);
   MtextLayout layout;
-  const std::string html = MtextToHtml(text, baseHeight, layout);
+  JsonOut out;
+  const bool isWhole = AppendMtextHtml(out, text, baseHeight, layout);
   budget.Check();
-  FUZZ_CHECK(html.starts_with("<p>") && html.ends_with("</p>"));
+  const std::string literal = out.Text();
+  FUZZ_CHECK(IsGrammaticalJson('"' + literal + '"'));
+  const std::string html = Unescaped(literal);
+  FUZZ_CHECK(html.starts_with("<p>") && html.ends_with("</p>") == isWhole);
   // Every code opens at most one element of bounded length.
   FUZZ_CHECK(html.size() <= 128 * (text.size() + 1));
   for (const TextRun& run : layout.runs) {
@@ -34,7 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(block.alignment.size() <= text.size());
   }
   FUZZ_CHECK(layout.obliqueCount >= 0);
-  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(html.c_str())));
 
   MtextLayout again;
   FUZZ_CHECK(MtextToHtml(text, baseHeight, again) == html);

@@ -141,18 +141,13 @@ void AppendMtextRecord(JsonOut& out, const Dwg_Entity_MTEXT& mtext, std::string_
   if (frame.height == 0) {
     frame.height = FallbackHeight(mtext, text, context.tables);
   }
-  MtextLayout layout;
-  const std::string html = MtextToHtml(text, frame.height, layout);
-  if (!context.unicodeText && layout.nonWesternCharset && HasNonAscii(text)) {
-    WarnOfCharset(layer, context);
-  }
-  if (layout.obliqueCount > 0) {
-    WarnOfObliqueCodes(layout.obliqueCount, layer, context);
-  }
   BeginRecord(out, "MTEXT", layer);
   AppendNumberKey(out, ",\"x\":", mtext.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", mtext.ins_pt.y);
-  AppendQuotedKey(out, ",\"html\":", html);
+  out += ",\"html\":\"";
+  MtextLayout layout;
+  AppendMtextHtml(out, text, frame.height, layout);
+  out += '"';
   AppendQuotedKey(out, ",\"rawMtext\":", text);
   AppendNumberKey(out, ",\"width\":", frame.width);
   AppendNumberKey(out, ",\"height\":", frame.height);
@@ -161,4 +156,10 @@ void AppendMtextRecord(JsonOut& out, const Dwg_Entity_MTEXT& mtext, std::string_
   AppendRuns(out, layout.runs);
   AppendBlocks(out, layout.blocks);
   out += '}';
+  if (!context.unicodeText && layout.nonWesternCharset && HasNonAscii(text)) {
+    WarnOfCharset(layer, context);
+  }
+  if (layout.obliqueCount > 0) {
+    WarnOfObliqueCodes(layout.obliqueCount, layer, context);
+  }
 }

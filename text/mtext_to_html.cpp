@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <utility>
 
@@ -12,16 +10,15 @@
 #include "encode/color.hpp"
 #include "encode/font_mapping.hpp"
 #include "encode/html.hpp"
-#include "encode/json_text.hpp"
 #include "encode/numbers.hpp"
 #include "encode/utf8.hpp"
 #include "text/fields.hpp"
+#include "text/font_size.hpp"
 #include "text/paragraph_format.hpp"
 
 namespace {
 
 constexpr double kHeightDivisor = 25.4;
-constexpr std::size_t kMaxHeightText = 63;
 constexpr std::int32_t kMinStretch = 50;
 constexpr std::int32_t kMaxStretch = 200;
 constexpr std::int32_t kLastWesternCharset = 2;
@@ -42,30 +39,6 @@ constexpr std::array<std::uint8_t, 256> MakeUtf16Units() {
 }
 
 constexpr std::array<std::uint8_t, 256> kUtf16Units = MakeUtf16Units();
-
-// Bytes that do not stand for themselves.
-constexpr bool IsSpecial(char byte) {
-  switch (byte) {
-    case '{':
-    case '}':
-    case '\\':
-    case '<':
-    case '>':
-    case '&': return true;
-    default: return false;
-  }
-}
-
-std::size_t PlainLength(std::string_view text) {
-  return CountWithout(
-      text,
-      [](ByteWord word) {
-        // Of `<` and `>` one bit differs.
-        return Found(word, BytesEqual(word, '{') | BytesEqual(word, '}') | BytesEqual(word, '\\') |
-                               BytesEqual(word, '&') | BytesEqual(word | AllBytes('<' ^ '>'), '>'));
-      },
-      IsSpecial);
-}
 
 std::int32_t Utf16Length(std::string_view text) {
   std::int32_t length = 0;
@@ -92,14 +65,6 @@ constexpr std::optional<std::uint32_t> HexDigit(char c) {
   return std::nullopt;
 }
 
-// Cuts the text before the first separator off `rest`.
-std::string_view NextField(std::string_view& rest, char separator) {
-  const std::size_t end = std::min(rest.find(separator), rest.size());
-  const std::string_view field = rest.substr(0, end);
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return field;
-}
-
 // A factor as whole percent.
 std::optional<std::int32_t> ParsePercent(std::string_view text) {
   const auto value = ParseDouble(text);
@@ -123,22 +88,20 @@ struct GroupFrame {
 
 class MtextScanner {
  public:
-  MtextScanner(std::string_view text, double baseHeight, MtextLayout& layout)
-      : text_(text), baseHeight_(baseHeight), layout_(layout) {
-    out_.reserve(text.size() + text.size() / 2 + 16);
-  }
+  MtextScanner(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout)
+      : text_(text), baseHeight_(baseHeight), layout_(layout), html_(out) {}
 
-  std::string Run() {
-    OpenGroup();
-    out_ += "<p>";
+  bool Run() {
+    html_.Markup("<p>");
     while (position_ < text_.size()) {
       Step();
     }
-    while (!groups_.empty()) {
+    while (!outerGroups_.empty()) {
       CloseGroup();
     }
-    out_ += "</p>";
-    return std::move(out_);
+    EndGroup();
+    html_.Markup("</p>");
+    return html_.Finish();
   }
 
  private:
@@ -150,7 +113,7 @@ class MtextScanner {
         ++position_;
         break;
       case '}':
-        if (groups_.size() > 1) {
+        if (!outerGroups_.empty()) {
           CloseGroup();
         }
         ++position_;
@@ -160,15 +123,19 @@ class MtextScanner {
     }
   }
 
-  // The byte at the position, whatever it is, and all that need no attention.
+  // The byte at the position, whatever it is, or all that need no attention.
   void OrdinaryText() {
-    AppendHtmlEscaped(out_, text_[position_]);
-    charPos_ += kUtf16Units[static_cast<unsigned char>(text_[position_])];
-    const std::string_view rest = text_.substr(position_ + 1);
-    const std::string_view run = rest.substr(0, PlainLength(rest));
-    out_ += run;
-    charPos_ += Utf16Length(run);
-    position_ += 1 + run.size();
+    const std::string_view rest = text_.substr(position_);
+    const auto [size, isAscii] = html_.Plain(
+        rest, [](ByteWord word) { return BytesEqual(word, '{') | BytesEqual(word, '}'); });
+    if (size == 0) {
+      html_.Text(rest.front());
+      ++charPos_;  // no byte above 0x7F ends a run
+      ++position_;
+      return;
+    }
+    charPos_ += isAscii ? static_cast<std::int32_t>(size) : Utf16Length(rest.substr(0, size));
+    position_ += size;
   }
 
   // The position is at a backslash. An unknown code drops only that: what
@@ -195,7 +162,7 @@ class MtextScanner {
       case 'X':
       case 'x': Write("<br/>", 1); break;
       case '~': Write("&nbsp;", 1); break;
-      case '\\': Write("\\", 1); break;
+      case '\\': Write(R"(\\)", 1); break;
       case '{': Write("&#123;", 1); break;
       case '}': Write("&#125;", 1); break;
       case 'L': Write("<u>", 0); break;
@@ -210,32 +177,33 @@ class MtextScanner {
     return true;
   }
 
-  // Codes whose argument runs to the next semicolon or the end of the text.
   bool ArgumentCode(char code) {
-    const std::size_t start = position_ + 2;
-    const auto argument = [this, start] {
-      const std::size_t end = std::min(text_.find(';', start), text_.size());
-      position_ = std::min(end + 1, text_.size());
-      return text_.substr(start, end - start);
-    };
     switch (code) {
-      case 'A': argument(); break;  // vertical alignment, which HTML cannot carry
+      case 'A': TakeArgument(); break;  // vertical alignment, which HTML cannot carry
       case 'Q':
-        argument();
+        TakeArgument();
         ++layout_.obliqueCount;
         break;
-      case 'C': ColorIndex(argument()); break;
-      case 'c': TrueColor(argument()); break;
-      case 'H': Height(argument()); break;
-      case 'W': Width(argument()); break;
-      case 'T': Tracking(argument()); break;
+      case 'C': ColorIndex(TakeArgument()); break;
+      case 'c': TrueColor(TakeArgument()); break;
+      case 'H': Height(TakeArgument()); break;
+      case 'W': Width(TakeArgument()); break;
+      case 'T': Tracking(TakeArgument()); break;
       case 'f':
-      case 'F': Font(argument()); break;
-      case 'S': Stack(argument()); break;
-      case 'p': Paragraph(argument()); break;
+      case 'F': Font(TakeArgument()); break;
+      case 'S': Stack(TakeArgument()); break;
+      case 'p': Paragraph(TakeArgument()); break;
       default: return false;
     }
     return true;
+  }
+
+  // Arguments run to the next semicolon or the end of the text.
+  std::string_view TakeArgument() {
+    const std::size_t start = position_ + 2;
+    const std::size_t end = std::min(text_.find(';', start), text_.size());
+    position_ = std::min(end + 1, text_.size());
+    return text_.substr(start, end - start);
   }
 
   bool UnicodeCode(char code) {
@@ -255,46 +223,46 @@ class MtextScanner {
     }
     std::string encoded;
     AppendUtf8(encoded, codePoint);
-    AppendHtmlEscaped(out_, encoded);
+    html_.Text(encoded);
     charPos_ += codePoint < 0x10000 ? 1 : 2;
     position_ = end;
     return true;
   }
 
-  void Write(std::string_view html, std::int32_t characters) {
-    out_ += html;
+  void Write(std::string_view markup, std::int32_t characters) {
+    html_.Markup(markup);
     charPos_ += characters;
   }
 
   // The style of the span is written between the two.
-  void BeginSpan() { out_ += "<span style=\""; }
+  void BeginSpan() { html_.Markup(R"(<span style=\")"); }
   void EndSpanTag() {
-    out_ += "\">";
-    ++groups_.back().openSpans;
+    html_.Markup(R"(\">)");
+    ++group_.openSpans;
   }
 
   void OpenSpan(std::string_view style) {
     BeginSpan();
-    out_ += style;
+    html_.Markup(style);
     EndSpanTag();
   }
 
   void CloseOverline() {
-    out_ += "</span>";
-    if (groups_.back().openSpans > 0) {
-      --groups_.back().openSpans;
+    html_.Markup("</span>");
+    if (group_.openSpans > 0) {
+      --group_.openSpans;
     }
   }
 
   void OpenColorSpan(Rgb color) {
     BeginSpan();
-    out_ += "color:rgb(";
-    out_ += JsonInt(color.red);
-    out_ += ',';
-    out_ += JsonInt(color.green);
-    out_ += ',';
-    out_ += JsonInt(color.blue);
-    out_ += ')';
+    html_.Markup("color:rgb(");
+    html_.Number(color.red);
+    html_.Markup(",");
+    html_.Number(color.green);
+    html_.Markup(",");
+    html_.Number(color.blue);
+    html_.Markup(")");
     EndSpanTag();
   }
 
@@ -324,15 +292,11 @@ class MtextScanner {
       return;
     }
     // Consumers know this scale: 25.4 drawing units are one point.
-    std::array<char, std::numeric_limits<double>::max_exponent10 + 16> buffer;
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                   height / kHeightDivisor, std::chars_format::fixed, 4)
-                         .ptr;
-    const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    std::array<char, kFontSizeRoom> room;
     BeginSpan();
-    out_ += "font-size:";
-    out_ += text.substr(0, kMaxHeightText);
-    out_ += "pt";
+    html_.Markup("font-size:");
+    html_.Markup(FontSizeText(height / kHeightDivisor, room));
+    html_.Markup("pt");
     EndSpanTag();
   }
 
@@ -354,10 +318,10 @@ class MtextScanner {
   // Weight and slant are only ever switched on: a bold set in an outer group is
   // not cleared by an inner font code.
   void Font(std::string_view argument) {
-    const std::string_view name = NextField(argument, '|');
+    const std::string_view name = argument.substr(0, argument.find('|'));
     bool bold = false;
     bool italic = false;
-    ForEachField(argument, '|', [&](std::string_view field) {
+    ForEachField(argument.substr(name.size()), '|', [&](std::string_view field) {
       if (field.size() < 2) {
         return;
       }
@@ -374,12 +338,16 @@ class MtextScanner {
     }
     BeginSpan();
     if (!name.empty()) {
-      out_ += "font-family:";
-      out_ += MapFontFamily(name);
-      out_ += ';';
+      html_.Markup("font-family:");
+      html_.Verbatim(MapFontFamily(name));
+      html_.Markup(";");
     }
-    out_ += bold ? "font-weight:bold;" : "";
-    out_ += italic ? "font-style:italic;" : "";
+    if (bold) {
+      html_.Markup("font-weight:bold;");
+    }
+    if (italic) {
+      html_.Markup("font-style:italic;");
+    }
     EndSpanTag();
   }
 
@@ -401,20 +369,22 @@ class MtextScanner {
   // is not written: consumers depend on these positions.
   void Stack(std::string_view argument) {
     charPos_ += static_cast<std::int32_t>(argument.size());
-    const std::size_t separator = argument.find_first_of("#/^");
-    if (separator == std::string_view::npos) {
-      AppendHtmlEscaped(out_, argument);
+    const auto found =
+        std::ranges::find_if(argument, [](char c) { return c == '#' || c == '/' || c == '^'; });
+    const auto separator = static_cast<std::size_t>(found - argument.begin());
+    if (separator == argument.size()) {
+      html_.Text(argument);
       return;
     }
-    out_ += "<span style=\"vertical-align:super\">";
-    AppendHtmlEscaped(out_, argument.substr(0, separator));
-    out_ += "</span>";
+    html_.Markup(R"(<span style=\"vertical-align:super\">)");
+    html_.Text(argument.substr(0, separator));
+    html_.Markup("</span>");
     if (argument[separator] != '^') {
-      out_ += '/';
+      html_.Markup("/");
     }
-    out_ += "<span style=\"vertical-align:sub\">";
-    AppendHtmlEscaped(out_, argument.substr(separator + 1));
-    out_ += "</span>";
+    html_.Markup(R"(<span style=\"vertical-align:sub\">)");
+    html_.Text(argument.substr(separator + 1));
+    html_.Markup("</span>");
   }
 
   void Paragraph(std::string_view argument) {
@@ -426,7 +396,8 @@ class MtextScanner {
   }
 
   void OpenGroup() {
-    groups_.push_back({.firstMarker = static_cast<std::uint32_t>(markers_.size())});
+    outerGroups_.push_back(group_);
+    group_ = {.firstMarker = static_cast<std::uint32_t>(markers_.size())};
   }
 
   void CloseMarker(const RunMarker& marker) {
@@ -439,35 +410,41 @@ class MtextScanner {
   }
 
   // Underline and strike-through are never closed here.
-  void CloseGroup() {
-    const GroupFrame group = groups_.back();
-    for (std::size_t i = group.firstMarker; i < markers_.size(); ++i) {
+  void EndGroup() {
+    for (std::size_t i = group_.firstMarker; i < markers_.size(); ++i) {
       CloseMarker(markers_[i]);
     }
-    markers_.resize(group.firstMarker);
-    for (std::int32_t i = 0; i < group.openSpans; ++i) {
-      out_ += "</span>";
+    markers_.resize(group_.firstMarker);
+    for (std::int32_t i = 0; i < group_.openSpans; ++i) {
+      html_.Markup("</span>");
     }
-    groups_.pop_back();
+  }
+
+  void CloseGroup() {
+    EndGroup();
+    group_ = outerGroups_.back();
+    outerGroups_.pop_back();
   }
 
   std::string_view text_;
   double baseHeight_;
   MtextLayout& layout_;
   std::size_t position_ = 0;
-  std::string out_;
+  HtmlLiteral html_;
   std::int32_t charPos_ = 0;
   std::int32_t paragraph_ = 0;
-  std::vector<GroupFrame> groups_;
+  GroupFrame group_;
+  std::vector<GroupFrame> outerGroups_;
   std::vector<RunMarker> markers_;
 };
 
 }  // namespace
 
-std::string MtextToHtml(std::string_view text, double baseHeight, MtextLayout& layout) {
+bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout) {
   text = text.substr(0, text.find('\0'));
   if (text.empty()) {
-    return "<p></p>";
+    out += "<p></p>";
+    return true;
   }
-  return MtextScanner(text, baseHeight, layout).Run();
+  return MtextScanner(out, text, baseHeight, layout).Run();
 }

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "encode/json_out.hpp"
+
 // A stretch of characters with a format that HTML cannot express. Positions
 // and lengths count the characters of the resulting plain text in UTF-16
 // units, each paragraph or line break as one.
@@ -44,7 +46,8 @@ struct MtextLayout {
   std::int32_t obliqueCount = 0;   // oblique codes, which are dropped
 };
 
-// `text` is UTF-8 and ends at its first NUL. `baseHeight` (drawing units)
-// scales relative height codes. `layout` is expected empty and is left alone
-// when the text is empty.
-std::string MtextToHtml(std::string_view text, double baseHeight, MtextLayout& layout);
+// Appends the HTML as the inside of a JSON string literal. `text` is UTF-8 and
+// ends at its first NUL. `baseHeight` (drawing units) scales relative height
+// codes. `layout` is expected empty and is left alone when the text is empty. A
+// NUL that a code stands for ends the HTML, though not the layout: then false.
+bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout);

@@ -42,7 +42,9 @@ void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
   }
   const double height = content.height > 0 ? content.height : annotation.text_height;
   MtextLayout layout;  // what HTML cannot carry is not written for multileaders
-  AppendQuotedKey(out, ",\"text\":{\"html\":", MtextToHtml(text, height, layout));
+  out += ",\"text\":{\"html\":\"";
+  AppendMtextHtml(out, text, height, layout);
+  out += '"';
   AppendNumberKey(out, ",\"x\":", content.location.x);
   AppendNumberKey(out, ",\"y\":", content.location.y);
   AppendNumberKey(out, ",\"height\":", height);

@@ -17,8 +17,7 @@ double HeightOf(double height, Handle style, const LookupTables& tables) {
 // A NUL that a code stands for ends the text, and the paragraph with it.
 void AppendHtml(JsonOut& out, std::string_view text) {
   out += ",\"html\":\"<p>";
-  const bool isWhole =
-      HasTextCodes(text) ? AppendEscaped(out, TextCodesToHtml(text)) : AppendEscaped(out, text);
+  const bool isWhole = AppendTextCodes(out, text);
   out += isWhole ? "</p>\"" : "\"";
 }
 

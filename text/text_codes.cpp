@@ -11,23 +11,11 @@ namespace {
 
 constexpr std::size_t kMaxCodeDigits = 3;
 
-// How many bytes from the start stand for themselves.
-std::size_t PlainLength(std::string_view text) {
-  return CountWithout(
-      text,
-      [](ByteWord word) {
-        // Of `<` and `>` one bit differs.
-        return Found(word, BytesEqual(word, '%') | BytesEqual(word, '&') |
-                               BytesEqual(word | AllBytes('<' ^ '>'), '>'));
-      },
-      [](char byte) { return byte == '%' || byte == '&' || byte == '<' || byte == '>'; });
-}
-
 class TextCodeScanner {
  public:
-  explicit TextCodeScanner(std::string_view text) : text_(text) { out_.reserve(text.size()); }
+  TextCodeScanner(JsonOut& out, std::string_view text) : text_(text), html_(out) {}
 
-  std::string Run() {
+  bool Run() {
     while (position_ < text_.size()) {
       if (AtCode()) {
         Code();
@@ -41,15 +29,18 @@ class TextCodeScanner {
     if (overline_) {
       ToggleOverline();
     }
-    return std::move(out_);
+    return html_.Finish();
   }
 
  private:
-  // The byte at the position, whatever it is, and all that need no attention.
+  // The byte at the position, whatever it is, or all that need no attention.
   void OrdinaryText() {
-    AppendHtmlEscaped(out_, text_[position_++]);
-    const std::size_t plain = PlainLength(text_.substr(position_));
-    out_.append(text_, position_, plain);
+    const std::size_t plain =
+        html_.Plain(text_.substr(position_), [](ByteWord word) { return BytesEqual(word, '%'); })
+            .size;
+    if (plain == 0) {
+      html_.Text(text_[position_++]);
+    }
     position_ += plain;
   }
 
@@ -66,14 +57,14 @@ class TextCodeScanner {
     }
     position_ += 3;
     switch (LowerAscii(code)) {
-      case 'c': out_ += "\u2205"; break;
-      case 'd': out_ += "\u00B0"; break;
-      case 'p': out_ += "\u00B1"; break;
-      case '%': out_ += '%'; break;
+      case 'c': html_.Markup("\u2205"); break;
+      case 'd': html_.Markup("\u00B0"); break;
+      case 'p': html_.Markup("\u00B1"); break;
+      case '%': html_.Markup("%"); break;
       case 'u': ToggleUnderline(); break;
       case 'o': ToggleOverline(); break;
       default:
-        out_ += "%%";
+        html_.Markup("%%");
         --position_;  // the third byte is ordinary text
         break;
     }
@@ -89,35 +80,31 @@ class TextCodeScanner {
     // Only the low byte counts: consumers know %%321 as "A".
     const auto byte = static_cast<unsigned char>(value);
     if (digits == kMaxCodeDigits && byte >= 0x80) {
-      out_ += DecodeWindows1252Byte(byte);
+      html_.Verbatim(DecodeWindows1252Byte(byte));
     } else {
-      AppendHtmlEscaped(out_, static_cast<char>(byte));
+      html_.Text(static_cast<char>(byte));
     }
   }
 
   void ToggleUnderline() {
     underline_ = !underline_;
-    out_ += underline_ ? "<u>" : "</u>";
+    html_.Markup(underline_ ? "<u>" : "</u>");
   }
 
   void ToggleOverline() {
     overline_ = !overline_;
-    out_ += overline_ ? "<span style=\"text-decoration:overline\">" : "</span>";
+    html_.Markup(overline_ ? R"(<span style=\"text-decoration:overline\">)" : "</span>");
   }
 
   std::string_view text_;
   std::size_t position_ = 0;
-  std::string out_;
+  HtmlLiteral html_;
   bool underline_ = false;
   bool overline_ = false;
 };
 
 }  // namespace
 
-std::string TextCodesToHtml(std::string_view text) {
-  return TextCodeScanner(text).Run();
-}
-
-bool HasTextCodes(std::string_view text) {
-  return PlainLength(text) != text.size();
+bool AppendTextCodes(JsonOut& out, std::string_view text) {
+  return TextCodeScanner(out, text).Run();
 }

@@ -1,12 +1,12 @@
 // The %% codes of single-line text to HTML.
 #pragma once
 
-#include <string>
 #include <string_view>
 
-// An HTML fragment without a surrounding paragraph. Unknown codes are written
-// as they stand; an underline or overline still on at the end is closed.
-std::string TextCodesToHtml(std::string_view text);
+#include "encode/json_out.hpp"
 
-// Whether the text is not its own HTML.
-bool HasTextCodes(std::string_view text);
+// Appends an HTML fragment without a surrounding paragraph, as the inside of a
+// JSON string literal. Unknown codes are written as they stand; an underline or
+// overline still on at the end is closed. A NUL, of the text or of a code, ends
+// the fragment: then false.
+bool AppendTextCodes(JsonOut& out, std::string_view text);

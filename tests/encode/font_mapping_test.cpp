@@ -86,6 +86,12 @@ TEST(MapFontFamily, OneByteBeforeTheExtensionIsEnough) {
   EXPECT_EQ(MapFontFamily("a.shx"), "Arial");
 }
 
+TEST(MapFontFamily, OnlyAWholeNameIsAShapeFont) {
+  EXPECT_EQ(MapFontFamily("roman"), "roman");
+  EXPECT_EQ(MapFontFamily("romanss"), "romanss");
+  EXPECT_EQ(MapFontFamily("isocpeur22"), "isocpeur22");
+}
+
 TEST(MapFontFamily, EmptyNameStaysEmpty) {
   EXPECT_EQ(MapFontFamily(""), "");
 }

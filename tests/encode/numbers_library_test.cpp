@@ -134,6 +134,29 @@ TEST(Numbers, RandomTextsAgreeWithTheStandardLibrary) {
   }
 }
 
+// Around the number of digits up to which they are read without the library.
+TEST(Numbers, RandomDecimalsAgreeWithTheStandardLibrary) {
+  std::mt19937 random(20240502);
+  for (int round = 0; round < 200000; ++round) {
+    std::string text = random() % 4 == 0 ? "-" : "";
+    for (std::size_t i = 1 + random() % 18; i > 0; --i) {
+      text += static_cast<char>('0' + random() % 10);
+    }
+    text.insert(random() % (text.size() + 1), random() % 8 == 0 ? "" : ".");
+    text += random() % 4 == 0 ? ";" : "";
+    ASSERT_TRUE(Same(ParseDouble(text), StandardDouble(text))) << text;
+  }
+}
+
+TEST(Numbers, ShortDecimalsKeepTheSignOfZero) {
+  EXPECT_TRUE(std::signbit(ParseDouble("-0.00").value_or(1)));
+  EXPECT_FALSE(std::signbit(ParseDouble("0.00").value_or(-1)));
+  EXPECT_EQ(ParseDouble("1.5.5"), 1.5);
+  EXPECT_EQ(ParseDouble("-.5"), -0.5);
+  EXPECT_EQ(ParseDouble("999999999999999"), 999999999999999.0);
+  EXPECT_EQ(ParseDouble("9999999999999999"), 9999999999999999.0);
+}
+
 TEST(Numbers, AViewEndsWhereItEnds) {
   const std::string_view text = "12345";
   EXPECT_EQ(ParseDouble(text.substr(0, 2)), 12);

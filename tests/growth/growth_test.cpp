@@ -512,8 +512,9 @@ std::string Repeated(const std::string& unit, std::size_t n) {
 void ExpectLinearMtext(const std::function<std::string(std::size_t)>& make) {
   ExpectLinear(50'000, [&make](std::size_t n) {
     return [text = make(n)] {
+      JsonOut out;
       MtextLayout layout;
-      MtextToHtml(text, 2.5, layout);
+      AppendMtextHtml(out, text, 2.5, layout);
     };
   });
 }
@@ -531,7 +532,10 @@ TEST(Growth, MultiLineText) {
 
 TEST(Growth, SingleLineText) {
   ExpectLinear(50'000, [](std::size_t n) {
-    return [text = Repeated("%%u%%o%%c%%176<", n)] { TextCodesToHtml(text); };
+    return [text = Repeated("%%u%%o%%c%%176<", n)] {
+      JsonOut out;
+      AppendTextCodes(out, text);
+    };
   });
 }
 

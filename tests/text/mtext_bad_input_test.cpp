@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/html_text.hpp"
 #include "tests/text/mtext_cases.hpp"
-#include "text/mtext_to_html.hpp"
 
 namespace {
 

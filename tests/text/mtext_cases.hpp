@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "text/mtext_to_html.hpp"
+#include "tests/support/html_text.hpp"
 
 struct MtextCase {
   std::string_view rule;

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "tests/support/html_text.hpp"
 #include "tests/text/mtext_cases.hpp"
-#include "text/mtext_to_html.hpp"
 
 namespace {
 
