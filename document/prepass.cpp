@@ -79,6 +79,9 @@ class Prepass {
     }
   }
 
+  // Room for so many objects.
+  void Reserve(std::size_t count) { tables_.entitiesByOwner.Reserve(count); }
+
   LookupTables Take() {
     tables_.entitiesByOwner.Finish();
     return std::move(tables_);
@@ -227,6 +230,7 @@ LookupTables BuildLookupTables(const Dwg_Data& dwg, bool unicodeText,
                                const std::filesystem::path& drawingFolder) {
   Prepass prepass(unicodeText, drawingFolder);
   const auto objects = Objects(dwg);
+  prepass.Reserve(objects.size());
   for (std::size_t i = 0; i < objects.size(); ++i) {
     PrefetchOwner(objects, i);
     prepass.Add(objects[i]);

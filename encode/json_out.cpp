@@ -62,17 +62,12 @@ void JsonOut::AppendInPieces(std::string_view text) {
   }
 }
 
-char JsonOut::back() const {
-  return end_ != begin_ ? end_[-1] : full_.back().bytes[full_.back().size - 1];
-}
-
-void JsonOut::Truncate(std::size_t size) {
+void JsonOut::DropPieces(std::size_t size) {
   while (size < sizeBefore_) {
     SetLast(std::move(full_.back().bytes));
     sizeBefore_ -= full_.back().size;
     full_.pop_back();
   }
-  end_ = begin_ + (size - sizeBefore_);
 }
 
 std::string JsonOut::Text() const {

@@ -63,10 +63,17 @@ class JsonOut {
   bool empty() const { return size() == 0; }
 
   // The last byte of a text that is not empty.
-  char back() const;
+  char back() const {
+    return end_ != begin_ ? end_[-1] : full_.back().bytes[full_.back().size - 1];
+  }
 
   // Takes back what was appended since the text had this size.
-  void Truncate(std::size_t size);
+  void Truncate(std::size_t size) {
+    if (size < sizeBefore_) {
+      DropPieces(size);
+    }
+    end_ = begin_ + (size - sizeBefore_);
+  }
 
   // Calls `write` with every stretch of the text in turn.
   template <typename Write>
@@ -96,6 +103,8 @@ class JsonOut {
 
   std::size_t Room() const { return static_cast<std::size_t>(limit_ - end_); }
   void AddPiece();
+  // Those behind the one that holds the end of a text of this size.
+  void DropPieces(std::size_t size);
   void SetLast(Bytes bytes);
   void AppendInPieces(std::string_view text);
 

@@ -41,6 +41,9 @@ struct PdfEntry {
 // The entities of a drawing in groups by owner, each in object order.
 class EntitiesByOwner {
  public:
+  // Room for so many entities.
+  void Reserve(std::size_t count) { entities_.reserve(count); }
+
   // Adds an entity behind the others of its owner.
   void Add(Handle owner, const Dwg_Object& entity);
 
