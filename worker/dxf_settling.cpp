@@ -6,8 +6,8 @@
 
 #include "encode/ascii.hpp"
 #include "encode/color.hpp"
-#include "entities/drawing_access.hpp"
 #include "encode/library_memory.hpp"
+#include "entities/drawing_access.hpp"
 
 namespace {
 

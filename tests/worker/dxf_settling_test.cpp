@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "encode/library_memory.hpp"
 #include "entities/drawing_access.hpp"
 #include "tests/support/test_drawing.hpp"
-#include "encode/library_memory.hpp"
 
 namespace {
 
