@@ -87,10 +87,13 @@ struct Scale {
   std::array<PowerOfFive, 2> powers;  // below `nextPower` and from it on
 };
 
-constexpr std::array<Scale, kMaxBinaryExponent - kMinBinaryExponent + 1> MakeScales() {
-  std::array<Scale, kMaxBinaryExponent - kMinBinaryExponent + 1> scales{};
-  for (int binary = kMinBinaryExponent; binary <= kMaxBinaryExponent; ++binary) {
-    Scale& scale = scales[static_cast<std::size_t>(binary - kMinBinaryExponent)];
+constexpr std::size_t kScaleCount = kMaxBinaryExponent - kMinBinaryExponent + 1;
+
+constexpr std::array<Scale, kScaleCount> MakeScales() {
+  std::array<Scale, kScaleCount> scales{};
+  for (std::size_t n = 0; n < kScaleCount; ++n) {
+    Scale& scale = scales[n];
+    const int binary = kMinBinaryExponent + static_cast<int>(n);
     scale.exponent = DecimalExponent(binary);
     scale.nextPower = PowerOfTen(scale.exponent + 1);
     for (int i = 0; i < 2; ++i) {
