@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "encode/text_decoding.hpp"
 #include "entities/drawing_access.hpp"
@@ -64,6 +68,26 @@ const Dwg_Object_LAYER* FirstLayer(DrawingFile& drawing) {
     }
   }
   return nullptr;
+}
+
+// One point for each text, which is its x coordinate.
+std::string DxfWithPoints(const std::vector<std::string>& coordinates) {
+  std::string points;
+  for (const std::string& x : coordinates) {
+    points += "0\nPOINT\n8\nA\n10\n" + x + "\n20\n2.0\n30\n0.0\n";
+  }
+  std::string text = Dxf("AC1015", "A");
+  return text.insert(text.find("0\nPOINT\n5\n20"), points);
+}
+
+std::vector<double> PointCoordinates(DrawingFile& drawing) {
+  std::vector<double> coordinates;
+  for (const Dwg_Object& object : Objects(drawing.data())) {
+    if (object.fixedtype == DWG_TYPE_POINT) {
+      coordinates.push_back(EntityData(object, &EntityTio::POINT)->x);
+    }
+  }
+  return coordinates;
 }
 
 }  // namespace
@@ -206,4 +230,43 @@ TEST_F(DrawingFileTest, TextThatEndsWithinACharacterIsCut) {
   ASSERT_FALSE(drawing.HasFailed());
   ASSERT_GE(drawing.data().num_classes, 1);
   EXPECT_STREQ(drawing.data().dwg_class[0].appname, "Mus");
+}
+
+// Each is the nearest number: of few digits and many, ties between two numbers,
+// with and without an exponent.
+TEST_F(DrawingFileTest, DecimalsOfADxfAreReadExactly) {
+  const std::vector<std::string> texts = {"0.1",
+                                          "-2.5",
+                                          "+7",
+                                          ".5",
+                                          "3.",
+                                          "-0.0",
+                                          "0.30000000000000004",
+                                          "1234.5678901234567",
+                                          "-3.141592653589793",
+                                          "0.000000000000000000000012345",
+                                          "9007199254740993",
+                                          "9007199254740992.5",
+                                          "9007199254740995.5",
+                                          "4503599627370497.5",
+                                          "9999999999999999999",
+                                          "18446744073709551617",
+                                          "0.1234567890123456789",
+                                          "0.99999999999999994448",
+                                          "123456789012345678.9",
+                                          "0.0000000000000000000000000",
+                                          "1e-07",
+                                          "2.5E+3",
+                                          "0.00000000000000000000000000000012345",
+                                          "1.000000000000000000000"};
+  DrawingFile drawing(Write("a.dxf", DxfWithPoints(texts)));
+  drawing.Read();
+  ASSERT_FALSE(drawing.HasFailed());
+  const std::vector<double> coordinates = PointCoordinates(drawing);
+  ASSERT_EQ(coordinates.size(), texts.size() + 1);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(coordinates[i]),
+              std::bit_cast<std::uint64_t>(std::strtod(texts[i].c_str(), nullptr)))
+        << texts[i];
+  }
 }
