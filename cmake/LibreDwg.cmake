@@ -11,8 +11,10 @@ set(DWG_LIBREDWG_SOURCE_DIR "" CACHE PATH
     "Unpacked source tree of the LibreDWG crate, for builds without network (checked like the fetched one)")
 option(DWG_LIBREDWG_PATCHES "Apply our own mends to LibreDWG" ON)
 option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG" ON)
-# The library is linked statically: nobody replaces its functions.
-set(DWG_LIBREDWG_C_FLAGS "-O2 -fno-semantic-interposition" CACHE STRING "Compiler flags for LibreDWG")
+# The library is linked statically: nobody replaces its functions, and those
+# that nobody calls can be left out.
+set(DWG_LIBREDWG_C_FLAGS "-O2 -fno-semantic-interposition -ffunction-sections -fdata-sections"
+    CACHE STRING "Compiler flags for LibreDWG")
 option(DWG_MIMALLOC "Let LibreDWG allocate through mimalloc" OFF)
 
 if(DWG_LIBREDWG_SOURCE_DIR)

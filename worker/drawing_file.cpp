@@ -8,6 +8,7 @@
 #include "entities/entity_context.hpp"
 #include "worker/dxf_settling.hpp"
 #include "worker/read_result.hpp"
+#include "worker/reading_memory.hpp"
 
 namespace {
 
@@ -29,6 +30,7 @@ DrawingFile::~DrawingFile() {
 }
 
 void DrawingFile::Read() {
+  ReserveReadingMemory();
   data_->opts = kReadOptions;
   if (isDxf_) {
     // With any later target version the DXF reader recodes strings and then
