@@ -270,3 +270,22 @@ TEST_F(DrawingFileTest, DecimalsOfADxfAreReadExactly) {
         << texts[i];
   }
 }
+
+// Group codes and values are integers with spaces, tabs, signs and zeros before
+// them, and lines end in two ways.
+TEST_F(DrawingFileTest, IntegersOfADxfMayBePadded) {
+  for (const std::string number : {"-3", "     -3", "\t-3", " \t -3", "-0000000003"}) {
+    for (const std::string code : {"62", " 62", "         62", "+62", "\t62", "000000000062"}) {
+      for (const std::string end : {"\n", "\r\n"}) {
+        DrawingFile drawing(Write(
+            "a.dxf", Dxf("AC1015", "A", code + end + number + end + "370" + end + "50" + end)));
+        drawing.Read();
+        ASSERT_FALSE(drawing.HasFailed());
+        const Dwg_Object_LAYER* layer = FirstLayer(drawing);
+        ASSERT_NE(layer, nullptr);
+        EXPECT_EQ(layer->color.index, -3) << code << number;
+        EXPECT_EQ(layer->off, 1);
+      }
+    }
+  }
+}
