@@ -13,8 +13,18 @@ constexpr std::size_t kPieceSize = 0x3F000;
 constexpr std::size_t kLargePieceSize = 0x1F0000;
 static_assert(kPieceSize >= JsonOut::kMaxReserve);
 
+// Many texts are only a name or a number.
+constexpr std::size_t kFirstPieceSize = 0x400;
+
 // From this size on a text grows by large pieces.
 constexpr std::size_t kLargeText = 2 * kLargePieceSize;
+
+std::size_t PieceSizeBehind(std::size_t text) {
+  if (text == 0) {
+    return kFirstPieceSize;
+  }
+  return text < kLargeText ? kPieceSize : kLargePieceSize;
+}
 
 }  // namespace
 
@@ -40,13 +50,13 @@ void JsonOut::SetLast(Bytes bytes) {
 
 // The analyzer loses sight of the piece when it is moved.
 // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
-void JsonOut::AddPiece() {
-  if (last_ != nullptr) {
-    const auto used = static_cast<std::size_t>(end_ - begin_);
+void JsonOut::AddPiece(std::size_t room) {
+  const auto used = static_cast<std::size_t>(end_ - begin_);
+  if (used != 0) {
     full_.push_back({std::move(last_), used});
     sizeBefore_ += used;
   }
-  SetLast(Allocate(sizeBefore_ < kLargeText ? kPieceSize : kLargePieceSize));
+  SetLast(Allocate(std::max(room, PieceSizeBehind(sizeBefore_))));
   end_ = begin_;
 }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
@@ -54,7 +64,7 @@ void JsonOut::AddPiece() {
 void JsonOut::AppendInPieces(std::string_view text) {
   while (!text.empty()) {
     if (Room() == 0) {
-      AddPiece();
+      AddPiece(1);
     }
     const std::size_t count = std::min(Room(), text.size());
     end_ = std::copy_n(text.data(), count, end_);

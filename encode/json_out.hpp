@@ -53,7 +53,7 @@ class JsonOut {
   // takes the end of what was written.
   char* Reserve(std::size_t count) {
     if (count > Room()) {
-      AddPiece();
+      AddPiece(count);
     }
     return end_;
   }
@@ -102,7 +102,7 @@ class JsonOut {
   static Bytes Allocate(std::size_t capacity);
 
   std::size_t Room() const { return static_cast<std::size_t>(limit_ - end_); }
-  void AddPiece();
+  void AddPiece(std::size_t room);
   // Those behind the one that holds the end of a text of this size.
   void DropPieces(std::size_t size);
   void SetLast(Bytes bytes);

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "encode/json_text.hpp"
 #include "fuzz/check.hpp"
 #include "fuzz/fuzz_input.hpp"
 #include "tests/support/html_text.hpp"

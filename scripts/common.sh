@@ -54,3 +54,19 @@ build_preset() {
     cmake --build "build/$preset" ${1:+--target "$@"} >&2
   )
 }
+
+# prepare_python: the interpreter with the Python packages of the tests, kept
+# outside the build folder. CMake and scripts take it from the environment.
+# Needs python3-venv.
+prepare_python() {
+  local venv="${DWG_TEST_VENV:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/venv}"
+  local wanted
+  wanted="$(sha256sum "$root/tests/requirements.txt" | cut -d' ' -f1)"
+  if [ "$(cat "$venv/installed" 2>/dev/null)" != "$wanted" ]; then
+    say "Installing the tests' Python packages"
+    /usr/bin/python3 -m venv "$venv"
+    "$venv/bin/pip" install --quiet --disable-pip-version-check -r "$root/tests/requirements.txt" >&2
+    echo "$wanted" > "$venv/installed"
+  fi
+  export VIRTUAL_ENV="$venv" PATH="$venv/bin:$PATH"
+}

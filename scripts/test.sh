@@ -15,20 +15,6 @@ test_packages=(clang llvm libclang-rt-14-dev clang-format-14 clang-tidy-14 googl
                libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1 libfreetype6
                libglib2.0-0 libx11-6 libbrotli1 libpng16-16)
 
-prepare_python() {
-  local venv="${DWG_TEST_VENV:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/venv}"
-  local wanted
-  wanted="$(sha256sum "$root/tests/requirements.txt" | cut -d' ' -f1)"
-  if [ "$(cat "$venv/installed" 2>/dev/null)" != "$wanted" ]; then
-    say "Installing the tests' Python packages"
-    /usr/bin/python3 -m venv "$venv"
-    "$venv/bin/pip" install --quiet --disable-pip-version-check -r "$root/tests/requirements.txt" >&2
-    echo "$wanted" > "$venv/installed"
-  fi
-  # CMake and the test scripts take the interpreter from here.
-  export VIRTUAL_ENV="$venv" PATH="$venv/bin:$PATH"
-}
-
 our_sources() {
   git -C "$root" ls-files --cached --others --exclude-standard -- '*.cpp' '*.hpp'
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -28,6 +29,17 @@ TEST(JsonOut, CommitTakesWhatWasWritten) {
   at[1] = 'c';
   out.Commit(at + 1);
   EXPECT_EQ(out, "ab");
+}
+
+TEST(JsonOut, RoomNeedNotBeUsed) {
+  JsonOut out;
+  out.Reserve(1);
+  EXPECT_TRUE(out.empty());
+  char* at = out.Reserve(JsonOut::kMaxReserve);
+  out.Commit(std::fill_n(at, JsonOut::kMaxReserve, 'x'));
+  out.Reserve(JsonOut::kMaxReserve);
+  EXPECT_EQ(out.back(), 'x');
+  EXPECT_EQ(out.Text(), std::string(JsonOut::kMaxReserve, 'x'));
 }
 
 TEST(JsonOut, TextLargerThanAnyPieceStaysWhole) {
