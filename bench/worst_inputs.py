@@ -112,6 +112,16 @@ def lines(path, n):
     write(path, entities=lambda dxf, _: [line(dxf, i) for i in range(n)])
 
 
+def lines_without_tables(path, n):
+    with open(path, "w", encoding="ascii") as file:
+        dxf = Dxf(file)
+        dxf.section("ENTITIES")
+        for i in range(n):
+            dxf.put((0, "LINE"), (8, f"L{i % 5}"), (6, "DASHED"), (10, i), (20, 0), (11, i), (21, 1.5))
+        dxf.end_section()
+        dxf.put((0, "EOF"))
+
+
 def inserts(path, n):
     write(path, blocks=[("B", lambda dxf, owner: line(dxf, 0, owner))],
           entities=lambda dxf, _: [insert(dxf, "B", i) for i in range(n)])
@@ -225,6 +235,7 @@ def viewports_and_clip(path, n):
 # Kind to its writer and the size n.
 KINDS = {
     "lines": (lines, 50_000),
+    "no tables, no handles": (lines_without_tables, 50_000),
     "inserts": (inserts, 50_000),
     "nested blocks": (nested_blocks, 10_000),
     "layers": (many_layers, 50_000),

@@ -37,6 +37,7 @@ function(dwg_add_libredwg target)
     list(APPEND patches ${found})
   endforeach()
   set(key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION}")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${patches})
   foreach(file IN LISTS patches ITEMS
           "${PROJECT_SOURCE_DIR}/cmake/checksums/libredwg-sys-${DWG_LIBREDWG_CRATE_VERSION}.sha256"
           "${PROJECT_SOURCE_DIR}/cmake/libredwg/CMakeLists.txt")
