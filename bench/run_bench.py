@@ -71,7 +71,7 @@ def figures(runs):
     seconds = [run.seconds for run in runs]
     return {"min_ms": round(min(seconds) * 1e3, 3),
             "median_ms": round(statistics.median(seconds) * 1e3, 3),
-            "user_ms": round(min(run.user_seconds for run in runs) * 1e3, 3)}
+            "user_ms": round(statistics.mean(run.user_seconds for run in runs) * 1e3, 3)}
 
 
 def peak_kb(options, *command):
