@@ -98,7 +98,7 @@ constexpr std::array<Scale, kScaleCount> MakeScales() {
 constexpr auto kScales = MakeScales();
 
 constexpr bool ScalesFit() {
-  double limit = 1.0 / (std::uint64_t{1} << 55U);
+  double limit = 0x1p-55;  // where the numbers of the first scale end
   for (const Scale& scale : kScales) {
     if (scale.powers[0] == 0 || (scale.nextPower < limit && scale.powers[1] == 0)) {
       return false;

@@ -277,8 +277,12 @@ TEST_F(DrawingFileTest, IntegersOfADxfMayBePadded) {
   for (const std::string number : {"-3", "     -3", "\t-3", " \t -3", "-0000000003"}) {
     for (const std::string code : {"62", " 62", "         62", "+62", "\t62", "000000000062"}) {
       for (const std::string end : {"\n", "\r\n"}) {
-        DrawingFile drawing(Write(
-            "a.dxf", Dxf("AC1015", "A", code + end + number + end + "370" + end + "50" + end)));
+        std::string color;
+        for (const std::string& line : {code, number, std::string("370"), std::string("50")}) {
+          color += line;
+          color += end;
+        }
+        DrawingFile drawing(Write("a.dxf", Dxf("AC1015", "A", color)));
         drawing.Read();
         ASSERT_FALSE(drawing.HasFailed());
         const Dwg_Object_LAYER* layer = FirstLayer(drawing);
