@@ -39,16 +39,16 @@ constexpr int DecimalExponent(int exponent) {
   return (exponent * 1233) >> 12;
 }
 
+constexpr int kExponentBias = 1023;
+
+constexpr double PowerOfTwo(int exponent) {
+  return std::bit_cast<double>(static_cast<std::uint64_t>(kExponentBias + exponent) << 52U);
+}
+
 constexpr bool DecimalExponentsFit() {
-  double power = 1;
-  for (int i = 0; i <= kMaxBinaryExponent; ++i, power *= 2) {
-    if (power < PowerOfTen(DecimalExponent(i)) || power >= PowerOfTen(DecimalExponent(i) + 1)) {
-      return false;
-    }
-  }
-  power = 0.5;
-  for (int i = -1; i >= kMinBinaryExponent; --i, power /= 2) {
-    if (power < PowerOfTen(DecimalExponent(i)) || power >= PowerOfTen(DecimalExponent(i) + 1)) {
+  for (int i = kMinBinaryExponent; i <= kMaxBinaryExponent; ++i) {
+    const int exponent = DecimalExponent(i);
+    if (PowerOfTwo(i) < PowerOfTen(exponent) || PowerOfTwo(i) >= PowerOfTen(exponent + 1)) {
       return false;
     }
   }
@@ -77,7 +77,7 @@ constexpr std::uint64_t ScalingPower(int n, int binary) {
     power *= 5;
   }
   const int shift = static_cast<int>(kFractionBits) + 1 + binary + n;
-  return shift >= 0 && shift <= std::countl_zero(power) ? power << shift : 0;
+  return n >= 0 && shift >= 0 && shift <= std::countl_zero(power) ? power << shift : 0;
 }
 
 constexpr std::size_t kScaleCount = kMaxBinaryExponent - kMinBinaryExponent + 1;
@@ -98,14 +98,14 @@ constexpr std::array<Scale, kScaleCount> MakeScales() {
 constexpr auto kScales = MakeScales();
 
 constexpr bool ScalesFit() {
-  double limit = 0x1p-55;  // where the numbers of the first scale end
-  for (const Scale& scale : kScales) {
-    if (scale.powers[0] == 0 || (scale.nextPower < limit && scale.powers[1] == 0)) {
+  for (std::size_t n = 0; n < kScaleCount; ++n) {
+    const Scale& scale = kScales[n];
+    const double end = PowerOfTwo(kMinBinaryExponent + static_cast<int>(n) + 1);
+    if (scale.powers[0] == 0 || (scale.nextPower < end && scale.powers[1] == 0)) {
       return false;
     }
-    limit *= 2;
   }
-  return kMinBinaryExponent == -56;
+  return true;
 }
 static_assert(ScalesFit());
 
@@ -274,7 +274,7 @@ char* WriteRare(char* at, double value) {
 char* WriteNumber(char* at, double value) {
   const auto bits = std::bit_cast<std::uint64_t>(value) & ~kSignBit;
   // Below the least exponent it wraps to a large one.
-  const std::uint64_t exponent = (bits >> 52U) - (1023 + kMinBinaryExponent);
+  const std::uint64_t exponent = (bits >> 52U) - (kExponentBias + kMinBinaryExponent);
   if (exponent >= kScaleCount || !kIsLittleEndian) {
     return WriteRare(at, value);
   }

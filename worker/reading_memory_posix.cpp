@@ -16,16 +16,11 @@ constexpr std::size_t kMebibyte = std::size_t{1} << 20U;
 constexpr std::size_t kSegmentSize = 32 * kMebibyte;
 constexpr std::size_t kReserved = 2 * kSegmentSize;
 
-// Pages of 2 MiB cost a tenth of the time that as much memory takes in pages of
+// Pages of 2 MiB cost a fifth of the time that as much memory takes in pages of
 // 4 KiB, but the allocator leaves gaps, and most drawings would have twice the
 // memory resident that they need. So a small drawing gets small pages, and what
 // a larger one needs beyond them comes in large ones.
 constexpr std::size_t kSmallPages = 8 * kMebibyte;
-
-void* Map(std::size_t size) {
-  return mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE,
-              -1, 0);
-}
 
 void Unmap(char* begin, const char* end) {
   if (begin != end) {
@@ -36,7 +31,8 @@ void Unmap(char* begin, const char* end) {
 // Null when the system refuses.
 char* MapSegments() {
   constexpr std::size_t kMapped = kReserved + kSegmentSize;
-  void* mapped = Map(kMapped);
+  void* mapped = mmap(nullptr, kMapped, PROT_READ | PROT_WRITE,
+                      MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (mapped == MAP_FAILED) {
     return nullptr;
   }
