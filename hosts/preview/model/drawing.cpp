@@ -1,0 +1,100 @@
+#include "model/drawing.hpp"
+
+#include <algorithm>
+
+#include "model/record.hpp"
+
+namespace preview {
+namespace {
+
+std::optional<int> LineweightOf(const QJsonValue& value) {
+  return value.isDouble() ? std::optional<int>(value.toInt()) : std::nullopt;
+}
+
+Layer ReadLayer(const QJsonObject& record) {
+  const QJsonObject color = record["color"].toObject();
+  return {.name = record["name"].toString(),
+          .visible = record["visible"].toBool(true),
+          .locked = record["locked"].toBool(false),
+          .color = qRgb(color["r"].toInt(), color["g"].toInt(), color["b"].toInt()),
+          .alpha = record["alpha"].toInt(255),
+          .lineweight = LineweightOf(record["lw"])};
+}
+
+std::optional<PageSetup> ReadPage(const QJsonObject& record) {
+  if (!record.contains("paperW")) {
+    return std::nullopt;
+  }
+  return PageSetup{.paper = {record["paperW"].toDouble(), record["paperH"].toDouble()},
+                   .left = record["marginL"].toDouble(),
+                   .bottom = record["marginB"].toDouble(),
+                   .right = record["marginR"].toDouble(),
+                   .top = record["marginT"].toDouble(),
+                   .plotOrigin = PointOf(record, "plotOriginX", "plotOriginY"),
+                   .unit = record["paperUnit"].toInt(1),
+                   .rotation = record["rotation"].toInt(),
+                   .scaleNumerator = record["scaleNum"].toDouble(1),
+                   .scaleDenominator = record["scaleDen"].toDouble(1)};
+}
+
+Layout ReadLayout(const QJsonObject& record) {
+  return {.name = record["name"].toString(),
+          .tabOrder = record["tabOrder"].toInt(),
+          .page = ReadPage(record),
+          .entities = record["entities"].toArray()};
+}
+
+QHash<QString, Block> ReadBlocks(const QJsonArray& assets) {
+  QHash<QString, Block> blocks;
+  for (const auto& asset : assets) {
+    const QJsonObject record = asset.toObject();
+    blocks.insert(record["name"].toString(),
+                  {PointOf(record, "baseX", "baseY"), record["entities"].toArray()});
+  }
+  return blocks;
+}
+
+QStringList ReadTexts(const QJsonArray& texts) {
+  QStringList all;
+  for (const auto& text : texts) {
+    all.append(text.toString());
+  }
+  return all;
+}
+
+Drawing ReadSections(const QJsonObject& document) {
+  Drawing drawing{.release = document["dwgVersion"].toString(),
+                  .units = document["insunits"].toInt(),
+                  .layers = {},
+                  .blocks = ReadBlocks(document["assets"].toArray()),
+                  .entities = document["entities"].toArray(),
+                  .layouts = {},
+                  .warnings = ReadTexts(document["warnings"].toArray())};
+  for (const auto& layer : document["layers"].toArray()) {
+    drawing.layers.push_back(ReadLayer(layer.toObject()));
+  }
+  for (const auto& layout : document["layouts"].toArray()) {
+    drawing.layouts.push_back(ReadLayout(layout.toObject()));
+  }
+  std::stable_sort(drawing.layouts.begin(), drawing.layouts.end(),
+                   [](const Layout& a, const Layout& b) { return a.tabOrder < b.tabOrder; });
+  return drawing;
+}
+
+}  // namespace
+
+std::optional<Drawing> ReadDocument(const QByteArray& line, QString& problem) {
+  QJsonParseError error;
+  const QJsonDocument json = ParseLine(line, &error);
+  if (json.isNull()) {
+    problem = QString("The worker's answer is no JSON (%1).").arg(error.errorString());
+    return std::nullopt;
+  }
+  if (!json["entities"].isArray() || !json["layers"].isArray()) {
+    problem = "The worker's answer is no document.";
+    return std::nullopt;
+  }
+  return ReadSections(json.object());
+}
+
+}  // namespace preview

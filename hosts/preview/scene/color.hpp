@@ -1,0 +1,53 @@
+// Colours and lineweights of records, resolved through layers and references.
+#pragma once
+
+#include <QHash>
+#include <QJsonObject>
+#include <QJsonValue>
+
+#include <optional>
+#include <vector>
+
+#include "model/drawing.hpp"
+#include "scene/scene.hpp"
+
+namespace preview {
+
+// Layers by name. Layer names are compared as they are.
+class LayerTable {
+ public:
+  explicit LayerTable(const std::vector<Layer>& layers);
+
+  // -1 when there is no such layer.
+  int IndexOf(const QString& name) const;
+  // The foreground for a layer that is black, which is how documents write the
+  // layer colour that is white on dark backgrounds, for one that is white, which
+  // drawings made on dark screens have, and for an unknown layer.
+  Ink InkOf(int layer) const;
+  int LineweightOf(int layer) const;
+
+ private:
+  const std::vector<Layer>& layers_;
+  QHash<QString, int> byName_;
+};
+
+// What a record takes from the reference that it is part of. In model space and
+// on sheets: no layer, the foreground.
+struct Inherited {
+  int layer = -1;
+  bool insideBlock = false;
+  Ink byBlock;
+};
+
+// A record's own layer; that of the reference for a part on layer "0".
+int EffectiveLayer(const QJsonObject& record, const Inherited& from, const LayerTable& layers);
+
+// `color` as the keys of records and dimension styles have it: "L" takes the
+// layer's colour, "K" the reference's, "W" the foreground.
+Ink ResolveColor(const QJsonValue& color, int layer, const Inherited& from,
+                 const LayerTable& layers);
+
+// An explicit lineweight, or the layer's for "L".
+int ResolveLineweight(const QJsonValue& lineweight, int layer, const LayerTable& layers);
+
+}  // namespace preview

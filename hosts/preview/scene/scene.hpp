@@ -1,0 +1,118 @@
+// What is painted: every record of the document as items with a shape, a place
+// and a look, blocks expanded, colours resolved.
+//
+// Coordinates are the sheet's own (drawing units, Y up). Shapes of block
+// contents are shared by all instances. A scene is built once and read-only
+// then, but Qt's paths fill caches when they are painted: paint a scene from
+// one thread at a time.
+#pragma once
+
+#include <QtGui/qrgb.h>
+#include <QImage>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+#include <QTransform>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "model/drawing.hpp"
+#include "scene/units.hpp"
+
+namespace preview {
+
+// A colour that may still depend on the background: the foreground is black on
+// light and white on dark backgrounds.
+struct Ink {
+  bool foreground = true;
+  QRgb rgba = qRgba(0, 0, 0, 255);
+
+  friend bool operator==(const Ink&, const Ink&) = default;
+};
+
+enum class Fill {
+  kNone,     // the outline is drawn
+  kSolid,    // the area is filled, even-odd
+  kPattern,  // the area is tinted: documents do not hold the pattern
+  kPaper     // the area hides what lies under it
+};
+
+struct Part {
+  QPainterPath path;
+  Fill fill = Fill::kNone;
+  // Of its own instead of the item's.
+  std::optional<Ink> ink;
+};
+
+struct Shape {
+  std::vector<Part> parts;
+  // The only part again when it is an open or closed run of straight segments.
+  QPolygonF polyline;
+  // Text may be drawn as a bar when it is too small to read.
+  bool isText = false;
+  // Its size depends on the fonts at hand: text, and what has text in it.
+  bool hasText = false;
+  // Mapped so that its unit square, Y up, is the picture's frame.
+  QImage image;
+  QTransform imagePlace;
+};
+using ShapePtr = std::shared_ptr<const Shape>;
+
+struct Item {
+  ShapePtr shape;
+  QTransform place;
+  QRectF bounds;
+  Ink ink;
+  // Hundredths of a millimetre.
+  int lineweight = kDefaultLineweight;
+  // Index into the scene's layers; -1 for a layer that the document lacks.
+  int layer = -1;
+  // Index into the scene's owner sets: the layers of the references around it.
+  int owners = 0;
+};
+
+// A viewport on a sheet.
+struct ViewportView {
+  // The visible area, in the sheet's coordinates.
+  QPainterPath clip;
+  QTransform modelToSheet;
+  // For every layer of the scene, whether it is frozen here.
+  std::vector<bool> frozen;
+  int layer = -1;
+};
+
+struct Sheet {
+  QString name;
+  bool isModel = false;
+  std::vector<Item> items;
+  std::vector<ViewportView> viewports;
+  // Everything on layers that are on.
+  QRectF extents;
+  // Likewise without what depends on fonts.
+  QRectF geometryExtents;
+  // The paper's edge and the printable area, in the sheet's coordinates.
+  std::optional<QRectF> paper;
+  QRectF printable;
+  // Of one unit of the sheet on paper; 0 in model space.
+  double millimetresPerUnit = 0;
+};
+
+struct Scene {
+  std::vector<Layer> layers;
+  // Model space first, then the sheets in the order of their tabs.
+  std::vector<Sheet> sheets;
+  // The first is empty.
+  std::vector<std::vector<int>> ownerSets;
+  // The document's warnings and what could not be drawn.
+  QStringList notes;
+};
+
+// The sheet of that name, "Model" for model space; -1 when there is none.
+int FindSheet(const Scene& scene, const QString& name);
+
+}  // namespace preview

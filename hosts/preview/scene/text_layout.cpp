@@ -1,0 +1,474 @@
+#include "scene/text_layout.hpp"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QHash>
+#include <QRawFont>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+#include "model/record.hpp"
+#include "scene/units.hpp"
+#include "scene/vectors.hpp"
+
+namespace preview {
+namespace {
+
+// Capital letters have this height while a document is laid out, so that
+// hinting and rounding to pixels cannot be seen.
+constexpr double kCapPixels = 100;
+// Between baselines, as a multiple of the line's height.
+constexpr double kLineAdvance = 5.0 / 3.0;
+// Beyond this a text is no text; its outlines would only cost memory.
+constexpr int kMostCharacters = 100000;
+
+// Of the screen. Layouts are made for this resolution, since Qt would scale
+// some of their lengths for any other.
+double DotsPerInch() {
+  static const double dots = [] {
+    QFont font;
+    font.setPointSizeF(720);
+    return QFontInfo(font).pixelSize() / 10.0;
+  }();
+  return dots;
+}
+
+// Sizes go through points, which may be fractional; pixels may not.
+double PointsOfPixels(double pixels) {
+  return pixels * 72 / DotsPerInch();
+}
+double PixelsOfPoints(double points) {
+  return points * DotsPerInch() / 72;
+}
+
+const QImage& LayoutDevice() {
+  static const QImage device = [] {
+    QImage image(1, 1, QImage::Format_ARGB32);
+    const int dotsPerMeter = static_cast<int>(std::lround(DotsPerInch() / 0.0254));
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
+    return image;
+  }();
+  return device;
+}
+
+QFont FontOf(const QString& family, double points) {
+  QFont font(family.isEmpty() ? QStringLiteral("Arial") : family);
+  font.setPointSizeF(std::max(1.0, points));
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setStyleStrategy(QFont::PreferOutline);
+  return font;
+}
+
+// Height of capitals over the font's size.
+double CapRatio(const QString& family) {
+  thread_local QHash<QString, double> known;
+  auto found = known.find(family);
+  if (found == known.end()) {
+    const QFontMetricsF metrics(FontOf(family, 1000), &LayoutDevice());
+    const double cap = metrics.capHeight() / PixelsOfPoints(1000);
+    found = known.insert(family, cap > 0.2 && cap < 1.2 ? cap : 0.7);
+  }
+  return found.value();
+}
+
+double PointsFor(const QString& family, double factor) {
+  return PointsOfPixels(kCapPixels * factor / CapRatio(family));
+}
+
+QString FamilyOf(const QTextCharFormat& format, const QString& otherwise) {
+  const QStringList families = format.fontFamilies().toStringList();
+  return families.isEmpty() || families.first().isEmpty() ? otherwise : families.first();
+}
+
+// Qt drops empty paragraphs unless they are marked as its own; kept, they count
+// in positions and paragraph numbers as the worker counts them.
+QString WithEmptyParagraphs(QString html) {
+  return html.replace(QLatin1String("<p></p>"),
+                      QLatin1String("<p style=\"-qt-paragraph-type:empty;\"><br /></p>"));
+}
+
+// While the HTML is read, a size of this many points is the text's own height:
+// Qt's parser of style sheets rounds sizes to whole points, and drawings hold
+// sizes of a hundredth of one.
+constexpr double kOwnSizePoints = 1000;
+
+// Sizes in the fragment are drawing units / 25.4. Beyond the bounds a size
+// would draw nothing but exhaust the memory.
+QString WithRelativeSizes(const QString& html, double height) {
+  static const QRegularExpression size("font-size:([0-9.]+)pt");
+  QString out;
+  qsizetype from = 0;
+  for (const QRegularExpressionMatch& match : size.globalMatch(html)) {
+    const double factor =
+        std::clamp(match.captured(1).toDouble() * kMillimetresPerInch / height, 0.02, 50.0);
+    out += html.mid(from, match.capturedStart() - from) +
+           QString("font-size:%1pt").arg(std::lround(factor * kOwnSizePoints));
+    from = match.capturedEnd();
+  }
+  return out + html.mid(from);
+}
+
+class Composer {
+ public:
+  explicit Composer(const TextSource& source) : source_(source) {}
+
+  TextLayout Compose() {
+    Fill();
+    ScaleFonts();
+    ApplyRuns();
+    ApplyBlocks();
+    SetWidth();
+    return Outline();
+  }
+
+ private:
+  double Unit() const { return source_.height / kCapPixels; }
+
+  void Fill() {
+    document_.documentLayout()->setPaintDevice(const_cast<QImage*>(&LayoutDevice()));
+    document_.setUndoRedoEnabled(false);
+    document_.setDocumentMargin(0);
+    document_.setDefaultFont(FontOf(source_.family, PointsFor(source_.family, 1)));
+    // CAD text that is wider than its frame runs over it; words are not broken.
+    QTextOption option = document_.defaultTextOption();
+    option.setWrapMode(QTextOption::WordWrap);
+    document_.setDefaultTextOption(option);
+    document_.setDefaultStyleSheet("p { margin: 0; white-space: pre-wrap; }");
+    document_.setHtml(
+        WithRelativeSizes(WithEmptyParagraphs(source_.html.left(kMostCharacters)), source_.height));
+  }
+
+  void ScaleFonts() {
+    struct Piece {
+      int start = 0;
+      int length = 0;
+      double points = 0;
+    };
+    std::vector<Piece> pieces;
+    for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+      for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        pieces.push_back({fragment.position(), fragment.length(), PointsOf(fragment.charFormat())});
+      }
+    }
+    for (const Piece& piece : pieces) {
+      QTextCharFormat format;
+      format.setFontPointSize(piece.points);
+      Merge(piece.start, piece.length, format);
+    }
+  }
+
+  double PointsOf(const QTextCharFormat& format) const {
+    const double factor = format.hasProperty(QTextFormat::FontPointSize)
+                              ? format.fontPointSize() / kOwnSizePoints
+                              : 1;
+    return PointsFor(FamilyOf(format, source_.family), factor);
+  }
+
+  void Merge(int start, int length, const QTextCharFormat& format) {
+    const int end = document_.characterCount() - 1;
+    QTextCursor cursor(&document_);
+    cursor.setPosition(std::clamp(start, 0, end));
+    cursor.setPosition(std::clamp(start + length, 0, end), QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(format);
+  }
+
+  // Of two runs of a kind over the same characters the later start is meant.
+  void ApplyRuns() {
+    std::vector<QJsonObject> runs;
+    for (const auto& run : source_.runs) {
+      runs.push_back(run.toObject());
+    }
+    std::stable_sort(runs.begin(), runs.end(), [](const QJsonObject& a, const QJsonObject& b) {
+      return a["start"].toInt() < b["start"].toInt();
+    });
+    for (const QJsonObject& run : runs) {
+      Merge(run["start"].toInt(), run["length"].toInt(), FormatOfRun(run));
+    }
+  }
+
+  static QTextCharFormat FormatOfRun(const QJsonObject& run) {
+    QTextCharFormat format;
+    if (run.contains("stretch")) {
+      format.setFontStretch(run["stretch"].toInt());
+    }
+    if (run.contains("tracking")) {
+      format.setFontLetterSpacingType(QFont::PercentageSpacing);
+      format.setFontLetterSpacing(run["tracking"].toInt());
+    }
+    if (run["fixedPitch"].toBool()) {
+      format.setFontFixedPitch(true);
+    }
+    return format;
+  }
+
+  void ApplyBlocks() {
+    for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+      QTextBlockFormat format;
+      format.setAlignment(source_.alignment);
+      QTextCursor(block).mergeBlockFormat(format);
+    }
+    for (const auto& value : source_.blocks) {
+      const QJsonObject record = value.toObject();
+      const QTextBlock block = document_.findBlockByNumber(record["index"].toInt());
+      if (block.isValid()) {
+        QTextCursor(block).mergeBlockFormat(FormatOfBlock(record));
+      }
+    }
+  }
+
+  QTextBlockFormat FormatOfBlock(const QJsonObject& record) const {
+    QTextBlockFormat format;
+    if (record.contains("alignment")) {
+      format.setAlignment(AlignmentOf(record["alignment"].toString()));
+    }
+    if (record.contains("textIndent")) {
+      format.setTextIndent(record["textIndent"].toDouble() / Unit());
+    }
+    if (record.contains("leftMargin")) {
+      format.setLeftMargin(record["leftMargin"].toDouble() / Unit());
+    }
+    if (record.contains("rightMargin")) {
+      format.setRightMargin(record["rightMargin"].toDouble() / Unit());
+    }
+    if (record.contains("tabStops")) {
+      format.setTabPositions(TabsOf(record["tabStops"].toArray()));
+    }
+    return format;
+  }
+
+  QList<QTextOption::Tab> TabsOf(const QJsonArray& stops) const {
+    QList<QTextOption::Tab> tabs;
+    for (const auto& stop : stops) {
+      tabs.append({stop.toDouble() / Unit(), QTextOption::LeftTab});
+    }
+    return tabs;
+  }
+
+  Qt::Alignment AlignmentOf(const QString& code) const {
+    if (code == QLatin1String("l")) {
+      return Qt::AlignLeft;
+    }
+    if (code == QLatin1String("r")) {
+      return Qt::AlignRight;
+    }
+    if (code == QLatin1String("c")) {
+      return Qt::AlignHCenter;
+    }
+    const bool justified = code == QLatin1String("j") || code == QLatin1String("d");
+    return justified ? Qt::AlignJustify : source_.alignment;
+  }
+
+  // Alignment needs a width, so text that does not wrap gets its own.
+  void SetWidth() {
+    document_.setTextWidth(source_.width > 0 ? source_.width / Unit() : -1);
+    if (source_.width <= 0) {
+      document_.setTextWidth(std::ceil(document_.idealWidth()) + 1);
+    }
+  }
+
+  TextLayout Outline() {
+    TextLayout layout;
+    layout.width = source_.width > 0 ? source_.width : document_.idealWidth() * Unit();
+    double baseline = 0;
+    bool first = true;
+    for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+      const QRectF area = document_.documentLayout()->blockBoundingRect(block);
+      for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        const QTextLine line = block.layout()->lineAt(i);
+        const double cap = CapOf(block, line);
+        (first ? layout.ascent : baseline) += first ? cap * Unit() : cap * kLineAdvance;
+        first = false;
+        AddLine(layout, block, line, area.left(), baseline);
+      }
+    }
+    layout.descent = QFontMetricsF(document_.defaultFont(), &LayoutDevice()).descent() * Unit();
+    layout.height = layout.ascent + baseline * Unit();
+    return layout;
+  }
+
+  // The height of the line's largest capitals, in pixels.
+  double CapOf(const QTextBlock& block, const QTextLine& line) const {
+    double cap = 0;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      const int start = fragment.position() - block.position();
+      if (start < line.textStart() + line.textLength() &&
+          start + fragment.length() > line.textStart()) {
+        const QTextCharFormat format = fragment.charFormat();
+        cap = std::max(cap, PixelsOfPoints(format.fontPointSize()) *
+                                CapRatio(FamilyOf(format, source_.family)));
+      }
+    }
+    return cap > 0 ? cap : kCapPixels;
+  }
+
+  // Glyphs of the line with Qt's line positions replaced by our baseline.
+  void AddLine(TextLayout& layout, const QTextBlock& block, const QTextLine& line, double left,
+               double baseline) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      const int start = std::max(fragment.position() - block.position(), line.textStart());
+      const int end = std::min(fragment.position() - block.position() + fragment.length(),
+                               line.textStart() + line.textLength());
+      if (start < end) {
+        const QTransform place(Unit(), 0, 0, -Unit(), left * Unit(),
+                               (line.y() + line.ascent() - baseline) * Unit());
+        AddRuns(layout, line.glyphRuns(start, end - start), fragment.charFormat(), place);
+      }
+    }
+  }
+
+  static void AddRuns(TextLayout& layout, const QList<QGlyphRun>& runs,
+                      const QTextCharFormat& format, const QTransform& place) {
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    for (const QGlyphRun& run : runs) {
+      AddGlyphs(outline, run);
+    }
+    if (!outline.isEmpty()) {
+      layout.parts.push_back({place.map(outline), Fill::kSolid, InkOf(format)});
+    }
+  }
+
+  static void AddGlyphs(QPainterPath& outline, const QGlyphRun& run) {
+    const QRawFont font = run.rawFont();
+    const auto glyphs = run.glyphIndexes();
+    const auto positions = run.positions();
+    for (qsizetype i = 0; i < glyphs.size(); ++i) {
+      outline.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+    }
+    if (!positions.isEmpty()) {
+      AddRules(outline, run, font);
+    }
+  }
+
+  // Lines under, over and through the text.
+  static void AddRules(QPainterPath& outline, const QGlyphRun& run, const QRawFont& font) {
+    const double left = run.boundingRect().left();
+    const double width = run.boundingRect().width();
+    const double y = run.positions().constFirst().y();
+    const double thickness = std::max(font.lineThickness(), 1.0);
+    const auto rule = [&](double at) { outline.addRect(left, y + at, width, thickness); };
+    if (run.underline()) {
+      rule(font.underlinePosition());
+    }
+    if (run.overline()) {
+      rule(-font.ascent());
+    }
+    if (run.strikeOut()) {
+      rule(-font.xHeight() / 2);
+    }
+  }
+
+  // White is what the fragment has for the colour that is white on dark.
+  static std::optional<Ink> InkOf(const QTextCharFormat& format) {
+    if (!format.hasProperty(QTextFormat::ForegroundBrush)) {
+      return std::nullopt;
+    }
+    const QRgb color = format.foreground().color().rgb();
+    return Ink{.foreground = (color & 0xFFFFFFU) == 0xFFFFFFU, .rgba = color};
+  }
+
+  const TextSource& source_;
+  QTextDocument document_;
+};
+
+double HorizontalShare(int halign) {
+  switch (halign) {
+    case 1:
+    case 4: return 0.5;
+    case 2: return 1;
+    default: return 0;
+  }
+}
+
+double VerticalShift(const TextLayout& layout, int halign, int valign) {
+  if (halign == 4 || valign == 2) {
+    return -layout.ascent / 2;
+  }
+  if (valign == 3) {
+    return -layout.ascent;
+  }
+  return valign == 1 ? layout.descent : 0;
+}
+
+// Between two points: the text's direction and length are theirs.
+QTransform PlaceBetween(const TextLayout& layout, QPointF from, QPointF to, bool keepHeight) {
+  const QPointF along = to - from;
+  const double length = Length(along);
+  const double factor = layout.width > 0 && length > 0 ? length / layout.width : 1;
+  QTransform place;
+  place.translate(from.x(), from.y());
+  place.rotateRadians(std::atan2(along.y(), along.x()));
+  place.scale(factor, keepHeight ? 1 : factor);
+  return place;
+}
+
+QTransform PlaceAt(const QJsonObject& record, QPointF at, QPointF shift) {
+  QTransform place;
+  place.translate(at.x(), at.y());
+  place.rotateRadians(record["rotationRad"].toDouble());
+  place.translate(shift.x(), shift.y());
+  return place;
+}
+
+}  // namespace
+
+TextLayout LayOutText(const TextSource& source) {
+  return source.height > 0 && std::isfinite(source.height) ? Composer(source).Compose()
+                                                           : TextLayout{};
+}
+
+QString HtmlOfPlainText(const QString& text) {
+  return "<p>" + text.toHtmlEscaped().replace('\n', "</p><p>") + "</p>";
+}
+
+QTransform PlaceSingleLine(const TextLayout& layout, const QJsonObject& record) {
+  const QPointF start = PointOf(record, "x", "y");
+  const int halign = record["halign"].toInt();
+  if (!record.contains("halign")) {
+    return PlaceAt(record, start, {});
+  }
+  const QPointF point = PointOf(record, "ax", "ay");
+  if (halign == 3 || halign == 5) {
+    return PlaceBetween(layout, start, point, halign == 5);
+  }
+  return PlaceAt(record, point,
+                 {-layout.width * HorizontalShare(halign),
+                  VerticalShift(layout, halign, record["valign"].toInt())});
+}
+
+QTransform PlaceMultiLine(const TextLayout& layout, const QJsonObject& record) {
+  const int attachment = std::clamp(record["attachment"].toInt(1), 1, 9) - 1;
+  const int column = attachment % 3;
+  const int row = attachment / 3;
+  const double left = -layout.width * column / 2;
+  const double top = layout.height * row / 2 - layout.ascent;
+  return PlaceAt(record, PointOf(record, "x", "y"), {left, top});
+}
+
+void AppendPlaced(std::vector<Part>& parts, const TextLayout& layout, const QTransform& place) {
+  for (const Part& part : layout.parts) {
+    parts.push_back({place.map(part.path), part.fill, part.ink});
+  }
+}
+
+Qt::Alignment AlignmentOfAttachment(int attachment) {
+  switch (attachment % 3) {
+    case 2: return Qt::AlignHCenter;
+    case 0: return attachment == 0 ? Qt::AlignLeft : Qt::AlignRight;
+    default: return Qt::AlignLeft;
+  }
+}
+
+}  // namespace preview

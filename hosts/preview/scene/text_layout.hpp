@@ -1,0 +1,63 @@
+// Texts as outlines: the fragments' HTML through QTextDocument, with what HTML
+// cannot carry applied on top.
+//
+// Results are in drawing units with Y up, unrotated; heights are heights of
+// capital letters. Colours of the text's own are in its parts. May be used from
+// any thread.
+#pragma once
+
+#include <QJsonArray>
+#include <QString>
+
+#include <vector>
+
+#include "scene/scene.hpp"
+
+namespace preview {
+
+struct TextSource {
+  QString html;
+  QString family = {};
+  double height = 0;
+  // Of the frame; 0 for text that does not wrap.
+  double width = 0;
+  // As the keys of MTEXT records.
+  QJsonArray runs = {};
+  QJsonArray blocks = {};
+  // For paragraphs without an alignment of their own.
+  Qt::Alignment alignment = Qt::AlignLeft;
+};
+
+struct TextLayout {
+  // The origin is the left end of the first baseline.
+  std::vector<Part> parts;
+  // Of the frame, or of the longest line when the text does not wrap.
+  double width = 0;
+  // From the top of the first line's capitals to the last baseline.
+  double height = 0;
+  // Of the first line's capitals.
+  double ascent = 0;
+  double descent = 0;
+};
+
+// Nothing for a text without height.
+TextLayout LayOutText(const TextSource& source);
+
+// A plain text as a fragment of one paragraph a line.
+QString HtmlOfPlainText(const QString& text);
+
+// Moves and stretches a single-line text as its record says: alignment codes,
+// alignment point, rotation.
+QTransform PlaceSingleLine(const TextLayout& layout, const QJsonObject& record);
+
+// Moves a multi-line text so that its attachment point (1 to 9, by rows from
+// the top left) lies at the record's position, and rotates it.
+QTransform PlaceMultiLine(const TextLayout& layout, const QJsonObject& record);
+
+// Appends the text's parts where a placement puts them.
+void AppendPlaced(std::vector<Part>& parts, const TextLayout& layout, const QTransform& place);
+
+// The alignment that an attachment point means.
+Qt::Alignment AlignmentOfAttachment(int attachment);
+
+}  // namespace preview

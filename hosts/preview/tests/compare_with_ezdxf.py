@@ -1,0 +1,395 @@
+#!/usr/bin/env python3
+"""Compares dwg_preview's pictures with those of an independent program.
+
+    compare_with_ezdxf.py --preview PATH --worker PATH [--keep FOLDER] [NAME...]
+
+For every drawing of drawings.json, the add-on of ezdxf that draws DXF files and
+dwg_preview make a picture of the same area, in black and with thin lines. The
+extents must agree within one per cent and the pictures be similar. Pictures
+that were damaged on purpose must not be.
+
+What documents leave out on purpose is taken from ezdxf's drawing first, see
+differences.md beside this file.
+
+Drawings outside of the repository are looked for in DWG_CORPUS and skipped
+without it. Exits with 77 where a Python package is missing, unless CI is set.
+"""
+
+import argparse
+import json
+import math
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+try:
+    import numpy
+    from ezdxf import recover
+    from ezdxf.addons.drawing import Frontend, RenderContext
+    from ezdxf.addons.drawing.config import (BackgroundPolicy, ColorPolicy, Configuration,
+                                             HatchPolicy, LinePolicy, LineweightPolicy,
+                                             TextPolicy)
+    from ezdxf.addons.drawing.recorder import (FilledPathsRecord, ImageRecord, PathRecord,
+                                               PointsRecord, Recorder, SolidLinesRecord)
+    from PIL import Image, ImageChops, ImageDraw
+except ImportError as error:
+    print(f"a package is missing: {error}")
+    sys.exit(1 if os.environ.get("CI") else 77)
+
+HERE = pathlib.Path(__file__).resolve().parent
+COMMITTED = HERE.parents[2] / "tests" / "drawings"
+
+WIDTH = 800
+# How far, in pixels, ink may lie from ink to count as the same.
+REACH = 3
+# The least share of ink that has its like in the other picture, both ways.
+SIMILAR = 0.90
+EXTENTS = 0.01
+
+# What documents hold records of; see differences.md for the others.
+RECORDS = {"LINE", "POINT", "RAY", "XLINE", "CIRCLE", "ARC", "ELLIPSE", "LWPOLYLINE", "POLYLINE",
+           "SPLINE", "HATCH", "SOLID", "TRACE", "WIPEOUT", "INSERT", "IMAGE", "TEXT", "ATTRIB",
+           "ATTDEF", "MTEXT", "DIMENSION", "LEADER", "MULTILEADER", "MLEADER"}
+WITH_TEXT = {"TEXT", "ATTRIB", "ATTDEF", "MTEXT", "DIMENSION", "MULTILEADER", "MLEADER"}
+INFINITE = {"RAY", "XLINE"}
+# Linear, aligned and radius.
+DIMENSIONS = {0, 1, 4}
+
+
+def is_record(entity):
+    """Whether a document has a record of the entity."""
+    kind = entity.dxftype()
+    if kind == "DIMENSION":
+        return entity.dimtype in DIMENSIONS
+    if kind == "POLYLINE":
+        return entity.is_2d_polyline or entity.is_3d_polyline
+    return kind in RECORDS and kind != "TRACE"
+
+
+def simplify(entity):
+    """Takes away what documents leave out on purpose."""
+    dxf = entity.dxf
+    for name, value in (("extrusion", (0, 0, 1)), ("invisible", 0), ("width", 1), ("oblique", 0),
+                        ("text_generation_flag", 0), ("const_width", 0), ("row_count", 1),
+                        ("column_count", 1), ("default_start_width", 0),
+                        ("default_end_width", 0), ("thickness", 0)):
+        if name == "width" and entity.dxftype() not in ("TEXT", "ATTRIB", "ATTDEF"):
+            continue
+        if dxf.is_supported(name) and dxf.hasattr(name):
+            dxf.set(name, value)
+    if entity.dxftype() == "LWPOLYLINE":
+        entity.set_points([(x, y, 0, 0, bulge) for x, y, _, _, bulge in entity.get_points()])
+    if entity.dxftype() == "POLYLINE":
+        for vertex in entity.vertices:
+            vertex.dxf.discard("start_width")
+            vertex.dxf.discard("end_width")
+
+
+def prepare(document):
+    for layer in document.layers:
+        layer.thaw()
+    for layout in [document.modelspace(), *document.blocks]:
+        for entity in list(layout):
+            simplify(entity)
+            for attribute in getattr(entity, "attribs", []):
+                simplify(attribute)
+    return document
+
+
+class OurFrontend(Frontend):
+    """Draws what documents have records of, in blocks too."""
+
+    leave_out = frozenset()
+
+    def draw_entity(self, entity, properties):
+        if entity.dxftype() in self.leave_out:
+            return
+        if getattr(entity, "source_of_copy", None) is None and not is_record(entity):
+            return
+        if entity.dxftype() in INFINITE | RECORDS or self.inside:
+            super().draw_entity(entity, properties)
+
+    inside = False
+
+    def draw_composite_entity(self, entity, properties):
+        # A dimension's block is drawn as it is.
+        before, self.inside = self.inside, True
+        super().draw_composite_entity(entity, properties)
+        self.inside = before
+
+
+def configuration(reach):
+    return Configuration(
+        background_policy=BackgroundPolicy.WHITE, color_policy=ColorPolicy.BLACK,
+        line_policy=LinePolicy.SOLID, hatch_policy=HatchPolicy.SHOW_SOLID,
+        lineweight_policy=LineweightPolicy.ABSOLUTE, lineweight_scaling=0.0,
+        text_policy=TextPolicy.FILLING, infinite_line_length=reach)
+
+
+def draw(document, backend, leave_out=frozenset(), reach=1e6):
+    frontend = OurFrontend(RenderContext(document), backend, configuration(reach))
+    frontend.leave_out = leave_out
+    frontend.draw_layout(document.modelspace(), finalize=True)
+
+
+def points_of(record, step):
+    if isinstance(record, PathRecord):
+        return [p for loop in loops_of(record.path, step) for p in loop] if len(record.path) else []
+    if isinstance(record, FilledPathsRecord):
+        return [p for path in record.paths if len(path) for loop in loops_of(path, step)
+                for p in loop]
+    if isinstance(record, SolidLinesRecord):
+        return record.lines.vertices()
+    return (record.points if isinstance(record, PointsRecord) else record.boundary).vertices()
+
+
+def extents_of(document, leave_out):
+    """Of points on the curves: ezdxf's own box holds their control points too."""
+    recorder = Recorder()
+    draw(document, recorder, leave_out | INFINITE)
+    box = recorder.player().bbox()
+    if not box.has_data:
+        return None
+    step = max(box.size.x, box.size.y) / 10000
+    points = [p for record in recorder.records for p in points_of(record, step)]
+    return (min(p.x for p in points), min(p.y for p in points),
+            max(p.x for p in points), max(p.y for p in points))
+
+
+class Sheet:
+    """Ink on paper: a mask, and where the drawing lies on it."""
+
+    def __init__(self, area):
+        self.mask = Image.new("1", (WIDTH, height_of(area)))
+        self.pen = ImageDraw.Draw(self.mask)
+        self.scale = WIDTH / (area[2] - area[0])
+        self.left, self.top = area[0], area[3]
+
+    def place(self, points):
+        # Pillow takes coordinates of 32 bits only.
+        return [(min(max((p.x - self.left) * self.scale, -1e6), 1e6),
+                 min(max((self.top - p.y) * self.scale, -1e6), 1e6)) for p in points]
+
+    def line(self, points):
+        self.pen.line(self.place(points), fill=1)
+
+    def erase(self, loop):
+        self.pen.polygon(self.place(loop), fill=0)
+
+    def point(self, point):
+        self.pen.point(self.place([point]), fill=1)
+
+    def area(self, loops):
+        """Even-odd, as the loops of hatches and letters are."""
+        inside = Image.new("1", self.mask.size)
+        for loop in loops:
+            one = Image.new("1", self.mask.size)
+            ImageDraw.Draw(one).polygon(self.place(loop), fill=1, outline=1)
+            inside = ImageChops.logical_xor(inside, one)
+        self.mask.paste(1, mask=inside)
+
+
+def loops_of(path, step):
+    """The loops of a path of ezdxf as straight segments."""
+    return [list(loop.flattening(step)) for loop in path.to_path().sub_paths()]
+
+
+def paint_record(sheet, record, step):
+    """One thing that ezdxf wanted to be drawn."""
+    if isinstance(record, PathRecord) and len(record.path):
+        for loop in loops_of(record.path, step):
+            sheet.line(loop)
+    elif isinstance(record, FilledPathsRecord):
+        sheet.area([loop for path in record.paths if len(path)
+                    for loop in loops_of(path, step) if len(loop) > 2])
+    elif isinstance(record, SolidLinesRecord):
+        ends = record.lines.vertices()
+        for start, end in zip(ends[::2], ends[1::2]):
+            sheet.line((start, end))
+    elif isinstance(record, PointsRecord):
+        points = record.points.vertices()
+        if len(points) == 1:
+            sheet.point(points[0])
+        else:
+            sheet.line(points) if len(points) == 2 else sheet.area([points])
+    elif isinstance(record, ImageRecord):
+        corners = record.boundary.vertices()
+        sheet.line([*corners, corners[0]])
+
+
+def picture_of(document, area):
+    recorder = Recorder()
+    size = max(area[2] - area[0], area[3] - area[1])
+    draw(document, recorder, reach=10 * size)
+    sheet = Sheet(area)
+    wipeouts = {entity.dxf.handle for entity in document.entitydb.values()
+                if entity.dxftype() == "WIPEOUT"}
+    for record in recorder.records:
+        if record.handle in wipeouts and isinstance(record, PointsRecord):
+            sheet.erase(record.points.vertices())
+        else:
+            paint_record(sheet, record, size / 2000)
+    return sheet.mask
+
+
+def height_of(area):
+    return max(1, round(WIDTH * (area[3] - area[1]) / (area[2] - area[0])))
+
+
+def ink(image):
+    """Which pixels of a picture of dwg_preview are not white."""
+    return numpy.asarray(image.convert("L")) < 230
+
+
+def grown(mask, reach):
+    """The mask with every pixel spread over the square around it."""
+    for axis in (0, 1):
+        spread = mask.copy()
+        for step in range(1, reach + 1):
+            for sign in (step, -step):
+                moved = numpy.roll(mask, sign, axis)
+                edge = [slice(None)] * 2
+                edge[axis] = slice(None, sign) if sign > 0 else slice(sign, None)
+                moved[tuple(edge)] = False
+                spread |= moved
+        mask = spread
+    return mask
+
+
+def edges(mask):
+    """The ink that has paper beside it: filled areas would hide how far off they are."""
+    return mask & grown(~mask, 1)
+
+
+def similarity(a, b):
+    """The smaller of the shares of one picture's edges that lie at the other's."""
+    a, b = edges(a), edges(b)
+    if not a.any() or not b.any():
+        return 1.0 if a.any() == b.any() else 0.0
+    return float(min((a & grown(b, REACH)).sum() / a.sum(), (b & grown(a, REACH)).sum() / b.sum()))
+
+
+def damages(mask):
+    """The same picture, damaged in ways that a wrong program would."""
+    height, width = mask.shape
+    rows, columns = numpy.nonzero(mask)
+    missing = mask.copy()
+    missing[rows.min():int(numpy.quantile(rows, 0.2)) + 1, :] = False
+    yield "a fifth is missing", missing
+    yield "moved by two per cent", numpy.roll(mask, width // 50, 1)
+    yield "mirrored", mask[:, ::-1]
+    yield "larger by a tenth", resized(mask, 1.1)
+
+
+def resized(mask, factor):
+    height, width = mask.shape
+    y = numpy.clip((numpy.arange(height) / factor).astype(int), 0, height - 1)
+    x = numpy.clip((numpy.arange(width) / factor).astype(int), 0, width - 1)
+    return mask[numpy.ix_(y, x)]
+
+
+def run_preview(options, drawing, *arguments):
+    done = subprocess.run([options.preview, "--worker", options.worker, *arguments, str(drawing)],
+                          capture_output=True, timeout=600)
+    if done.returncode != 0:
+        raise RuntimeError(done.stderr.decode("utf-8", "replace")[-500:])
+    return done.stdout
+
+
+def preview_extents(options, drawing):
+    model = json.loads(run_preview(options, drawing, "--list"))[0]
+    return model["geometryExtents"], model["extents"]
+
+
+def preview_picture(options, drawing, area):
+    with tempfile.TemporaryDirectory() as folder:
+        file = os.path.join(folder, "picture.png")
+        run_preview(options, drawing, "--png", file, "--width", str(WIDTH), "--monochrome",
+                    "--no-lineweights", "--region=" + ",".join(map(repr, area)))
+        with Image.open(file) as picture:
+            return picture.convert("L")
+
+
+def largest_difference(a, b):
+    """Of the extents' sides, as a share of their size."""
+    size = max(a[2] - a[0], a[3] - a[1], 1e-9)
+    return max(abs(x - y) for x, y in zip(a, b)) / size
+
+
+def with_rim(box):
+    rim = 0.03 * max(box[2] - box[0], box[3] - box[1], 1e-6)
+    return [box[0] - rim, box[1] - rim, box[2] + rim, box[3] + rim]
+
+
+def compare(options, name, drawing):
+    """The difference of the extents and the two pictures' ink."""
+    document = prepare(recover.readfile(drawing)[0])
+    geometry, everything = preview_extents(options, drawing)
+    reference = extents_of(document, frozenset(WITH_TEXT))
+    difference = largest_difference(geometry, reference) if reference else 0.0
+    area = with_rim(everything)
+    ours = preview_picture(options, drawing, area)
+    theirs = picture_of(document, area)
+    if options.keep:
+        stem = os.path.join(options.keep, name.replace("/", "_"))
+        ours.save(stem + ".preview.png")
+        ImageChops.invert(theirs.convert("L")).save(stem + ".ezdxf.png")
+    return difference, ink(ours), numpy.asarray(theirs)
+
+
+def find(name):
+    for folder in (COMMITTED, pathlib.Path(os.environ.get("DWG_CORPUS") or "/nonexistent")):
+        if (folder / name).is_file():
+            return folder / name
+    return None
+
+
+def check_damages(name, ours, theirs):
+    """The damaged pictures that pass for similar."""
+    return [f"{name}: {what}, and still similar ({similarity(damaged, theirs):.3f})"
+            for what, damaged in damages(ours)
+            if what != "mirrored" or not similarity(ours[:, ::-1], ours) >= SIMILAR
+            if similarity(damaged, theirs) >= SIMILAR]
+
+
+def check(options, case):
+    """What is wrong with one drawing; None when it is not at hand."""
+    name = case["drawing"]
+    drawing = find(name)
+    if drawing is None:
+        print(f"skip  {name}: not in the repository, and DWG_CORPUS is not set")
+        return None
+    difference, ours, theirs = compare(options, name, drawing)
+    likeness = similarity(ours, theirs)
+    problems = []
+    if not difference <= EXTENTS:
+        problems.append(f"{name}: the extents differ by {difference:.2%}")
+    if not likeness >= SIMILAR:
+        problems.append(f"{name}: the pictures are not similar ({likeness:.3f})")
+    problems += check_damages(name, ours, theirs)
+    print(f"{'FAIL' if problems else 'ok  '}  {name}: extents {difference:.3%}, similarity {likeness:.3f}")
+    return problems
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--preview", required=True)
+    parser.add_argument("--worker", required=True)
+    parser.add_argument("--keep", help="folder for the pictures")
+    parser.add_argument("names", nargs="*")
+    options = parser.parse_args()
+    cases = json.loads((HERE / "drawings.json").read_text())
+    if options.names:
+        cases = [{"drawing": name} for name in options.names]
+    results = [check(options, case) for case in cases]
+    problems = [problem for result in results if result for problem in result]
+    print("\n".join(problems))
+    compared = sum(result is not None for result in results)
+    print(f"{compared} drawings compared, {len(results) - compared} skipped, {len(problems)} problems")
+    return 1 if problems or (compared < 15 and not options.names) else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
