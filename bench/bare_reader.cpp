@@ -22,7 +22,7 @@ double MillisecondsSince(Clock::time_point start) {
 
 // As the worker does: see DrawingFile::Read.
 int Read(const char* path, Dwg_Data& drawing) {
-  drawing.opts = 0x10;
+  drawing.opts = DWG_OPTS_MINIMAL;
   if (!std::string_view(path).ends_with(".dxf")) {
     return dwg_read_file(path, &drawing);
   }

@@ -59,7 +59,7 @@ void PrepassObjects(benchmark::State& state) {
   dwg.object = objects.data();
   dwg.num_objects = static_cast<BITCODE_BL>(count);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(BuildLookupTables(dwg, false, {}));
+    benchmark::DoNotOptimize(BuildLookupTables({.data = dwg}));
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(count));
 }

@@ -114,7 +114,7 @@ void Copy(benchmark::State& state) {
 void DecodeCodePage(benchmark::State& state, std::string_view part) {
   const std::string text = Repeated(part, static_cast<std::size_t>(state.range(0)));
   for (auto _ : state) {
-    benchmark::DoNotOptimize(ViewText(false, text.c_str()).view());
+    benchmark::DoNotOptimize(DecodeText(TextForm::kWindows1252, text.c_str()).view());
   }
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
@@ -125,7 +125,8 @@ void DecodeUtf16(benchmark::State& state, std::u16string_view part) {
     text += part;
   }
   for (auto _ : state) {
-    benchmark::DoNotOptimize(DecodeUtf16Text(text.c_str()));
+    benchmark::DoNotOptimize(
+        DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(text.c_str())).view());
   }
   state.SetBytesProcessed(state.iterations() * 2 * static_cast<std::int64_t>(text.size()));
 }

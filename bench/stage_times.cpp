@@ -14,13 +14,12 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
 #include "document/document.hpp"
 #include "encode/json_text.hpp"
-#include "worker/drawing_file.hpp"
+#include "reading/drawing_file.hpp"
 
 namespace {
 
@@ -64,17 +63,11 @@ void Write(const JsonOut& out) {
   std::fclose(file);
 }
 
-void Convert(DrawingFile& drawing, Times& times, std::size_t& size) {
+void Convert(const DrawingFile& file, Times& times, std::size_t& size) {
   const auto start = Clock::now();
   JsonOut out;
   Observer observer(times);
-  const auto folder = std::filesystem::path(drawing.path()).parent_path();
-  AppendDocument(out,
-                 {.dwg = drawing.data(),
-                  .unicodeText = drawing.HasUnicodeText(),
-                  .debugColors = false,
-                  .drawingFolder = folder},
-                 {}, observer);
+  AppendDocument(out, file.drawing(), {}, {}, observer);
   times[kText] = MicrosecondsSince(start);
   for (int part = kPrepass; part <= kLayouts; ++part) {
     times[kText] -= times[static_cast<std::size_t>(part)];
@@ -87,16 +80,16 @@ void Convert(DrawingFile& drawing, Times& times, std::size_t& size) {
 }
 
 bool Run(const char* path, Times& times, std::size_t& size) {
-  DrawingFile drawing(path);
+  DrawingFile file(path);
   auto start = Clock::now();
-  drawing.Read();
+  file.Read();
   times[kRead] = MicrosecondsSince(start);
-  if (drawing.HasFailed()) {
+  if (file.HasFailed()) {
     return false;
   }
-  Convert(drawing, times, size);
+  Convert(file, times, size);
   start = Clock::now();
-  drawing.Free();
+  file.Free();
   times[kFree] = MicrosecondsSince(start);
   return true;
 }
@@ -107,6 +100,7 @@ void Print(const char* name, const std::vector<Times>& runs, Pick pick) {
   std::printf(",\"%s\":{", name);
   for (std::size_t part = 0; part < kPartNames.size(); ++part) {
     std::vector<long long> values;
+    values.reserve(runs.size());
     for (const Times& times : runs) {
       values.push_back(times[part]);
     }

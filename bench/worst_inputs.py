@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes drawings made to hurt, converts them, and prints how time and memory
-grow with their size, LibreDWG's reading apart from the conversion.
+"""Writes worst-case drawings, converts them, and prints how time and memory grow
+with their size, for LibreDWG's reading and for the conversion.
 
     bench/worst_inputs.py --worker build/release/dwg_import_worker [--only NAME...]
                           [--scale S] [--keep FOLDER] [--timeout SECONDS] [--runs N]
@@ -18,86 +18,47 @@ import sys
 import tempfile
 import threading
 
-MODEL_SPACE = "1F"
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "support"))
+from dxf_writer import MODEL_SPACE, PAPER_SPACE, Dxf, text_sink  # noqa: E402
+
 TAIL = 400  # bytes at the document's end that hold its timings
 
 
-class Dxf:
-    """A drawing of R2000 as group codes, with handles from 100 (hexadecimal) on."""
-
-    def __init__(self, file):
-        self.file = file
-        self.handle = 0x100
-
-    def put(self, *pairs):
-        self.file.write("".join(f"{code}\n{value}\n" for code, value in pairs))
-
-    def start(self, kind, *pairs, handle=None, code=5):
-        self.handle += 1
-        self.put((0, kind), (code, handle or f"{self.handle:X}"), *pairs)
-        return f"{self.handle:X}"
-
-    def entity(self, kind, subclass, *pairs, owner=MODEL_SPACE, paper=False):
-        return self.start(kind, (330, owner), (100, "AcDbEntity"), *([(67, 1)] if paper else []),
-                          (8, "0"), (100, subclass), *pairs)
-
-    def section(self, name):
-        self.put((0, "SECTION"), (2, name))
-
-    def end_section(self):
-        self.put((0, "ENDSEC"))
-
-    def header(self):
-        self.section("HEADER")
-        self.put((9, "$ACADVER"), (1, "AC1015"), (9, "$HANDSEED"), (5, "FFFFFFF"))
-        self.end_section()
-
-
 def layer(dxf, name):
-    return dxf.start("LAYER", (330, "2"), (100, "AcDbSymbolTableRecord"),
-                     (100, "AcDbLayerTableRecord"), (2, name), (70, 0), (62, 7), (6, "CONTINUOUS"))
+    return dxf.record("LAYER", "AcDbLayerTableRecord", name, (70, 0), (62, 7), (6, "CONTINUOUS"),
+                      owner="2")
+
+
+def block_record(dxf, name, handle=None):
+    return dxf.record("BLOCK_RECORD", "AcDbBlockTableRecord", name, handle=handle, owner="1")
 
 
 def write(path, layers=0, blocks=(), entities=None):
     """A drawing with so many layers, block definitions (name and a writer of
     their entities) and a writer of the entities of model space."""
     with open(path, "w", encoding="ascii") as file:
-        dxf = Dxf(file)
-        dxf.header()
-        dxf.section("TABLES")
-        file.write("0\nTABLE\n2\nLAYER\n5\n2\n330\n0\n100\nAcDbSymbolTable\n70\n1\n")
-        layer_handles = [layer(dxf, "0")] + [layer(dxf, f"L{i}") for i in range(layers)]
-        dxf.put((0, "ENDTAB"))
-        file.write("0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n330\n0\n100\nAcDbSymbolTable\n70\n1\n")
-        names = [("*Model_Space", MODEL_SPACE), ("*Paper_Space", "1E")]
-        records = {}
-        for name, handle in names:
-            dxf.put((0, "BLOCK_RECORD"), (5, handle), (330, "1"), (100, "AcDbSymbolTableRecord"),
-                    (100, "AcDbBlockTableRecord"), (2, name))
-        for name, _ in blocks:
-            records[name] = dxf.start("BLOCK_RECORD", (330, "1"), (100, "AcDbSymbolTableRecord"),
-                                      (100, "AcDbBlockTableRecord"), (2, name))
-        dxf.put((0, "ENDTAB"))
-        dxf.end_section()
-        dxf.section("BLOCKS")
-        for name, handle in names:
-            block(dxf, name, handle, None)
-        for name, body in blocks:
-            block(dxf, name, records[name], body)
-        dxf.end_section()
-        dxf.section("ENTITIES")
-        if entities:
-            entities(dxf, layer_handles)
-        dxf.end_section()
-        dxf.put((0, "EOF"))
-
-
-def block(dxf, name, record, body):
-    dxf.start("BLOCK", (330, record), (100, "AcDbEntity"), (8, "0"), (100, "AcDbBlockBegin"),
-              (2, name), (70, 0), (10, 0), (20, 0), (30, 0), (3, name), (1, ""))
-    if body:
-        body(dxf, record)
-    dxf.start("ENDBLK", (330, record), (100, "AcDbEntity"), (8, "0"), (100, "AcDbBlockEnd"))
+        dxf = Dxf(text_sink(file))
+        dxf.header("AC1015", (9, "$HANDSEED"), (5, "FFFFFFF"))
+        spaces = [("*Model_Space", MODEL_SPACE), ("*Paper_Space", PAPER_SPACE)]
+        with dxf.section("TABLES"):
+            with dxf.table("LAYER", "2"):
+                layer_handles = [layer(dxf, "0")] + [layer(dxf, f"L{i}") for i in range(layers)]
+            with dxf.table("BLOCK_RECORD", "1"):
+                for name, handle in spaces:
+                    block_record(dxf, name, handle)
+                records = [block_record(dxf, name) for name, _ in blocks]
+        with dxf.section("BLOCKS"):
+            for name, handle in spaces:
+                with dxf.block(name, handle):
+                    pass
+            for (name, body), record in zip(blocks, records):
+                with dxf.block(name, record):
+                    if body:
+                        body(dxf, record)
+        with dxf.section("ENTITIES"):
+            if entities:
+                entities(dxf, layer_handles)
+        dxf.end()
 
 
 def line(dxf, x, owner=MODEL_SPACE):
@@ -114,12 +75,12 @@ def lines(path, n):
 
 def lines_without_tables(path, n):
     with open(path, "w", encoding="ascii") as file:
-        dxf = Dxf(file)
-        dxf.section("ENTITIES")
-        for i in range(n):
-            dxf.put((0, "LINE"), (8, f"L{i % 5}"), (6, "DASHED"), (10, i), (20, 0), (11, i), (21, 1.5))
-        dxf.end_section()
-        dxf.put((0, "EOF"))
+        dxf = Dxf(text_sink(file))
+        with dxf.section("ENTITIES"):
+            for i in range(n):
+                dxf.put((0, "LINE"), (8, f"L{i % 5}"), (6, "DASHED"), (10, i), (20, 0), (11, i),
+                        (21, 1.5))
+        dxf.end()
 
 
 def inserts(path, n):
@@ -150,7 +111,7 @@ def frozen_layers(path, n):
     """One viewport that freezes all layers."""
     def viewport(dxf, layer_handles):
         dxf.entity("VIEWPORT", "AcDbViewport", (10, 1), (20, 1), (30, 0), (40, 10), (41, 10), (68, 2),
-                   (69, 2), *((341, handle) for handle in layer_handles), (90, 0), owner="1E",
+                   (69, 2), *((341, handle) for handle in layer_handles), (90, 0), owner=PAPER_SPACE,
                    paper=True)
     write(path, layers=n, entities=viewport)
 
@@ -225,10 +186,10 @@ def viewports_and_clip(path, n):
     """Viewports that all name the same clip outline."""
     def viewports(dxf, _):
         clip = dxf.entity("LWPOLYLINE", "AcDbPolyline", (90, 3), (70, 1), (10, 0), (20, 0), (10, 1),
-                          (20, 0), (10, 1), (20, 1), owner="1E", paper=True)
+                          (20, 0), (10, 1), (20, 1), owner=PAPER_SPACE, paper=True)
         for i in range(n):
             dxf.entity("VIEWPORT", "AcDbViewport", (10, i), (20, 1), (30, 0), (40, 10), (41, 10),
-                       (68, 2), (69, 2), (90, 65536), (340, clip), owner="1E", paper=True)
+                       (68, 2), (69, 2), (90, 65536), (340, clip), owner=PAPER_SPACE, paper=True)
     write(path, entities=viewports)
 
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "encode/byte_search.hpp"
+#include "encode/fast/byte_search.hpp"
 #include "encode/json_text.hpp"
 
 class HtmlLiteral {

@@ -86,11 +86,3 @@ std::string JsonOut::Text() const {
   ForEachPiece([&text](std::string_view piece) { text += piece; });
   return text;
 }
-
-bool operator==(const JsonOut& out, std::string_view text) {
-  return out.Text() == text;
-}
-
-std::ostream& operator<<(std::ostream& stream, const JsonOut& out) {
-  return stream << out.Text();
-}

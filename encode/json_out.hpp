@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,11 +61,6 @@ class JsonOut {
   std::size_t size() const { return sizeBefore_ + static_cast<std::size_t>(end_ - begin_); }
   bool empty() const { return size() == 0; }
 
-  // The last byte of a text that is not empty.
-  char back() const {
-    return end_ != begin_ ? end_[-1] : full_.back().bytes[full_.back().size - 1];
-  }
-
   // Takes back what was appended since the text had this size.
   void Truncate(std::size_t size) {
     if (size < sizeBefore_) {
@@ -115,6 +109,3 @@ class JsonOut {
   char* limit_ = nullptr;
   std::size_t sizeBefore_ = 0;
 };
-
-bool operator==(const JsonOut& out, std::string_view text);
-std::ostream& operator<<(std::ostream& stream, const JsonOut& out);

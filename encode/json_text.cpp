@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "encode/byte_search.hpp"
+#include "encode/fast/byte_search.hpp"
 
 namespace {
 
@@ -61,25 +61,7 @@ char* WriteEscaped(char* at, std::string_view& text) {
   }
 }
 
-// Writes a comma unless the element is the first; the caller has room for it.
-char* WriteSeparator(char* at, bool& first) {
-  *at = ',';
-  at += first ? 0 : 1;
-  first = false;
-  return at;
-}
-
 }  // namespace
-
-std::string JsonNumber(double value) {
-  std::array<char, kNumberRoom> buffer;
-  return {buffer.data(), WriteNumber(buffer.data(), value)};
-}
-
-std::string JsonInt(std::int32_t value) {
-  std::array<char, kNumberRoom> buffer;
-  return {buffer.data(), WriteInt(buffer.data(), value)};
-}
 
 bool AppendEscaped(JsonOut& out, std::string_view text) {
   while (!text.empty()) {
@@ -97,65 +79,4 @@ void AppendQuoted(JsonOut& out, std::string_view text) {
   out += '"';
   AppendEscaped(out, text);
   out += '"';
-}
-
-std::string JsonQuote(const char* text) {
-  JsonOut out;
-  AppendQuoted(out, text == nullptr ? std::string_view{} : std::string_view{text});
-  return out.Text();
-}
-
-void AppendCoordinatePair(CoordinateCursor& cursor, double x, double y) {
-  char* at = cursor.out.Reserve(2 * kNumberRoom + 2);
-  at = WriteNumber(WriteSeparator(at, cursor.first), x);
-  *at++ = ',';
-  cursor.out.Commit(WriteNumber(at, y));
-}
-
-CoordinateCursor BeginBracketedItem(BracketCursor& cursor) {
-  if (cursor.count > 0) {
-    cursor.out += ',';
-  }
-  cursor.out += '[';
-  return {cursor.out};
-}
-
-void EndBracketedItem(BracketCursor& cursor) {
-  cursor.out += ']';
-  ++cursor.count;
-}
-
-void AppendPoint(ListCursor& cursor, double x, double y) {
-  char* at = cursor.out.Reserve(2 * kNumberRoom + 4);
-  at = WriteSeparator(at, cursor.first);
-  *at++ = '[';
-  at = WriteNumber(at, x);
-  *at++ = ',';
-  at = WriteNumber(at, y);
-  *at++ = ']';
-  cursor.out.Commit(at);
-}
-
-void AppendPoint(ListCursor& cursor, double x, double y, double z) {
-  char* at = cursor.out.Reserve(3 * kNumberRoom + 5);
-  at = WriteSeparator(at, cursor.first);
-  *at++ = '[';
-  at = WriteNumber(at, x);
-  *at++ = ',';
-  at = WriteNumber(at, y);
-  *at++ = ',';
-  at = WriteNumber(at, z);
-  *at++ = ']';
-  cursor.out.Commit(at);
-}
-
-void AppendListNumber(ListCursor& cursor, double value) {
-  char* at = cursor.out.Reserve(kNumberRoom + 1);
-  cursor.out.Commit(WriteNumber(WriteSeparator(at, cursor.first), value));
-}
-
-void AppendListQuoted(ListCursor& cursor, std::string_view text) {
-  char* at = cursor.out.Reserve(1);
-  cursor.out.Commit(WriteSeparator(at, cursor.first));
-  AppendQuoted(cursor.out, text);
 }

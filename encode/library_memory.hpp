@@ -1,37 +1,14 @@
+// Memory that LibreDWG will free, or that it allocated: from its own allocator.
+// Two variants stand behind this header, one for mimalloc and one for the C
+// library's.
 #pragma once
 
 #include <cstddef>
 
-#ifdef DWG_MIMALLOC
-#include <mimalloc.h>
-#else
-#include <cstdlib>
-#endif
-
-// Memory that LibreDWG will free, or that it allocated: from its own allocator.
-
 // Zero-filled; null when there is none left.
-inline void* LibraryAllocate(std::size_t bytes) {
-#ifdef DWG_MIMALLOC
-  return mi_calloc(bytes, 1);
-#else
-  return std::calloc(bytes, 1);
-#endif
-}
+void* LibraryAllocate(std::size_t bytes);
 
 // The same with any content.
-inline void* LibraryAllocateUnfilled(std::size_t bytes) {
-#ifdef DWG_MIMALLOC
-  return mi_malloc(bytes);
-#else
-  return std::malloc(bytes);
-#endif
-}
+void* LibraryAllocateUnfilled(std::size_t bytes);
 
-inline void LibraryFree(void* memory) {
-#ifdef DWG_MIMALLOC
-  mi_free(memory);
-#else
-  std::free(memory);
-#endif
-}
+void LibraryFree(void* memory);

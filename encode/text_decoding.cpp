@@ -4,12 +4,10 @@
 #include <cstdint>
 #include <cstring>
 
-#include "encode/byte_search.hpp"
+#include "encode/fast/byte_search.hpp"
 #include "encode/utf8.hpp"
 
 namespace {
-
-bool eightBitIsUtf8 = false;
 
 // Windows-1252 from 0x80 to 0x9F; the five bytes that it leaves unassigned
 // stand for themselves.
@@ -86,31 +84,7 @@ constexpr bool IsLowSurrogate(std::uint32_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-}  // namespace
-
-void SetEightBitIsUtf8(bool value) {
-  eightBitIsUtf8 = value;
-}
-
-bool EightBitIsUtf8() {
-  return eightBitIsUtf8;
-}
-
-std::string DecodeWindows1252Byte(unsigned char byte) {
-  std::string out;
-  AppendWindows1252(out, byte);
-  return out;
-}
-
-std::string DecodeCodePageText(const char* text) {
-  return std::string(ViewText(false, text));
-}
-
-std::string DecodeUtf16Text(const void* text) {
-  if (text == nullptr) {
-    return {};
-  }
-  const auto* bytes = static_cast<const char*>(text);
+std::string DecodeUtf16(const char* bytes) {
   // The library may hand over odd addresses, so units are copied out.
   const auto unitAt = [bytes](std::size_t i) {
     std::uint16_t unit = 0;
@@ -137,17 +111,23 @@ std::string DecodeUtf16Text(const void* text) {
   return out;
 }
 
-std::string DecodeText(bool unicodeText, const char* text) {
-  return std::string(ViewText(unicodeText, text));
+}  // namespace
+
+std::string DecodeWindows1252Byte(unsigned char byte) {
+  std::string out;
+  AppendWindows1252(out, byte);
+  return out;
 }
 
-DecodedText ViewText(bool unicodeText, const char* text) {
-  if (unicodeText) {
-    return DecodedText(DecodeUtf16Text(text));
+DecodedText DecodeText(TextForm form, const char* text) {
+  if (text == nullptr) {
+    return DecodedText(std::string_view{});
   }
-  const std::string_view bytes = text == nullptr ? std::string_view{} : std::string_view{text};
-  const std::size_t ascii = eightBitIsUtf8 ? bytes.size() : AsciiLength(bytes);
-  if (ascii == bytes.size()) {
+  if (form == TextForm::kUtf16) {
+    return DecodedText(DecodeUtf16(text));
+  }
+  const std::string_view bytes(text);
+  if (form == TextForm::kUtf8 || AsciiLength(bytes) == bytes.size()) {
     return DecodedText(bytes);
   }
   return DecodedText(DecodeWindows1252(bytes));

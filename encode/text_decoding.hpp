@@ -1,6 +1,6 @@
 // Drawing strings to UTF-8. LibreDWG hands strings over as the drawing stores
 // them: 16-bit units from release 2007 on, 8-bit bytes in older drawings and
-// in DXF files.
+// in DXF files. Which of them it is travels with the drawing.
 //
 // 8-bit text is read as Windows-1252 whatever code page the drawing names:
 // consumers depend on it. Formatting codes are left alone.
@@ -10,13 +10,14 @@
 #include <string_view>
 #include <utility>
 
-// Whether 8-bit strings of this run's drawing are UTF-8 already and are copied
-// unchanged (DXF files from 2007 on). Process-wide, because the decoder of
-// single strings knows no drawing; set once after the drawing is read.
-void SetEightBitIsUtf8(bool value);
-bool EightBitIsUtf8();
+// How a drawing's strings are stored.
+enum class TextForm {
+  kWindows1252,  // 8-bit, of a DWG or a DXF file before release 2007
+  kUtf8,         // 8-bit, of a DXF file from 2007 on
+  kUtf16,        // 16-bit, of a DWG from 2007 on
+};
 
-// One Windows-1252 byte as UTF-8, whatever the switch above says.
+// One Windows-1252 byte as UTF-8.
 std::string DecodeWindows1252Byte(unsigned char byte);
 
 // A text in UTF-8: a view of the drawing's own bytes where these need no
@@ -38,17 +39,10 @@ class DecodedText {
   std::string_view view_;
 };
 
-// 8-bit text up to its NUL; null gives an empty text. Windows-1252's five
-// unassigned bytes become the code points of the same value.
-std::string DecodeCodePageText(const char* text);
-
-// 16-bit text up to its zero unit; null gives an empty text. A surrogate
-// without its partner becomes U+FFFD. `text` needs no alignment.
-std::string DecodeUtf16Text(const void* text);
-
-// `text` by the kind of the drawing's strings: UTF-16 when `unicodeText` is
-// set. LibreDWG types both kinds as `char*`.
-std::string DecodeText(bool unicodeText, const char* text);
-
-// The same for as long as the drawing lives.
-DecodedText ViewText(bool unicodeText, const char* text);
+// `text` up to its NUL or zero unit; null gives an empty text. LibreDWG types
+// both kinds as `char*`; neither needs an alignment. The result is good for as
+// long as the drawing lives.
+//
+// Windows-1252's five unassigned bytes become the code points of the same value,
+// a surrogate without its partner becomes U+FFFD, and UTF-8 is copied as it is.
+DecodedText DecodeText(TextForm form, const char* text);

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/written.hpp"
+
 namespace {
 
 std::string TextLiteral(std::string_view text) {
@@ -23,7 +25,7 @@ std::string Expected(char byte) {
     case '&': return "&amp;";
     default: break;
   }
-  const std::string quoted = JsonQuote(std::string(1, byte).c_str());
+  const std::string quoted = Written(AppendQuoted, std::string(1, byte));
   return quoted.substr(1, quoted.size() - 2);
 }
 

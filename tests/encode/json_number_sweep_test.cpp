@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-#include "encode/json_text.hpp"
+#include "encode/fast/number_text.hpp"
 
 namespace {
 
@@ -24,7 +24,8 @@ class Sweep {
     const int length = std::isfinite(value)
                            ? std::snprintf(expected.data(), expected.size(), "%.10g", value)
                            : std::snprintf(expected.data(), expected.size(), "0");
-    actual_ = JsonNumber(value);
+    std::array<char, kNumberRoom> room;
+    actual_.assign(room.data(), WriteNumber(room.data(), value));
     if (actual_.size() != static_cast<std::size_t>(length) ||
         std::memcmp(actual_.data(), expected.data(), actual_.size()) != 0) {
       Report(value, expected.data());

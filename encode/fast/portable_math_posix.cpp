@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "encode/portable_math.hpp"
+#include "encode/fast/portable_math.hpp"
 
 double PortableSin(double x) {
   return std::sin(x);

@@ -1,4 +1,4 @@
-#include "encode/exact_math.hpp"
+#include "encode/fast/exact_math.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "encode/portable_math.hpp"
+#include "encode/fast/portable_math.hpp"
 
 namespace {
 

@@ -1,16 +1,11 @@
-#include "encode/color.hpp"
+#include "encode/palette.hpp"
 
 #include <array>
+#include <cstddef>
 
 #include "encode/json_text.hpp"
 
 namespace {
-
-constexpr std::int32_t kIndexByBlock = 0;
-constexpr std::int32_t kIndexForeground = 7;
-constexpr std::int32_t kIndexByLayer = 256;
-constexpr std::int32_t kIndexTrueColor = 257;
-constexpr std::uint8_t kLineweightCount = 24;
 
 constexpr std::array<Rgb, 10> kBasicColors = {{{0, 0, 0},
                                                {255, 0, 0},
@@ -104,90 +99,8 @@ Rgb RgbOfWord(std::uint32_t word) {
           static_cast<std::uint8_t>(word)};
 }
 
-std::uint32_t ColorMethod(const Dwg_Color& color) {
-  return color.rgb >> 24U;
-}
-
-bool HasExplicitAlpha(const Dwg_Color& color) {
-  return (color.alpha_type == 0xC2 || color.alpha_type == 3) && color.alpha != 255;
-}
-
-std::int32_t AlphaValue(const Dwg_Color& color) {
-  return 255 - color.alpha;
-}
-
 void AppendRgb(JsonOut& out, Rgb rgb) {
   AppendIntKey(out, "{\"r\":", rgb.red);
   AppendIntKey(out, ",\"g\":", rgb.green);
   AppendIntKey(out, ",\"b\":", rgb.blue);
-}
-
-void AppendColor(JsonOut& out, const Dwg_Color& color) {
-  if (color.index == kIndexByLayer) {
-    out += "\"L\"";
-    return;
-  }
-  if (color.index == kIndexByBlock) {
-    out += "\"K\"";
-    return;
-  }
-  const bool isTrueColor = ColorMethod(color) == kMethodTrueColor || color.index == kIndexTrueColor;
-  if (!isTrueColor && color.index == kIndexForeground) {
-    out += "\"W\"";
-    return;
-  }
-  AppendRgb(out, isTrueColor ? RgbOfWord(color.rgb) : AciToRgb(color.index));
-  if (HasExplicitAlpha(color)) {
-    AppendIntKey(out, ",\"a\":", AlphaValue(color));
-  }
-  out += '}';
-}
-
-std::string ColorJson(const Dwg_Color& color) {
-  JsonOut out;
-  AppendColor(out, color);
-  return out.Text();
-}
-
-std::string ColorJsonOrEmpty(const Dwg_Color& color) {
-  const bool isInherited = color.index == kIndexByLayer || color.index == kIndexByBlock;
-  return isInherited ? std::string{} : ColorJson(color);
-}
-
-void AppendLineweight(JsonOut& out, std::uint8_t code) {
-  if (code < kLineweightCount) {
-    AppendInt(out, dxf_cvt_lweight(code));
-  } else {
-    out += "\"L\"";
-  }
-}
-
-void AppendColorDebug(JsonOut& out, const Dwg_Color& color) {
-  AppendIntKey(out, ",\"_dbg\":{\"color_index\":", color.index);
-  AppendIntKey(out, ",\"color_alpha_type\":", color.alpha_type);
-  AppendIntKey(out, ",\"color_alpha\":", color.alpha);
-  AppendIntKey(out, ",\"color_alpha_raw\":", color.alpha_raw);
-  out += '}';
-}
-
-void AppendColorAndLineweight(JsonOut& out, std::size_t start, const Dwg_Object& object,
-                              bool debug) {
-  if (out.size() == start || out.back() != '}' || object.tio.entity == nullptr) {
-    return;
-  }
-  const Dwg_Object_Entity& entity = *object.tio.entity;
-  out.Truncate(out.size() - 1);
-  // Most entities take both from their layer.
-  if (entity.color.index == kIndexByLayer && entity.linewt >= kLineweightCount && !debug) {
-    out += ",\"color\":\"L\",\"lw\":\"L\"}";
-    return;
-  }
-  out += ",\"color\":";
-  AppendColor(out, entity.color);
-  out += ",\"lw\":";
-  AppendLineweight(out, entity.linewt);
-  if (debug) {
-    AppendColorDebug(out, entity.color);
-  }
-  out += '}';
 }

@@ -1,5 +1,5 @@
-#include "encode/exact_math.hpp"
-#include "encode/portable_math.hpp"
+#include "encode/fast/exact_math.hpp"
+#include "encode/fast/portable_math.hpp"
 
 double PortableSin(double x) {
   return ExactSin(x);

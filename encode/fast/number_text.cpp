@@ -1,4 +1,4 @@
-#include "encode/number_text.hpp"
+#include "encode/fast/number_text.hpp"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <cstring>
 #include <limits>
 
-#include "encode/wide_multiply.hpp"
+#include "encode/fast/wide_multiply.hpp"
 
 namespace {
 

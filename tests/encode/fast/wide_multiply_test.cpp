@@ -1,4 +1,4 @@
-#include "encode/wide_multiply.hpp"
+#include "encode/fast/wide_multiply.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "encode/exact_math.hpp"
+#include "encode/fast/exact_math.hpp"
 
 #include <array>
 #include <cmath>
