@@ -1,5 +1,7 @@
 #include "text/dimension.hpp"
 
+#include <string_view>
+
 #include "encode/json_text.hpp"
 
 namespace {
@@ -18,17 +20,6 @@ void AppendDefinitionPoint(JsonOut& out, const Dimension& dimension) {
   AppendNumberKey(out, ",\"defY\":", dimension.def_pt.y);
 }
 
-// What ends the record of every kind.
-template <typename Dimension>
-void AppendTail(JsonOut& out, const Dimension& dimension, const EntityContext& context) {
-  AppendNumberKey(out, ",\"measurement\":", dimension.act_measurement);
-  AppendQuotedKey(out, ",\"userText\":", context.Decode(dimension.user_text));
-  AppendNumberKey(out, ",\"textMidX\":", dimension.text_midpt.x);
-  AppendNumberKey(out, ",\"textMidY\":", dimension.text_midpt.y);
-  AppendDimStyleKeys(out, dimension.dimstyle, context.tables.dimStyles, context.tables.styleFonts);
-  out += '}';
-}
-
 void AppendSizes(JsonOut& out, const DimStyleEntry& style) {
   const double scale = style.overallScale > 0 ? style.overallScale : 1;
   if (style.textHeight > 0) {
@@ -39,11 +30,10 @@ void AppendSizes(JsonOut& out, const DimStyleEntry& style) {
   }
 }
 
-void AppendAppearance(JsonOut& out, const DimStyleEntry& style,
-                      const HandleMap<std::string>& styleFonts) {
-  const std::string* font = style.textStyle == 0 ? nullptr : styleFonts.Find(style.textStyle);
-  if (font != nullptr && !font->empty()) {
-    AppendQuotedKey(out, ",\"fontFamily\":", *font);
+void AppendAppearance(JsonOut& out, const DimStyleEntry& style, const LookupTables& tables) {
+  const std::string_view font = tables.FontFamily(style.textStyle);
+  if (!font.empty()) {
+    AppendQuotedKey(out, ",\"fontFamily\":", font);
   }
   if (!style.textColor.empty()) {
     out += ",\"textColorRgb\":";
@@ -76,44 +66,50 @@ void AppendFormat(JsonOut& out, const DimStyleEntry& style) {
   }
 }
 
+// The keys that the dimension style adds; none when it is missing.
+void AppendStyleKeys(JsonOut& out, const Dwg_Object_Ref* reference, const LookupTables& tables) {
+  const DimStyleEntry* style =
+      reference == nullptr ? nullptr : tables.dimStyles.Find(reference->absolute_ref);
+  if (style == nullptr) {
+    return;
+  }
+  AppendSizes(out, *style);
+  AppendAppearance(out, *style, tables);
+  AppendFormat(out, *style);
+}
+
+// What ends the record of every kind.
+template <typename Dimension>
+void AppendTail(JsonOut& out, const Dimension& dimension, const EntityContext& context) {
+  AppendNumberKey(out, ",\"measurement\":", dimension.act_measurement);
+  AppendQuotedKey(out, ",\"userText\":", context.Decode(dimension.user_text));
+  AppendNumberKey(out, ",\"textMidX\":", dimension.text_midpt.x);
+  AppendNumberKey(out, ",\"textMidY\":", dimension.text_midpt.y);
+  AppendStyleKeys(out, dimension.dimstyle, context.tables);
+}
+
 }  // namespace
 
-void AppendLinearDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
-                                 std::string_view layer, EntityContext& context) {
-  BeginRecord(out, "DIMENSION_LINEAR", layer);
+void AppendLinearDimension(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
+                           const EntityContext& context) {
   AppendExtensionLines(out, dimension);
   AppendDefinitionPoint(out, dimension);
   AppendNumberKey(out, ",\"dimRotationRad\":", dimension.dim_rotation);
   AppendTail(out, dimension, context);
 }
 
-void AppendAlignedDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& dimension,
-                                  std::string_view layer, EntityContext& context) {
-  BeginRecord(out, "DIMENSION_ALIGNED", layer);
+void AppendAlignedDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& dimension,
+                            const EntityContext& context) {
   AppendExtensionLines(out, dimension);
   AppendDefinitionPoint(out, dimension);
   AppendTail(out, dimension, context);
 }
 
-void AppendRadiusDimensionRecord(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dimension,
-                                 std::string_view layer, EntityContext& context) {
-  BeginRecord(out, "DIMENSION_RADIUS", layer);
+void AppendRadiusDimension(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dimension,
+                           const EntityContext& context) {
   AppendDefinitionPoint(out, dimension);
   AppendNumberKey(out, ",\"arcX\":", dimension.first_arc_pt.x);
   AppendNumberKey(out, ",\"arcY\":", dimension.first_arc_pt.y);
   AppendNumberKey(out, ",\"leaderLen\":", dimension.leader_len);
   AppendTail(out, dimension, context);
-}
-
-void AppendDimStyleKeys(JsonOut& out, const Dwg_Object_Ref* dimStyle,
-                        const HandleMap<DimStyleEntry>& dimStyles,
-                        const HandleMap<std::string>& styleFonts) {
-  const DimStyleEntry* style =
-      dimStyle == nullptr ? nullptr : dimStyles.Find(dimStyle->absolute_ref);
-  if (style == nullptr) {
-    return;
-  }
-  AppendSizes(out, *style);
-  AppendAppearance(out, *style, styleFonts);
-  AppendFormat(out, *style);
 }

@@ -1,22 +1,19 @@
 #include "text/leader.hpp"
 
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/drawing_access.hpp"
-#include "entities/entity_context.hpp"
 
-void AppendLeaderRecord(JsonOut& out, const Dwg_Entity_LEADER& leader, std::string_view layer) {
+void AppendLeader(JsonOut& out, const Dwg_Entity_LEADER& leader) {
   const auto points = SpanOf(leader.points, leader.num_points);
   if (points.size() < 2) {
     return;
   }
-  BeginRecord(out, "LEADER", layer);
-  out += ",\"points\":[";
-  ListCursor list{out};
+  JsonList list(out, ",\"points\":[");
   for (const BITCODE_3DPOINT& point : points) {
-    AppendPoint(list, point.x, point.y);
+    list.Point(point.x, point.y);
   }
-  out += ']';
+  list.Close();
   AppendBoolKey(out, ",\"arrowOn\":", leader.arrowhead_on != 0);
   AppendNumberKey(out, ",\"arrowSize\":", leader.dimasz);
-  out += '}';
 }

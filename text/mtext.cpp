@@ -1,30 +1,22 @@
 #include "text/mtext.hpp"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "encode/fast/portable_math.hpp"
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "encode/numbers.hpp"
-#include "encode/portable_math.hpp"
 #include "entities/drawing_access.hpp"
 #include "text/mtext_to_html.hpp"
 
 namespace {
 
 constexpr std::size_t kMaxObliqueWarning = 127;
-
-struct Frame {
-  double width;
-  double height;
-};
-
-// The DXF reader leaves the two fields shifted when there is no text height.
-Frame FrameOf(const Dwg_Entity_MTEXT& mtext) {
-  if (InputIsDxf() && mtext.text_height == 0) {
-    return {mtext.rect_height, mtext.rect_width};
-  }
-  return {mtext.rect_width, mtext.text_height};
-}
 
 // The value of the first height code; 0 when there is none, when it is
 // relative, or when it is no number.
@@ -40,59 +32,46 @@ double HeightFromCodes(std::string_view text) {
 
 double FallbackHeight(const Dwg_Entity_MTEXT& mtext, std::string_view text,
                       const LookupTables& tables) {
-  const Handle style = HandleOf(mtext.style);
-  const double* fixedHeight = style == 0 ? nullptr : tables.textStyles.Find(style);
-  if (fixedHeight != nullptr && *fixedHeight != 0) {
-    return *fixedHeight;
-  }
-  return HeightFromCodes(text);
+  const double* fixedHeight = tables.FixedTextHeight(HandleOf(mtext.style));
+  return fixedHeight != nullptr && *fixedHeight != 0 ? *fixedHeight : HeightFromCodes(text);
 }
 
 bool HasNonAscii(std::string_view text) {
   return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-void WarnOfCharset(std::string_view layer, EntityContext& context) {
+void WarnOfCharset(std::string_view layer, const EntityContext& context) {
   std::string warning = "MTEXT on layer \"";
   warning += layer;
   warning +=
       "\": non-Western \\f|c charset detected in pre-R2007 file; "
       "text decoded as Windows-1252 may be incorrect.";
-  context.warnings.push_back(std::move(warning));
+  context.Warn(std::move(warning));
 }
 
 // Cut after 127 bytes, wherever that falls: consumers know the short form.
-void WarnOfObliqueCodes(std::int32_t count, std::string_view layer, EntityContext& context) {
-  std::string warning;
-  warning += JsonInt(count);
+void WarnOfObliqueCodes(std::int32_t count, std::string_view layer, const EntityContext& context) {
+  std::string warning = std::to_string(count);
   warning += " \\Q oblique angle code(s) on layer \"";
   warning += layer;
   warning += "\" ignored (Qt limitation \u2014 no per-fragment slant)";
   warning.resize(std::min(warning.size(), kMaxObliqueWarning));
-  context.warnings.push_back(std::move(warning));
+  context.Warn(std::move(warning));
 }
 
-void AppendRuns(JsonOut& out, const std::vector<TextRun>& runs) {
-  std::string_view separator = ",\"runs\":[";
-  for (const TextRun& run : runs) {
-    out += separator;
-    separator = ",";
-    AppendIntKey(out, "{\"start\":", run.start);
-    AppendIntKey(out, ",\"length\":", run.length);
-    if (run.stretch != 0) {
-      AppendIntKey(out, ",\"stretch\":", run.stretch);
-    }
-    if (run.tracking != 0) {
-      AppendIntKey(out, ",\"tracking\":", run.tracking);
-    }
-    if (run.fixedPitch) {
-      out += ",\"fixedPitch\":true";
-    }
-    out += '}';
+void AppendRun(JsonOut& out, const TextRun& run) {
+  AppendIntKey(out, "{\"start\":", run.start);
+  AppendIntKey(out, ",\"length\":", run.length);
+  if (run.stretch != 0) {
+    AppendIntKey(out, ",\"stretch\":", run.stretch);
   }
-  if (!runs.empty()) {
-    out += ']';
+  if (run.tracking != 0) {
+    AppendIntKey(out, ",\"tracking\":", run.tracking);
   }
+  if (run.fixedPitch) {
+    out += ",\"fixedPitch\":true";
+  }
+  out += '}';
 }
 
 void AppendLength(JsonOut& out, std::string_view key, double length) {
@@ -110,56 +89,54 @@ void AppendBlock(JsonOut& out, const ParagraphBlock& block) {
   AppendLength(out, ",\"leftMargin\":", block.leftMargin);
   AppendLength(out, ",\"rightMargin\":", block.rightMargin);
   if (!block.tabStops.empty()) {
-    out += ",\"tabStops\":[";
-    ListCursor stops{out};
+    JsonList stops(out, ",\"tabStops\":[");
     for (const double stop : block.tabStops) {
-      AppendListNumber(stops, stop);
+      stops.Number(stop);
     }
-    out += ']';
+    stops.Close();
   }
   out += '}';
 }
 
-void AppendBlocks(JsonOut& out, const std::vector<ParagraphBlock>& blocks) {
-  std::string_view separator = ",\"blocks\":[";
-  for (const ParagraphBlock& block : blocks) {
-    out += separator;
-    separator = ",";
-    AppendBlock(out, block);
+// No key without any entry. `append` writes one.
+template <typename Entry, typename Append>
+void AppendEntries(JsonOut& out, std::string_view key, const std::vector<Entry>& entries,
+                   Append append) {
+  if (entries.empty()) {
+    return;
   }
-  if (!blocks.empty()) {
-    out += ']';
+  JsonList list(out, key);
+  for (const Entry& entry : entries) {
+    list.Item([&] { append(out, entry); });
   }
+  list.Close();
 }
 
 }  // namespace
 
-void AppendMtextRecord(JsonOut& out, const Dwg_Entity_MTEXT& mtext, std::string_view layer,
-                       EntityContext& context) {
+void AppendMtext(JsonOut& out, const Dwg_Entity_MTEXT& mtext, const EntityContext& context,
+                 const EntityOrigin& origin) {
   const DecodedText text = context.Decode(mtext.text);
-  Frame frame = FrameOf(mtext);
-  if (frame.height == 0) {
-    frame.height = FallbackHeight(mtext, text, context.tables);
-  }
-  BeginRecord(out, "MTEXT", layer);
+  const double height =
+      mtext.text_height != 0 ? mtext.text_height : FallbackHeight(mtext, text, context.tables);
   AppendNumberKey(out, ",\"x\":", mtext.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", mtext.ins_pt.y);
   out += ",\"html\":\"";
   MtextLayout layout;
-  AppendMtextHtml(out, text, frame.height, layout);
+  AppendMtextHtml(out, text, height, layout);
   out += '"';
   AppendQuotedKey(out, ",\"rawMtext\":", text);
-  AppendNumberKey(out, ",\"width\":", frame.width);
-  AppendNumberKey(out, ",\"height\":", frame.height);
+  AppendNumberKey(out, ",\"width\":", mtext.rect_width);
+  AppendNumberKey(out, ",\"height\":", height);
   AppendNumberKey(out, ",\"rotationRad\":", PortableAtan2(mtext.x_axis_dir.y, mtext.x_axis_dir.x));
   AppendIntKey(out, ",\"attachment\":", mtext.attachment);
-  AppendRuns(out, layout.runs);
-  AppendBlocks(out, layout.blocks);
-  out += '}';
-  if (!context.unicodeText && layout.nonWesternCharset && HasNonAscii(text)) {
-    WarnOfCharset(layer, context);
+  AppendEntries(out, ",\"runs\":[", layout.runs, AppendRun);
+  AppendEntries(out, ",\"blocks\":[", layout.blocks, AppendBlock);
+  const bool isEightBit = context.textForm != TextForm::kUtf16;
+  if (isEightBit && layout.nonWesternCharset && HasNonAscii(text)) {
+    WarnOfCharset(origin.layer, context);
   }
   if (layout.obliqueCount > 0) {
-    WarnOfObliqueCodes(layout.obliqueCount, layer, context);
+    WarnOfObliqueCodes(layout.obliqueCount, origin.layer, context);
   }
 }

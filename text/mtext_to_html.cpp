@@ -6,11 +6,11 @@
 #include <optional>
 #include <utility>
 
-#include "encode/byte_search.hpp"
-#include "encode/color.hpp"
+#include "encode/fast/byte_search.hpp"
 #include "encode/font_mapping.hpp"
 #include "encode/html.hpp"
 #include "encode/numbers.hpp"
+#include "encode/palette.hpp"
 #include "encode/utf8.hpp"
 #include "text/fields.hpp"
 #include "text/font_size.hpp"

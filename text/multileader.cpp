@@ -1,33 +1,37 @@
 #include "text/multileader.hpp"
 
+#include <cstddef>
+
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/drawing_access.hpp"
 #include "text/mtext_to_html.hpp"
 
 namespace {
 
-void AppendLeaderLine(BracketCursor& lines, const Dwg_LEADER_Line& line) {
+// Nothing for a line of one point.
+void AppendLeaderLine(JsonOut& out, const Dwg_LEADER_Line& line) {
   const auto points = SpanOf(line.points, line.num_points);
   if (points.size() < 2) {
     return;
   }
-  CoordinateCursor coordinates = BeginBracketedItem(lines);
+  JsonList coordinates(out);
   for (const BITCODE_3DPOINT& point : points) {
-    AppendCoordinatePair(coordinates, point.x, point.y);
+    coordinates.Pair(point.x, point.y);
   }
-  EndBracketedItem(lines);
+  coordinates.Close();
 }
 
-void AppendDogleg(BracketCursor& lines, const Dwg_LEADER_Node& root) {
+void AppendDogleg(JsonOut& out, const Dwg_LEADER_Node& root) {
   if (root.has_dogleg == 0 || root.dogleg_length == 0) {
     return;
   }
   const BITCODE_3BD& start = root.lastleaderlinepoint;
-  CoordinateCursor coordinates = BeginBracketedItem(lines);
-  AppendCoordinatePair(coordinates, start.x, start.y);
-  AppendCoordinatePair(coordinates, start.x + root.dogleg_vector.x * root.dogleg_length,
-                       start.y + root.dogleg_vector.y * root.dogleg_length);
-  EndBracketedItem(lines);
+  JsonList coordinates(out);
+  coordinates.Pair(start.x, start.y);
+  coordinates.Pair(start.x + root.dogleg_vector.x * root.dogleg_length,
+                   start.y + root.dogleg_vector.y * root.dogleg_length);
+  coordinates.Close();
 }
 
 void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
@@ -54,26 +58,23 @@ void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
 
 }  // namespace
 
-void AppendMultileaderRecord(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
-                             std::string_view layer, EntityContext& context) {
+void AppendMultileader(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
+                       const EntityContext& context) {
   const Dwg_MLEADER_AnnotContext& annotation = multileader.ctx;
   const std::size_t start = out.size();
-  BeginRecord(out, "MULTILEADER", layer);
-  out += ",\"lines\":[";
-  BracketCursor lines{out};
+  JsonList lines(out, ",\"lines\":[");
   for (const Dwg_LEADER_Node& root : SpanOf(annotation.leaders, annotation.num_leaders)) {
     for (const Dwg_LEADER_Line& line : SpanOf(root.lines, root.num_lines)) {
-      AppendLeaderLine(lines, line);
+      lines.Item([&] { AppendLeaderLine(out, line); });
     }
-    AppendDogleg(lines, root);
+    lines.Item([&] { AppendDogleg(out, root); });
   }
-  if (lines.count == 0) {
+  if (lines.IsEmpty()) {
     out.Truncate(start);
     return;
   }
-  out += ']';
+  lines.Close();
   AppendNumberKey(out, ",\"arrowSize\":",
                   annotation.arrow_size > 0 ? annotation.arrow_size : multileader.arrow_size);
   AppendText(out, annotation, context);
-  out += '}';
 }

@@ -7,10 +7,7 @@
 namespace {
 
 double HeightOf(double height, Handle style, const LookupTables& tables) {
-  if (height != 0 || style == 0) {
-    return height;
-  }
-  const double* fixedHeight = tables.textStyles.Find(style);
+  const double* fixedHeight = height == 0 ? tables.FixedTextHeight(style) : nullptr;
   return fixedHeight == nullptr ? height : *fixedHeight;
 }
 
@@ -33,22 +30,15 @@ void AppendPlacedText(JsonOut& out, const Text& text, std::string_view decoded,
 }
 
 void AppendFontFamily(JsonOut& out, const Dwg_Object_Ref* style, const LookupTables& tables) {
-  const std::string_view family = FontFamilyOf(HandleOf(style), tables);
+  const std::string_view family = tables.FontFamily(HandleOf(style));
   if (!family.empty()) {
     AppendQuotedKey(out, ",\"fontFamily\":", family);
   }
 }
 
-void BeginAttribute(JsonOut& out, std::string_view kind, std::string_view layer) {
-  BeginRecord(out, "DYNTEXT", layer);
-  AppendQuotedKey(out, ",\"kind\":", kind);
-}
-
 }  // namespace
 
-void AppendTextRecord(JsonOut& out, const Dwg_Entity_TEXT& text, std::string_view layer,
-                      EntityContext& context) {
-  BeginRecord(out, "TEXT", layer);
+void AppendText(JsonOut& out, const Dwg_Entity_TEXT& text, const EntityContext& context) {
   AppendPlacedText(out, text, context.Decode(text.text_value), context.tables);
   if (text.horiz_alignment != 0 || text.vert_alignment != 0) {
     AppendIntKey(out, ",\"halign\":", text.horiz_alignment);
@@ -57,24 +47,22 @@ void AppendTextRecord(JsonOut& out, const Dwg_Entity_TEXT& text, std::string_vie
     AppendNumberKey(out, ",\"ay\":", text.alignment_pt.y);
   }
   AppendFontFamily(out, text.style, context.tables);
-  out += '}';
 }
 
-void AppendAttributeRecord(JsonOut& out, const Dwg_Entity_ATTRIB& attribute, std::string_view layer,
-                           EntityContext& context) {
-  BeginAttribute(out, "attrib", layer);
+void AppendAttribute(JsonOut& out, const Dwg_Entity_ATTRIB& attribute,
+                     const EntityContext& context) {
+  out += ",\"kind\":\"attrib\"";
   AppendPlacedText(out, attribute, context.Decode(attribute.text_value), context.tables);
   AppendFontFamily(out, attribute.style, context.tables);
   AppendQuotedKey(out, ",\"tag\":", context.Decode(attribute.tag));
   AppendIntKey(out, ",\"flags\":", attribute.flags);
-  out += '}';
 }
 
-void AppendAttributeDefinitionRecord(JsonOut& out, const Dwg_Entity_ATTDEF& definition,
-                                     std::string_view layer, EntityContext& context) {
+void AppendAttributeDefinition(JsonOut& out, const Dwg_Entity_ATTDEF& definition,
+                               const EntityContext& context) {
   const DecodedText value = context.Decode(definition.default_value);
   const DecodedText prompt = context.Decode(definition.prompt);
-  BeginAttribute(out, "attdef", layer);
+  out += ",\"kind\":\"attdef\"";
   AppendPlacedText(out, definition, value, context.tables);
   AppendFontFamily(out, definition.style, context.tables);
   AppendQuotedKey(out, ",\"tag\":", context.Decode(definition.tag));
@@ -83,5 +71,4 @@ void AppendAttributeDefinitionRecord(JsonOut& out, const Dwg_Entity_ATTDEF& defi
   }
   AppendQuotedKey(out, ",\"defaultValue\":", value);
   AppendIntKey(out, ",\"flags\":", definition.flags);
-  out += '}';
 }

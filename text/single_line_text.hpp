@@ -6,13 +6,11 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
+#include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
-void AppendTextRecord(JsonOut& out, const Dwg_Entity_TEXT& text, std::string_view layer,
-                      EntityContext& context);
-void AppendAttributeRecord(JsonOut& out, const Dwg_Entity_ATTRIB& attribute, std::string_view layer,
-                           EntityContext& context);
-void AppendAttributeDefinitionRecord(JsonOut& out, const Dwg_Entity_ATTDEF& definition,
-                                     std::string_view layer, EntityContext& context);
+void AppendText(JsonOut& out, const Dwg_Entity_TEXT& text, const EntityContext& context);
+void AppendAttribute(JsonOut& out, const Dwg_Entity_ATTRIB& attribute,
+                     const EntityContext& context);
+void AppendAttributeDefinition(JsonOut& out, const Dwg_Entity_ATTDEF& definition,
+                               const EntityContext& context);

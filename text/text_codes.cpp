@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "encode/ascii.hpp"
-#include "encode/byte_search.hpp"
+#include "encode/fast/byte_search.hpp"
 #include "encode/html.hpp"
 #include "encode/text_decoding.hpp"
 

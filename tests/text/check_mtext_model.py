@@ -18,6 +18,9 @@ import tempfile
 
 from mtext_model import Converter
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+import dxf_writer  # noqa: E402
+
 TEXTS_PER_DRAWING = 2500
 WORDS = ["a", "Bc ", "<", "&", ">", "\"", "'", ";", ",", "|", "x", " ", "12", ".", "-", "%%c"]
 LETTERS = {"western": ["é", "ß", "€", "–", "ÿ"],
@@ -90,21 +93,19 @@ def random_text(rng, letters):
     return "x" + text.strip() + "x"
 
 
-def pair(code, value):
-    return f"{code:>3}\n{value}\n"
-
-
 def drawing(version, texts):
-    parts = [pair(0, "SECTION"), pair(2, "HEADER"), pair(9, "$ACADVER"), pair(1, version),
-             pair(0, "ENDSEC"), pair(0, "SECTION"), pair(2, "ENTITIES")]
-    for handle, (text, height) in enumerate(texts, 0x1000):
-        parts += [pair(0, "MTEXT"), pair(5, f"{handle:X}"), pair(100, "AcDbEntity"), pair(8, "0"),
-                  pair(100, "AcDbMText"), pair(10, handle), pair(20, 0), pair(30, 0),
-                  pair(40, height), pair(41, 0), pair(71, 1), pair(72, 1)]
-        chunks = [text[i:i + 250] for i in range(0, len(text), 250)]
-        parts += [pair(3, chunk) for chunk in chunks[:-1]] + [pair(1, chunks[-1])]
-    parts += [pair(0, "ENDSEC"), pair(0, "EOF")]
-    return "".join(parts)
+    pairs = []
+    dxf = dxf_writer.Dxf(pairs.extend, first_handle=0x1000)
+    dxf.header(version)
+    with dxf.section("ENTITIES"):
+        for text, height in texts:
+            chunks = [text[i:i + 250] for i in range(0, len(text), 250)]
+            # The X coordinate tells which text a record comes from.
+            dxf.entity("MTEXT", "AcDbMText", *dxf_writer.point(10, dxf.next_handle, 0), (40, height), (41, 0),
+                       (71, 1), (72, 1), *((3, chunk) for chunk in chunks[:-1]), (1, chunks[-1]),
+                       owner=None)
+    dxf.end()
+    return dxf_writer.text(pairs)
 
 
 def shown(value):
@@ -147,7 +148,7 @@ def check_drawing(worker, version, encoding, texts):
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder) / "texts.dxf"
         path.write_bytes(drawing(version, texts).encode(encoding))
-        run = subprocess.run([worker, path], capture_output=True, timeout=300, check=True)
+        run = subprocess.run([worker, path], capture_output=True, timeout=600, check=True)
     document = json.loads(run.stdout.decode("utf-8", "surrogateescape"))
     records = document["entities"]
     problems = [f"{len(records)} records for {len(texts)} texts"] * (len(records) != len(texts))

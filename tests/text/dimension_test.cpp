@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/value_at.hpp"
 #include "tests/support/written.hpp"
 
 namespace {
@@ -17,9 +18,20 @@ class DimensionRecords : public testing::Test {
 
   DimStyleEntry& style() { return drawing.tables.dimStyles[kStyle]; }
 
-  std::string StyleKeys() {
-    return Written(AppendDimStyleKeys, drawing.Ref(kStyle), drawing.tables.dimStyles,
-                   drawing.tables.styleFonts);
+  // What the style of that handle adds behind the other keys.
+  std::string StyleKeys(Dwg_Object_Ref* reference) {
+    Dwg_Entity_DIMENSION_ALIGNED dimension{};
+    const std::string plain = Aligned(dimension);
+    dimension.dimstyle = reference;
+    const std::string styled = Aligned(dimension);
+    const std::size_t start = plain.size() - 1;
+    EXPECT_EQ(styled.substr(0, start), plain.substr(0, start));
+    return styled.substr(start, styled.size() - plain.size());
+  }
+  std::string StyleKeys() { return StyleKeys(drawing.Ref(kStyle)); }
+
+  std::string Aligned(const Dwg_Entity_DIMENSION_ALIGNED& dimension) {
+    return drawing.RecordOf(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, dimension);
   }
 
   template <typename Dimension>
@@ -43,11 +55,11 @@ TEST_F(DimensionRecords, LinearDimensionHasItsRotation) {
   dimension.xline2_pt = {3, 4, 9};
   dimension.dim_rotation = 0.5;
   style().textHeight = 2;
-  EntityContext context = drawing.Context();
-  EXPECT_EQ(Written(AppendLinearDimensionRecord, dimension, "Maße", context),
-            R"({"type":"DIMENSION_LINEAR","layer":"Maße","x1":1,"y1":2,"x2":3,"y2":4,"defX":5,)"
-            R"("defY":6,"dimRotationRad":0.5,"measurement":12.5,"userText":"<> \\X%%c",)"
-            R"("textMidX":7,"textMidY":8,"textHeight":2})");
+  EXPECT_EQ(
+      drawing.RecordOf(DWG_TYPE_DIMENSION_LINEAR, &EntityTio::DIMENSION_LINEAR, dimension, "Maße"),
+      R"({"type":"DIMENSION_LINEAR","layer":"Maße","x1":1,"y1":2,"x2":3,"y2":4,"defX":5,)"
+      R"("defY":6,"dimRotationRad":0.5,"measurement":12.5,"userText":"<> \\X%%c",)"
+      R"("textMidX":7,"textMidY":8,"textHeight":2})");
 }
 
 TEST_F(DimensionRecords, AlignedDimensionHasNoRotation) {
@@ -55,8 +67,7 @@ TEST_F(DimensionRecords, AlignedDimensionHasNoRotation) {
   Fill(dimension);
   dimension.xline1_pt = {1, 2, 9};
   dimension.xline2_pt = {3, 4, 9};
-  EntityContext context = drawing.Context();
-  EXPECT_EQ(Written(AppendAlignedDimensionRecord, dimension, "0", context),
+  EXPECT_EQ(Aligned(dimension),
             R"({"type":"DIMENSION_ALIGNED","layer":"0","x1":1,"y1":2,"x2":3,"y2":4,"defX":5,)"
             R"("defY":6,"measurement":12.5,"userText":"<> \\X%%c","textMidX":7,"textMidY":8})");
 }
@@ -66,8 +77,7 @@ TEST_F(DimensionRecords, RadiusDimensionHasItsArcPointAndLeader) {
   Fill(dimension);
   dimension.first_arc_pt = {1, 2, 9};
   dimension.leader_len = 3;
-  EntityContext context = drawing.Context();
-  EXPECT_EQ(Written(AppendRadiusDimensionRecord, dimension, "0", context),
+  EXPECT_EQ(drawing.RecordOf(DWG_TYPE_DIMENSION_RADIUS, &EntityTio::DIMENSION_RADIUS, dimension),
             R"({"type":"DIMENSION_RADIUS","layer":"0","defX":5,"defY":6,"arcX":1,"arcY":2,)"
             R"("leaderLen":3,"measurement":12.5,"userText":"<> \\X%%c","textMidX":7,)"
             R"("textMidY":8})");
@@ -75,33 +85,21 @@ TEST_F(DimensionRecords, RadiusDimensionHasItsArcPointAndLeader) {
 
 TEST_F(DimensionRecords, MissingOverrideTextIsAnEmptyString) {
   Dwg_Entity_DIMENSION_ALIGNED dimension{};
-  EntityContext context = drawing.Context();
-  EXPECT_NE(
-      Written(AppendAlignedDimensionRecord, dimension, "0", context).find(R"("userText":"",)"),
-      std::string::npos);
+  EXPECT_NE(Aligned(dimension).find(R"("userText":"",)"), std::string::npos);
 }
 
 TEST_F(DimensionRecords, OverrideTextIsDecodedByTheDrawing) {
   Dwg_Entity_DIMENSION_ALIGNED dimension{};
-  drawing.unicodeText = true;
+  drawing.textForm = TextForm::kUtf16;
   dimension.user_text = drawing.Utf16(u"⌀<>");
-  EntityContext context = drawing.Context();
-  EXPECT_NE(
-      Written(AppendAlignedDimensionRecord, dimension, "0", context).find(R"("userText":"⌀<>",)"),
-      std::string::npos);
+  EXPECT_NE(Aligned(dimension).find(R"("userText":"⌀<>",)"), std::string::npos);
 }
 
 TEST_F(DimensionRecords, MissingOrUnknownStyleHasNoKeys) {
   style().textHeight = 2;
-  EXPECT_EQ(
-      Written(AppendDimStyleKeys, nullptr, drawing.tables.dimStyles, drawing.tables.styleFonts),
-      "");
-  EXPECT_EQ(Written(AppendDimStyleKeys, drawing.Ref(0), drawing.tables.dimStyles,
-                    drawing.tables.styleFonts),
-            "");
-  EXPECT_EQ(Written(AppendDimStyleKeys, drawing.Ref(9), drawing.tables.dimStyles,
-                    drawing.tables.styleFonts),
-            "");
+  EXPECT_EQ(StyleKeys(nullptr), "");
+  EXPECT_EQ(StyleKeys(drawing.Ref(0)), "");
+  EXPECT_EQ(StyleKeys(drawing.Ref(9)), "");
 }
 
 TEST_F(DimensionRecords, StyleWithDefaultsHasNoKeys) {
@@ -109,7 +107,7 @@ TEST_F(DimensionRecords, StyleWithDefaultsHasNoKeys) {
 }
 
 TEST_F(DimensionRecords, EveryStyleKeyInOrder) {
-  drawing.tables.styleFonts = {{0x30, "Arial"}};
+  drawing.tables.styleFonts = MapOf<std::string>({{0x30, "Arial"}});
   style() = {.textHeight = 0.18,
              .overallScale = 2,
              .arrowSize = 0.25,
@@ -153,7 +151,7 @@ TEST_F(DimensionRecords, SizesOfZeroOrLessAreLeftOut) {
 }
 
 TEST_F(DimensionRecords, FontNeedsAStyleWithAFamily) {
-  drawing.tables.styleFonts = {{0, "Zero"}, {0x30, ""}};
+  drawing.tables.styleFonts = MapOf<std::string>({{0, "Zero"}, {0x30, ""}});
   style().textStyle = 0;
   EXPECT_EQ(StyleKeys(), "");
   style().textStyle = 0x30;

@@ -1,8 +1,8 @@
 """A second converter of multi-line text, to check the program's own.
 
-Written from the rules and not from the program: it works on a list of bytes by
-plain functions, keeps each group as a small object, and reads numbers with
-regular expressions. Slow and simple on purpose.
+Written from the rules in docs/document.md and docs/document-text.md and not from the
+program: it works on a list of bytes by plain functions, keeps each group as a small
+object, and reads numbers with regular expressions. Slow and simple on purpose.
 """
 
 import re

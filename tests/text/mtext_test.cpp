@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/value_at.hpp"
 #include "tests/support/written.hpp"
 
 using testing::ElementsAre;
@@ -18,11 +19,9 @@ namespace {
 class MtextRecords : public testing::Test {
  protected:
   MtextRecords() { mtext.x_axis_dir = {1, 0, 0}; }
-  ~MtextRecords() override { SetInputIsDxf(false); }
 
   std::string Record(const std::string& layer = "0") {
-    EntityContext context = drawing.Context();
-    return Written(AppendMtextRecord, mtext, layer, context);
+    return drawing.RecordOf(DWG_TYPE_MTEXT, &EntityTio::MTEXT, mtext, layer);
   }
 
   // The record's width and height with their keys.
@@ -73,29 +72,14 @@ TEST_F(MtextRecords, RotationIsTheDirectionOfTheXAxis) {
   EXPECT_THAT(Record(), HasSubstr("\"rotationRad\":0,"));
 }
 
-TEST_F(MtextRecords, DxfWithoutATextHeightHasShiftedFields) {
-  mtext.rect_width = 3;
-  mtext.rect_height = 7;
-  SetInputIsDxf(true);
-  EXPECT_EQ(Frame(), ",\"width\":7,\"height\":3");
-}
-
-TEST_F(MtextRecords, DxfWithATextHeightIsNotShifted) {
-  mtext.rect_width = 3;
-  mtext.rect_height = 7;
-  mtext.text_height = 2;
-  SetInputIsDxf(true);
-  EXPECT_EQ(Frame(), ",\"width\":3,\"height\":2");
-}
-
-TEST_F(MtextRecords, DwgFieldsAreNeverShifted) {
+TEST_F(MtextRecords, HeightOfTheFrameIsNotTheHeightOfTheText) {
   mtext.rect_width = 3;
   mtext.rect_height = 7;
   EXPECT_EQ(Frame(), ",\"width\":3,\"height\":0");
 }
 
 TEST_F(MtextRecords, MissingHeightIsTheStylesFixedHeight) {
-  drawing.tables.textStyles = {{0x11, 3.5}, {0x12, 0}};
+  drawing.tables.textStyles = MapOf<double>({{0x11, 3.5}, {0x12, 0}});
   mtext.text = drawing.Text("\\H2.5;abc");
   mtext.style = drawing.Ref(0x11);
   EXPECT_EQ(Frame(), ",\"width\":0,\"height\":3.5");
@@ -130,7 +114,7 @@ TEST_F(MtextRecords, MissingHeightIsReadFromTheFirstHeightCode) {
 }
 
 TEST_F(MtextRecords, HeightCodeIsSearchedInSixteenBitTextToo) {
-  drawing.unicodeText = true;
+  drawing.textForm = TextForm::kUtf16;
   mtext.text = drawing.Utf16(u"Ж\\H2.5;ab");
   EXPECT_EQ(Frame(), ",\"width\":0,\"height\":2.5");
 }
@@ -141,13 +125,6 @@ TEST_F(MtextRecords, RelativeHeightsScaleTheNominalHeight) {
   EXPECT_THAT(Record(), HasSubstr("font-size:1.0000pt"));
   mtext.text_height = 0;
   EXPECT_THAT(Record(), HasSubstr("\"html\":\"<p>a</p>\""));
-}
-
-TEST_F(MtextRecords, SwappedHeightIsTheBaseOfRelativeHeights) {
-  SetInputIsDxf(true);
-  mtext.rect_width = 25.4;
-  mtext.text = drawing.Text("\\H1x;a");
-  EXPECT_THAT(Record(), HasSubstr("font-size:1.0000pt"));
 }
 
 TEST_F(MtextRecords, NonWesternCharacterSetInAnOldDrawingIsWarnedOfOnce) {
@@ -171,7 +148,7 @@ TEST_F(MtextRecords, NonAsciiTextInAWesternCharacterSetIsFine) {
 }
 
 TEST_F(MtextRecords, SixteenBitTextIsFine) {
-  drawing.unicodeText = true;
+  drawing.textForm = TextForm::kUtf16;
   mtext.text = drawing.Utf16(u"\\fSimSun|c134;中");
   Record();
   EXPECT_THAT(drawing.warnings, IsEmpty());

@@ -45,8 +45,7 @@ class MultileaderRecords : public testing::Test {
   }
 
   std::string Record() {
-    EntityContext context = drawing.Context();
-    return Written(AppendMultileaderRecord, multileader, "0", context);
+    return drawing.RecordOf(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, multileader);
   }
 
   TestDrawing drawing;
@@ -172,7 +171,7 @@ TEST_F(MultileaderRecords, TextIsDecodedByTheDrawingAndWarnsOfNothing) {
   SetText(drawing.Text("\\fSimSun|c134;\xE9\\Q5;"));
   EXPECT_NE(Record().find("é"), std::string::npos);
   EXPECT_TRUE(drawing.warnings.empty());
-  drawing.unicodeText = true;
+  drawing.textForm = TextForm::kUtf16;
   SetText(drawing.Utf16(u"Ж"));
   EXPECT_NE(Record().find("<p>Ж</p>"), std::string::npos);
 }

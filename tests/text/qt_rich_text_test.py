@@ -7,7 +7,7 @@ builds from `html` must show the same: the plain text, the paragraphs, which
 characters are bold and which have a colour; and each of `runs` must cover the
 characters that its code stands before.
 
-Where the fragment or Qt is odd on purpose the test says so; search for "odd".
+Where the fragment or Qt is odd on purpose, the test says so: search for "odd".
 
 Exits with 77 where PySide6 cannot be imported, unless CI is set.
 """
@@ -197,7 +197,7 @@ def check_runs(reading, runs):
 
 
 def check_drawing(worker, name, totals):
-    run = subprocess.run([worker, name], cwd=DRAWINGS, capture_output=True, check=True, timeout=120)
+    run = subprocess.run([worker, name], cwd=DRAWINGS, capture_output=True, check=True, timeout=600)
     document = json.loads(run.stdout.decode("utf-8"))
     lists = [document["entities"], *(asset["entities"] for asset in document["assets"]),
              *(layout["entities"] for layout in document["layouts"])]

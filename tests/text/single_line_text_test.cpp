@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/value_at.hpp"
 #include "tests/support/written.hpp"
 
 namespace {
@@ -12,23 +13,21 @@ namespace {
 class TextRecords : public testing::Test {
  protected:
   TextRecords() {
-    drawing.tables.textStyles = {{0x11, 3.0}, {0x12, 0.0}, {0x13, 4.0}};
-    drawing.tables.styleFonts = {{0x11, "Arial"}, {0x12, "Times New Roman"}, {0x14, ""}};
+    drawing.tables.textStyles = MapOf<double>({{0x11, 3.0}, {0x12, 0.0}, {0x13, 4.0}});
+    drawing.tables.styleFonts =
+        MapOf<std::string>({{0x11, "Arial"}, {0x12, "Times New Roman"}, {0x14, ""}});
   }
 
   std::string Record(const Dwg_Entity_TEXT& text) {
-    EntityContext context = drawing.Context();
-    return Written(AppendTextRecord, text, "0", context);
+    return drawing.RecordOf(DWG_TYPE_TEXT, &EntityTio::TEXT, text);
   }
 
   std::string Record(const Dwg_Entity_ATTRIB& attribute) {
-    EntityContext context = drawing.Context();
-    return Written(AppendAttributeRecord, attribute, "0", context);
+    return drawing.RecordOf(DWG_TYPE_ATTRIB, &EntityTio::ATTRIB, attribute);
   }
 
   std::string Record(const Dwg_Entity_ATTDEF& definition) {
-    EntityContext context = drawing.Context();
-    return Written(AppendAttributeDefinitionRecord, definition, "0", context);
+    return drawing.RecordOf(DWG_TYPE_ATTDEF, &EntityTio::ATTDEF, definition);
   }
 
   TestDrawing drawing;
@@ -98,7 +97,7 @@ TEST_F(TextRecords, TextIsDecodedByTheDrawing) {
   Dwg_Entity_TEXT text{};
   text.text_value = drawing.Text("\xE9");
   EXPECT_NE(Record(text).find("<p>é</p>"), std::string::npos);
-  drawing.unicodeText = true;
+  drawing.textForm = TextForm::kUtf16;
   text.text_value = drawing.Utf16(u"Ж%%c");
   EXPECT_NE(Record(text).find("<p>Ж∅</p>"), std::string::npos);
 }

@@ -113,12 +113,6 @@ TEST(TextCodesToHtml, CharacterNumbers) {
   });
 }
 
-TEST(TextCodesToHtml, CharacterNumbersAreWindows1252InUtf8DrawingsToo) {
-  SetEightBitIsUtf8(true);
-  EXPECT_EQ(TextCodesToHtml("%%176%%128"), "°€");
-  SetEightBitIsUtf8(false);
-}
-
 TEST(TextCodesToHtml, TimeGrowsInProportionToTheText) {
   // Processor time, so that a busy machine does not decide; a converter that
   // looked at everything twice would need minutes for the larger text.
