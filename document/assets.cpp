@@ -1,19 +1,23 @@
 #include "document/assets.hpp"
 
+#include <string>
+#include <string_view>
+
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
+#include "entities/block_names.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
-#include "entities/insert.hpp"
 #include "entities/walk_entities.hpp"
 
 namespace {
 
 constexpr unsigned kConstantAttribute = 0x02;
 
-std::string BlockName(const Dwg_Object& object, const Dwg_Object_BLOCK_HEADER& block,
-                      const EntityContext& context) {
-  const std::string* name = context.tables.blockNames.Find(object.handle.value);
-  return name == nullptr ? std::string(context.Decode(block.name)) : *name;
+// Empty for a block without a name.
+std::string_view BlockName(const Dwg_Object& object, const LookupTables& tables) {
+  const std::string* name = tables.blockNames.Find(object.handle.value);
+  return name == nullptr ? std::string_view{} : *name;
 }
 
 bool IsVariableAttribute(const Dwg_Object& object) {
@@ -25,39 +29,35 @@ bool IsVariableAttribute(const Dwg_Object& object) {
 }
 
 void AppendAsset(JsonOut& out, const Dwg_Object& object, const Dwg_Object_BLOCK_HEADER& block,
-                 std::string_view name, EntityContext& context, bool debug) {
+                 std::string_view name, const EntityContext& context) {
   AppendQuotedKey(out, "{\"name\":", name);
   if (block.base_pt.x != 0 || block.base_pt.y != 0) {
     AppendNumberKey(out, ",\"baseX\":", block.base_pt.x);
     AppendNumberKey(out, ",\"baseY\":", block.base_pt.y);
   }
-  out += ",\"entities\":[";
-  EntityList list{out, debug};
+  JsonList entities(out, ",\"entities\":[");
   WalkEntities(context.tables.OwnedBy(object), [&](const Dwg_Object& entity) {
     if (!IsVariableAttribute(entity)) {
-      AppendEntity(list, entity, context);
+      AppendEntity(entities, entity, context);
     }
   });
-  out += "]}";
+  entities.Close();
+  out += '}';
 }
 
 }  // namespace
 
-void AppendAssets(JsonOut& out, EntityContext& context, bool debug) {
-  bool first = true;
+void AppendAssets(JsonOut& out, const EntityContext& context) {
+  JsonList list(out);
   for (const Dwg_Object& object : Objects(context.dwg)) {
     const auto* block = TableRecord(object, DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER);
     if (block == nullptr) {
       continue;
     }
-    const std::string name = BlockName(object, *block, context);
-    if (name.empty() || IsLayoutBlockName(name)) {
-      continue;
+    const std::string_view name = BlockName(object, context.tables);
+    if (!name.empty() && !IsLayoutBlockName(name)) {
+      list.Item([&] { AppendAsset(out, object, *block, name, context); });
     }
-    if (!first) {
-      out += ',';
-    }
-    first = false;
-    AppendAsset(out, object, *block, name, context, debug);
   }
+  list.Close();
 }

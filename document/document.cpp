@@ -1,7 +1,7 @@
 #include "document/document.hpp"
 
 #include <array>
-#include <map>
+#include <string>
 #include <utility>
 
 #include "document/assets.hpp"
@@ -9,8 +9,10 @@
 #include "document/layouts.hpp"
 #include "document/model_space.hpp"
 #include "document/prepass.hpp"
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/entity_context.hpp"
+#include "entities/writer_memory.hpp"
 
 namespace {
 
@@ -27,67 +29,56 @@ constexpr std::array<ReleaseWord, 7> kReleaseWords = {{{R_14, "R14"},
                                                        {R_2013, "2013"},
                                                        {R_2018, "2018"}}};
 
-using TypeCounts = std::map<std::string, std::size_t>;
-
 // Types in byte order of their names.
-void AddSkippedTypes(const TypeCounts& counts, std::vector<std::string>& warnings) {
-  for (const auto& [name, count] : counts) {
-    warnings.push_back("Skipped " + std::to_string(count) + " " + name +
-                       (count == 1 ? " entity" : " entities") + " (not yet supported)");
+void AddSkippedTypes(Findings& findings) {
+  for (const auto& [name, count] : findings.skippedTypes) {
+    findings.warnings.push_back("Skipped " + std::to_string(count) + " " + name +
+                                (count == 1 ? " entity" : " entities") + " (not yet supported)");
   }
 }
 
 void AppendWarnings(JsonOut& out, const std::vector<std::string>& warnings) {
-  out += ",\"warnings\":[";
-  ListCursor list{out};
+  JsonList list(out, ",\"warnings\":[");
   for (const std::string& warning : warnings) {
-    AppendListQuoted(list, warning);
+    list.Quoted(warning);
   }
-  out += ']';
+  list.Close();
 }
 
-template <typename Write>
-void AppendSection(JsonOut& out, std::string_view key, Write write) {
+// The key and its list, which `append` appends.
+void AppendSection(JsonOut& out, Stage stage, std::string_view key,
+                   void (*append)(JsonOut&, const EntityContext&), const EntityContext& context,
+                   StageObserver& observer) {
+  observer.Begin(stage);
   out += key;
-  out += '[';
-  write();
-  out += ']';
+  append(out, context);
+  observer.End(stage);
 }
 
 }  // namespace
 
-void AppendDocument(JsonOut& out, const DocumentInput& input, std::vector<std::string> warnings,
-                    StageObserver& observer) {
-  Dwg_Data& dwg = input.dwg;
+void AppendDocument(JsonOut& out, const Drawing& drawing, const DocumentOptions& options,
+                    std::vector<std::string> warnings, StageObserver& observer) {
   observer.Begin(Stage::kPrepass);
-  const LookupTables tables = BuildLookupTables(dwg, input.unicodeText, input.drawingFolder);
+  const LookupTables tables = BuildLookupTables(drawing);
   observer.End(Stage::kPrepass);
 
-  TypeCounts skippedTypes;
-  EntityContext context{dwg, tables, input.unicodeText, warnings, skippedTypes};
-  AppendQuotedKey(out, "{\"dwgVersion\":", VersionWord(dwg.header.version));
-  AppendIntKey(out, ",\"insunits\":", dwg.header_vars.INSUNITS);
-
-  observer.Begin(Stage::kLayers);
-  AppendSection(
-      out, ",\"layers\":", [&] { AppendLayers(out, dwg, input.unicodeText, input.debugColors); });
-  observer.End(Stage::kLayers);
-
-  observer.Begin(Stage::kAssets);
-  AppendSection(out, ",\"assets\":", [&] { AppendAssets(out, context, input.debugColors); });
-  observer.End(Stage::kAssets);
-
-  observer.Begin(Stage::kModelSpace);
-  AppendSection(out,
-                ",\"entities\":", [&] { AppendModelSpace(out, dwg, context, input.debugColors); });
-  observer.End(Stage::kModelSpace);
-
-  observer.Begin(Stage::kLayouts);
-  AppendSection(out, ",\"layouts\":", [&] { AppendLayouts(out, context, input.debugColors); });
-  observer.End(Stage::kLayouts);
-
-  AddSkippedTypes(skippedTypes, warnings);
-  AppendWarnings(out, warnings);
+  Findings findings{.warnings = std::move(warnings), .skippedTypes = drawing.unknownEntities};
+  WriterMemory memory;
+  const EntityContext context{.dwg = drawing.data,
+                              .textForm = drawing.textForm,
+                              .tables = tables,
+                              .verbose = options.verbose,
+                              .findings = findings,
+                              .memory = memory};
+  AppendQuotedKey(out, "{\"dwgVersion\":", VersionWord(drawing.data.header.version));
+  AppendIntKey(out, ",\"insunits\":", drawing.data.header_vars.INSUNITS);
+  AppendSection(out, Stage::kLayers, ",\"layers\":", AppendLayers, context, observer);
+  AppendSection(out, Stage::kAssets, ",\"assets\":", AppendAssets, context, observer);
+  AppendSection(out, Stage::kModelSpace, ",\"entities\":", AppendModelSpace, context, observer);
+  AppendSection(out, Stage::kLayouts, ",\"layouts\":", AppendLayouts, context, observer);
+  AddSkippedTypes(findings);
+  AppendWarnings(out, findings.warnings);
 }
 
 std::string_view VersionWord(Dwg_Version_Type version) {

@@ -3,13 +3,12 @@
 
 #include <dwg.h>
 
-#include <cstddef>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "encode/json_out.hpp"
+#include "entities/drawing.hpp"
 
 // The stages of a conversion, in run order.
 enum class Stage { kPrepass, kLayers, kAssets, kModelSpace, kLayouts };
@@ -26,18 +25,15 @@ class StageObserver {
   virtual void End(Stage /*stage*/) {}
 };
 
-struct DocumentInput {
-  Dwg_Data& dwg;
-  bool unicodeText;                     // strings are UTF-16
-  bool debugColors;                     // write `_dbg` keys
-  std::filesystem::path drawingFolder;  // where files beside the drawing are
+struct DocumentOptions {
+  bool verbose = false;  // colours carry their stored fields, as `_dbg`
 };
 
 // Appends the document from its opening brace to the end of its `warnings`: the
 // caller adds what is left and closes the object. `warnings` come first in the
 // list.
-void AppendDocument(JsonOut& out, const DocumentInput& input, std::vector<std::string> warnings,
-                    StageObserver& observer);
+void AppendDocument(JsonOut& out, const Drawing& drawing, const DocumentOptions& options,
+                    std::vector<std::string> warnings, StageObserver& observer);
 
 // The document's word for a release, "Unknown" for those it has none for.
 std::string_view VersionWord(Dwg_Version_Type version);

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "encode/color.hpp"
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "encode/text_decoding.hpp"
-#include "entities/drawing_access.hpp"
+#include "encode/palette.hpp"
+#include "entities/color.hpp"
 
 namespace {
 
@@ -37,8 +37,10 @@ Rgb LayerColor(const Dwg_Color& color) {
   return index == kForeground ? Rgb{0, 0, 0} : AciToRgb(index);
 }
 
-void AppendLayer(JsonOut& out, const Dwg_Object_LAYER& layer, std::string_view name, bool debug) {
-  AppendQuotedKey(out, "{\"name\":", name);
+void AppendLayer(JsonOut& out, const LayerEntry& entry, bool verbose) {
+  const Dwg_Object_LAYER& layer = *entry.record;
+  out += "{\"name\":";
+  out += entry.quoted;
   AppendBoolKey(out, ",\"visible\":", layer.off == 0);
   AppendBoolKey(out, ",\"locked\":", layer.locked != 0);
   out += ",\"color\":";
@@ -48,7 +50,7 @@ void AppendLayer(JsonOut& out, const Dwg_Object_LAYER& layer, std::string_view n
   if (HasExplicitAlpha(layer.color)) {
     AppendIntKey(out, ",\"alpha\":", AlphaValue(layer.color));
   }
-  if (debug) {
+  if (verbose) {
     AppendColorDebug(out, layer.color);
   }
   out += '}';
@@ -56,21 +58,12 @@ void AppendLayer(JsonOut& out, const Dwg_Object_LAYER& layer, std::string_view n
 
 }  // namespace
 
-void AppendLayers(JsonOut& out, const Dwg_Data& dwg, bool unicodeText, bool debug) {
-  bool first = true;
-  for (const Dwg_Object& object : Objects(dwg)) {
-    const auto* layer = TableRecord(object, DWG_TYPE_LAYER, &ObjectTio::LAYER);
-    if (layer == nullptr) {
-      continue;
+void AppendLayers(JsonOut& out, const EntityContext& context) {
+  JsonList list(out);
+  for (const LayerEntry& layer : context.tables.layers.All()) {
+    if (layer.record != nullptr && !layer.name.empty()) {
+      list.Item([&] { AppendLayer(out, layer, context.verbose); });
     }
-    const std::string name = DecodeText(unicodeText, layer->name);
-    if (name.empty()) {
-      continue;
-    }
-    if (!first) {
-      out += ',';
-    }
-    first = false;
-    AppendLayer(out, *layer, name, debug);
   }
+  list.Close();
 }

@@ -1,5 +1,10 @@
 #include "document/layouts.hpp"
 
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
@@ -19,18 +24,6 @@ std::string SheetName(Handle block, const Dwg_Object_LAYOUT* layout, const Entit
   }
   const std::string* blockName = context.tables.blockNames.Find(block);
   return blockName == nullptr ? "Layout" : *blockName;
-}
-
-// Whether any entity was written.
-bool AppendSheetEntities(JsonOut& out, Handle block, EntityContext& context, bool debug) {
-  const std::size_t start = out.size();
-  EntityList list{out, debug};
-  WalkEntities(context.tables.OwnedBy(block), [&](const Dwg_Object& entity) {
-    if (!context.tables.clipBoundaries.contains(entity.handle.value)) {
-      AppendEntityWithAttributes(list, entity, context);
-    }
-  });
-  return out.size() != start;
 }
 
 void AppendPlotSettings(JsonOut& out, const Dwg_Object_LAYOUT& layout) {
@@ -58,26 +51,43 @@ void AppendPlotSettings(JsonOut& out, const Dwg_Object_LAYOUT& layout) {
   AppendNumberKey(out, ",\"extMaxY\":", layout.EXTMAX.y);
 }
 
+// A block without a handle owns nothing: under 0 are the entities without an
+// owner, which stand in model space.
+void AppendSheetEntities(JsonList& list, Handle block, const EntityContext& context) {
+  if (block == 0) {
+    return;
+  }
+  WalkEntities(context.tables.OwnedBy(block), [&](const Dwg_Object& entity) {
+    if (!context.tables.clipBoundaries.contains(entity.handle.value)) {
+      AppendEntityWithAttributes(list, entity, context);
+    }
+  });
+}
+
+// Nothing for a sheet without entities.
+void AppendSheet(JsonOut& out, Handle block, const EntityContext& context) {
+  const std::size_t start = out.size();
+  const Dwg_Object_LAYOUT* layout = LayoutOf(block, context.tables);
+  AppendQuotedKey(out, "{\"name\":", SheetName(block, layout, context));
+  if (layout != nullptr) {
+    AppendPlotSettings(out, *layout);
+  }
+  JsonList entities(out, ",\"entities\":[");
+  AppendSheetEntities(entities, block, context);
+  if (entities.IsEmpty()) {
+    out.Truncate(start);
+    return;
+  }
+  entities.Close();
+  out += '}';
+}
+
 }  // namespace
 
-void AppendLayouts(JsonOut& out, EntityContext& context, bool debug) {
-  bool first = true;
+void AppendLayouts(JsonOut& out, const EntityContext& context) {
+  JsonList list(out);
   for (const Handle block : context.tables.paperSpaces) {
-    const std::size_t start = out.size();
-    if (!first) {
-      out += ',';
-    }
-    const Dwg_Object_LAYOUT* layout = LayoutOf(block, context.tables);
-    AppendQuotedKey(out, "{\"name\":", SheetName(block, layout, context));
-    if (layout != nullptr) {
-      AppendPlotSettings(out, *layout);
-    }
-    out += ",\"entities\":[";
-    if (!AppendSheetEntities(out, block, context, debug)) {
-      out.Truncate(start);
-      continue;
-    }
-    first = false;
-    out += "]}";
+    list.Item([&] { AppendSheet(out, block, context); });
   }
+  list.Close();
 }

@@ -1,12 +1,9 @@
 // The document's `entities` array: what stands in model space.
 #pragma once
 
-#include <dwg.h>
-
+#include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
 // Appends the entities of the model-space block and then those without an
-// owner, each block reference followed by its attributes, without the array's
-// brackets. `dwg` is the context's drawing; the library may cache a reference
-// in it.
-void AppendModelSpace(JsonOut& out, Dwg_Data& dwg, EntityContext& context, bool debug);
+// owner, each block reference followed by its attributes.
+void AppendModelSpace(JsonOut& out, const EntityContext& context);

@@ -1,66 +1,40 @@
 #include "document/prepass.hpp"
 
-#include <algorithm>
+#include <cstddef>
 #include <span>
-#include <string_view>
-#include <system_error>
+#include <string>
 #include <utility>
 
-#include "encode/color.hpp"
+#include "document/pdf_files.hpp"
 #include "encode/font_mapping.hpp"
-#include "encode/numbers.hpp"
 #include "encode/text_decoding.hpp"
+#include "entities/block_names.hpp"
+#include "entities/color.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/stored_flags.hpp"
 #include "entities/walk_entities.hpp"
 
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr std::string_view kModelSpace = "*Model_Space";
-constexpr std::string_view kPaperSpace = "*Paper_Space";
-
-// A text that is no valid path on this platform gives an empty one.
-fs::path PathOf(std::string_view utf8) try {
-  return {std::u8string(utf8.begin(), utf8.end())};
-} catch (const std::exception&) {
-  return {};
-}
-
-std::string Utf8Of(const fs::path& path) try {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-} catch (const std::exception&) {
-  return {};
-}
-
-bool Exists(const fs::path& path) {
-  std::error_code error;
-  return !path.empty() && fs::exists(path, error);
-}
-
-std::string ResolvePdf(const std::string& declaredPath, const fs::path& drawingFolder) {
-  if (Exists(PathOf(declaredPath))) {
-    return declaredPath;
+// What polylines are written with.
+bool IsPolylinePart(const Dwg_Object& object) {
+  switch (object.fixedtype) {
+    case DWG_TYPE_SEQEND:
+    case DWG_TYPE_VERTEX_2D:
+    case DWG_TYPE_VERTEX_3D:
+    case DWG_TYPE_VERTEX_MESH: return true;
+    default: return false;
   }
-  const fs::path fileName = PathOf(FileNameComponent(declaredPath));
-  if (drawingFolder.empty() || fileName.empty()) {
-    return {};
-  }
-  const fs::path beside = drawingFolder / fileName;
-  return Exists(beside) ? Utf8Of(beside) : std::string{};
 }
 
 class Prepass {
  public:
-  Prepass(bool unicodeText, const fs::path& drawingFolder)
-      : unicodeText_(unicodeText), drawingFolder_(drawingFolder) {}
+  explicit Prepass(const Drawing& drawing) : drawing_(drawing) {}
 
   void Add(const Dwg_Object& object) {
     const Handle handle = object.handle.value;
     switch (object.fixedtype) {
-      case DWG_TYPE_LAYER: AddLayer(handle, ObjectData(object, &ObjectTio::LAYER)); break;
+      case DWG_TYPE_LAYER: AddLayer(object, ObjectData(object, &ObjectTio::LAYER)); break;
       case DWG_TYPE_STYLE: AddStyle(handle, ObjectData(object, &ObjectTio::STYLE)); break;
       case DWG_TYPE_DIMSTYLE: AddDimStyle(handle, ObjectData(object, &ObjectTio::DIMSTYLE)); break;
       case DWG_TYPE_IMAGEDEF: AddImageDef(handle, ObjectData(object, &ObjectTio::IMAGEDEF)); break;
@@ -74,9 +48,7 @@ class Prepass {
       case DWG_TYPE_VIEWPORT: AddClipBoundary(EntityData(object, &EntityTio::VIEWPORT)); break;
       default: break;
     }
-    if (IsEntity(object)) {
-      AddEntity(object);
-    }
+    AddEntity(object);
   }
 
   // Room for so many objects.
@@ -88,11 +60,16 @@ class Prepass {
   }
 
  private:
-  std::string Decode(const char* text) const { return DecodeText(unicodeText_, text); }
+  std::string Decode(const char* text) const {
+    return std::string(DecodeText(drawing_.textForm, text));
+  }
 
-  void AddLayer(Handle handle, const Dwg_Object_LAYER* layer) {
+  // The layers section has a record for those whose raw type says so, too.
+  void AddLayer(const Dwg_Object& object, const Dwg_Object_LAYER* layer) {
     if (layer != nullptr && layer->name != nullptr) {
-      tables_.layerNames[handle] = Decode(layer->name);
+      const auto* record = TableRecord(object, DWG_TYPE_LAYER, &ObjectTio::LAYER);
+      tables_.layers.Add(object.handle.value,
+                         LayerEntry(DecodeText(drawing_.textForm, layer->name), record));
     }
   }
 
@@ -140,7 +117,7 @@ class Prepass {
     }
     const std::string path = Decode(definition->filename);
     if (!path.empty()) {
-      tables_.pdfDefs[handle] = {.resolvedPath = ResolvePdf(path, drawingFolder_),
+      tables_.pdfDefs[handle] = {.resolvedPath = ResolvePdf(path, drawing_.folder),
                                  .declaredPath = path,
                                  .page = PdfPage(Decode(definition->name))};
     }
@@ -151,9 +128,9 @@ class Prepass {
       return;
     }
     const std::string& name = tables_.blockNames[handle] = Decode(block->name);
-    if (name == kModelSpace) {
+    if (name == kModelSpaceName) {
       tables_.modelSpace = handle;
-    } else if (name.starts_with(kPaperSpace) && paperSpaces_.insert(handle).second) {
+    } else if (name.starts_with(kPaperSpaceName) && paperSpaces_.insert(handle).second) {
       tables_.paperSpaces.push_back(handle);
     }
   }
@@ -173,28 +150,32 @@ class Prepass {
   }
 
   void AddEntity(const Dwg_Object& object) {
-    switch (object.fixedtype) {
-      case DWG_TYPE_SEQEND:
-      case DWG_TYPE_VERTEX_2D:
-      case DWG_TYPE_VERTEX_3D:
-      case DWG_TYPE_VERTEX_MESH: return;
-      default: break;
-    }
-    if (object.tio.entity == nullptr) {
+    const Dwg_Object_Entity* entity = EntityOf(object);
+    if (entity == nullptr || IsPolylinePart(object)) {
       return;
     }
-    tables_.entitiesByOwner.Add(HandleOf(object.tio.entity->ownerhandle), object);
+    tables_.entitiesByOwner.Add(HandleOf(entity->ownerhandle), object);
   }
 
-  bool unicodeText_;
-  const fs::path& drawingFolder_;
+  const Drawing& drawing_;
   LookupTables tables_;
   HandleSet paperSpaces_;
 };
 
+// The library looks for the block through its BLOCK_CONTROL, which it takes to
+// have its data.
+Handle ModelSpaceByLibrary(Dwg_Data& dwg) {
+  for (const Dwg_Object& object : Objects(dwg)) {
+    if (object.fixedtype == DWG_TYPE_BLOCK_CONTROL &&
+        ObjectData(object, &ObjectTio::BLOCK_CONTROL) == nullptr) {
+      return 0;
+    }
+  }
+  return HandleOf(dwg_model_space_ref(&dwg));
+}
+
 const Dwg_Object_Entity* EntityAt(std::span<const Dwg_Object> objects, std::size_t position) {
-  return position < objects.size() && IsEntity(objects[position]) ? objects[position].tio.entity
-                                                                  : nullptr;
+  return position < objects.size() ? EntityOf(objects[position]) : nullptr;
 }
 
 // What leads to the owners of the entities some way ahead.
@@ -210,30 +191,17 @@ void PrefetchOwner(std::span<const Dwg_Object> objects, std::size_t position) {
 
 }  // namespace
 
-std::string FileNameComponent(std::string_view declaredPath) {
-  const std::size_t separator = declaredPath.find_last_of("/\\");
-  if (separator != std::string_view::npos) {
-    return std::string(declaredPath.substr(separator + 1));
-  }
-  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  if (declaredPath.size() >= 2 && isLetter(declaredPath[0]) && declaredPath[1] == ':') {
-    declaredPath.remove_prefix(2);
-  }
-  return std::string(declaredPath);
-}
-
-std::int32_t PdfPage(std::string_view name) {
-  return std::max(ParseInt32(name).value_or(1), 1);
-}
-
-LookupTables BuildLookupTables(const Dwg_Data& dwg, bool unicodeText,
-                               const std::filesystem::path& drawingFolder) {
-  Prepass prepass(unicodeText, drawingFolder);
-  const auto objects = Objects(dwg);
+LookupTables BuildLookupTables(const Drawing& drawing) {
+  Prepass prepass(drawing);
+  const auto objects = Objects(drawing.data);
   prepass.Reserve(objects.size());
   for (std::size_t i = 0; i < objects.size(); ++i) {
     PrefetchOwner(objects, i);
     prepass.Add(objects[i]);
   }
-  return prepass.Take();
+  LookupTables tables = prepass.Take();
+  if (tables.modelSpace == 0) {
+    tables.modelSpace = ModelSpaceByLibrary(drawing.data);
+  }
+  return tables;
 }

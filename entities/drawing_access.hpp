@@ -22,6 +22,12 @@ inline bool IsEntity(const Dwg_Object& object) {
   return object.supertype == DWG_SUPERTYPE_ENTITY;
 }
 
+// The data that entities of all types share; null when the object is no entity
+// or has none.
+inline Dwg_Object_Entity* EntityOf(const Dwg_Object& object) {
+  return IsEntity(object) ? object.tio.entity : nullptr;
+}
+
 // Whether the object is a block reference, single or arrayed.
 inline bool IsInsert(const Dwg_Object& object) {
   return object.fixedtype == DWG_TYPE_INSERT || object.fixedtype == DWG_TYPE_MINSERT;
@@ -31,14 +37,18 @@ inline bool IsInsert(const Dwg_Object& object) {
 // when the object is no entity or has none.
 using EntityTio = decltype(Dwg_Object_Entity::tio);
 template <typename T>
-const T* EntityData(const Dwg_Object& object, T* EntityTio::*member) {
-  if (!IsEntity(object) || object.tio.entity == nullptr) {
-    return nullptr;
-  }
-  return object.tio.entity->tio.*member;
+T* EntityData(const Dwg_Object& object, T* EntityTio::*member) {
+  const Dwg_Object_Entity* entity = EntityOf(object);
+  return entity == nullptr ? nullptr : entity->tio.*member;
 }
 
-// The same for table records and other objects that are not drawn.
+// The same of an entity that is known to have data, found by EntityData before.
+template <typename T>
+const T& KnownEntityData(const Dwg_Object& object, T* EntityTio::*member) {
+  return *(object.tio.entity->tio.*member);
+}
+
+// As EntityData for table records and other objects that are not drawn.
 using ObjectTio = decltype(Dwg_Object_Object::tio);
 template <typename T>
 T* ObjectData(const Dwg_Object& object, T* ObjectTio::*member) {
@@ -61,7 +71,12 @@ std::span<const T> SpanOf(const T* data, std::size_t count) {
   return data == nullptr ? std::span<const T>{} : std::span<const T>{data, count};
 }
 
-// The drawing's objects in stored order.
+// The drawing's objects in stored order; the second for the one step that
+// changes them.
 inline std::span<const Dwg_Object> Objects(const Dwg_Data& dwg) {
   return SpanOf<Dwg_Object>(dwg.object, dwg.num_objects);
+}
+inline std::span<Dwg_Object> MutableObjects(Dwg_Data& dwg) {
+  return dwg.object == nullptr ? std::span<Dwg_Object>{}
+                               : std::span<Dwg_Object>{dwg.object, dwg.num_objects};
 }

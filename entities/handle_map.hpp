@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -41,29 +40,6 @@ using HandleSet = std::unordered_set<Handle, HandleHash>;
 template <typename Value>
 class HandleMap {
  public:
-  using value_type = std::pair<Handle, Value>;
-  using const_iterator = typename std::vector<value_type>::const_iterator;
-  using iterator = const_iterator;
-
-  HandleMap() = default;
-  HandleMap(std::initializer_list<value_type> entries) {
-    for (const value_type& entry : entries) {
-      (*this)[entry.first] = entry.second;
-    }
-  }
-
-  const_iterator begin() const { return entries_.begin(); }
-  const_iterator end() const { return entries_.end(); }
-  std::size_t size() const { return entries_.size(); }
-  bool empty() const { return entries_.empty(); }
-
-  void clear() {
-    entries_.clear();
-    index_.clear();
-  }
-
-  bool contains(Handle key) const { return Find(key) != nullptr; }
-
   // The value under the key, null when there is none.
   const Value* Find(Handle key) const {
     if (entries_.empty()) {
@@ -106,7 +82,7 @@ class HandleMap {
     }
   }
 
-  std::vector<value_type> entries_;
+  std::vector<std::pair<Handle, Value>> entries_;
   std::vector<std::uint32_t> index_;  // position of the entry plus 1, 0 when free
   HandleHash hash_;
 };

@@ -3,39 +3,40 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
 
+#include "encode/fast/portable_math.hpp"
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "encode/portable_math.hpp"
 #include "entities/drawing_access.hpp"
-#include "entities/entity_context.hpp"
 #include "entities/hatch_debug.hpp"
 #include "entities/stored_flags.hpp"
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kAngleStep = kPi / 18;
+constexpr double kTwoPi = 2 * std::numbers::pi;
+constexpr double kAngleStep = std::numbers::pi / 18;
 constexpr double kMinSteps = 2;
 constexpr double kMaxSteps = 36;
 constexpr double kShortestChord = 1e-12;
 constexpr double kSmallestAngle = 1e-9;
 constexpr std::size_t kMinLoopPoints = 3;
 
-// The points of one boundary, written as they come.
+// The points of one boundary as one flat list, written as they come.
 class Loop {
  public:
-  explicit Loop(CoordinateCursor cursor) : cursor_(cursor) {}
+  explicit Loop(JsonOut& out) : coordinates_(out) {}
 
   void Add(double x, double y) {
-    AppendCoordinatePair(cursor_, x, y);
+    coordinates_.Pair(x, y);
     ++size_;
   }
 
+  void Close() { coordinates_.Close(); }
   std::size_t size() const { return size_; }
 
  private:
-  CoordinateCursor cursor_;
+  JsonList coordinates_;
   std::size_t size_ = 0;
 };
 
@@ -154,39 +155,37 @@ void AddEdges(Loop& loop, const Dwg_HATCH_Path& path) {
 }
 
 // A boundary of too few points is taken back.
-void AppendLoop(BracketCursor& loops, const Dwg_HATCH_Path& path) {
-  const std::size_t start = loops.out.size();
-  Loop loop(BeginBracketedItem(loops));
+void AppendLoop(JsonOut& out, const Dwg_HATCH_Path& path) {
+  const std::size_t start = out.size();
+  Loop loop(out);
   if (IsPolylinePath(path)) {
     AddPolyline(loop, path);
   } else {
     AddEdges(loop, path);
   }
   if (loop.size() < kMinLoopPoints) {
-    loops.out.Truncate(start);
+    out.Truncate(start);
   } else {
-    EndBracketedItem(loops);
+    loop.Close();
   }
 }
 
 }  // namespace
 
-void AppendHatchRecord(JsonOut& out, const Dwg_Entity_HATCH& hatch, std::string_view layer) {
+void AppendHatch(JsonOut& out, const Dwg_Entity_HATCH& hatch) {
   const auto paths = SpanOf(hatch.paths, hatch.num_paths);
   if (HatchDebugEnabled() && !paths.empty()) {
     DumpHatch(hatch);
   }
   const std::size_t start = out.size();
-  BeginRecord(out, "HATCH", layer);
   AppendBoolKey(out, ",\"solid\":", hatch.is_solid_fill != 0 || hatch.is_gradient_fill != 0);
-  out += ",\"loops\":[";
-  BracketCursor loops{out};
+  JsonList loops(out, ",\"loops\":[");
   for (const Dwg_HATCH_Path& path : paths) {
-    AppendLoop(loops, path);
+    loops.Item([&] { AppendLoop(out, path); });
   }
-  if (loops.count == 0) {
+  if (loops.IsEmpty()) {
     out.Truncate(start);
     return;
   }
-  out += "]}";
+  loops.Close();
 }

@@ -7,10 +7,8 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
 #include "encode/json_out.hpp"
 
 // Loops of fewer than three points are dropped; nothing without any loop.
 // Gradients count as solid fills.
-void AppendHatchRecord(JsonOut& out, const Dwg_Entity_HATCH& hatch, std::string_view layer);
+void AppendHatch(JsonOut& out, const Dwg_Entity_HATCH& hatch);

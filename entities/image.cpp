@@ -13,16 +13,15 @@ const Entry* FindDefinition(const HandleMap<Entry>& definitions, const Dwg_Objec
   return handle == 0 ? nullptr : definitions.Find(handle);
 }
 
-void WarnOfMissingPdf(const PdfEntry* entry, EntityContext& context) {
+void WarnOfMissingPdf(const PdfEntry* entry, const EntityContext& context) {
   const bool isDeclared = entry != nullptr && !entry->declaredPath.empty();
-  context.warnings.push_back("Skipped 1 PDFUNDERLAY: referenced PDF not found (" +
-                             (isDeclared ? entry->declaredPath : "unknown path") + ")");
+  context.Warn("Skipped 1 PDFUNDERLAY: referenced PDF not found (" +
+               (isDeclared ? entry->declaredPath : "unknown path") + ")");
 }
 
 }  // namespace
 
-void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_view layer,
-                       EntityContext& context) {
+void AppendImage(JsonOut& out, const Dwg_Entity_IMAGE& image, const EntityContext& context) {
   const bool isShown = (image.display_props & kShowImage) != 0;
   if (!isShown || !(image.image_size.x > 0) || !(image.image_size.y > 0)) {
     return;
@@ -31,7 +30,6 @@ void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_
   if (path == nullptr || path->empty()) {
     return;
   }
-  BeginRecord(out, "IMAGE", layer);
   AppendQuotedKey(out, ",\"path\":", *path);
   AppendNumberKey(out, ",\"px0\":", image.pt0.x);
   AppendNumberKey(out, ",\"py0\":", image.pt0.y);
@@ -41,17 +39,15 @@ void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_
   AppendNumberKey(out, ",\"vy\":", image.vvec.y);
   AppendNumberKey(out, ",\"sw\":", image.image_size.x);
   AppendNumberKey(out, ",\"sh\":", image.image_size.y);
-  out += '}';
 }
 
-void AppendPdfUnderlayRecord(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
-                             std::string_view layer, EntityContext& context) {
+void AppendPdfUnderlay(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
+                       const EntityContext& context) {
   const PdfEntry* entry = FindDefinition(context.tables.pdfDefs, underlay.definition_id);
   if (entry == nullptr || entry->resolvedPath.empty()) {
     WarnOfMissingPdf(entry, context);
     return;
   }
-  BeginRecord(out, "PDFUNDERLAY", layer);
   AppendQuotedKey(out, ",\"path\":", entry->resolvedPath);
   AppendIntKey(out, ",\"page\":", entry->page);
   AppendNumberKey(out, ",\"ix\":", underlay.ins_pt.x);
@@ -59,5 +55,4 @@ void AppendPdfUnderlayRecord(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underla
   AppendNumberKey(out, ",\"sx\":", underlay.scale.x);
   AppendNumberKey(out, ",\"sy\":", underlay.scale.y);
   AppendNumberKey(out, ",\"angle\":", underlay.angle);
-  out += '}';
 }

@@ -4,15 +4,13 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
+#include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
 // Nothing, without a warning, when the image is hidden, has no size, or its
 // file is unknown.
-void AppendImageRecord(JsonOut& out, const Dwg_Entity_IMAGE& image, std::string_view layer,
-                       EntityContext& context);
+void AppendImage(JsonOut& out, const Dwg_Entity_IMAGE& image, const EntityContext& context);
 
 // Nothing, with a warning, when the PDF file was not found.
-void AppendPdfUnderlayRecord(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
-                             std::string_view layer, EntityContext& context);
+void AppendPdfUnderlay(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
+                       const EntityContext& context);

@@ -57,3 +57,12 @@ std::span<const Dwg_Object* const> EntitiesByOwner::Of(Handle owner) const {
   const std::size_t begin = *number == 1 ? 0 : ends_[*number - 2];
   return std::span(entities_).subspan(begin, ends_[*number - 1] - begin);
 }
+
+const double* LookupTables::FixedTextHeight(Handle style) const {
+  return style == 0 ? nullptr : textStyles.Find(style);
+}
+
+std::string_view LookupTables::FontFamily(Handle style) const {
+  const std::string* family = style == 0 ? nullptr : styleFonts.Find(style);
+  return family == nullptr ? std::string_view{} : *family;
+}

@@ -9,10 +9,12 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
+#include "entities/layer_table.hpp"
 
 // What a dimension style says about drawing its dimensions. The colour texts
 // are JSON, empty when the colour is inherited.
@@ -51,7 +53,6 @@ class EntitiesByOwner {
   void Finish();
 
   std::span<const Dwg_Object* const> Of(Handle owner) const;
-  bool empty() const { return entities_.empty(); }
 
  private:
   // Neighbours of one owner, in object order.
@@ -72,7 +73,7 @@ class EntitiesByOwner {
 };
 
 struct LookupTables {
-  HandleMap<std::string> layerNames;
+  LayerTable layers;
   HandleMap<double> textStyles;  // fixed text height, 0 when the style has none
   HandleMap<std::string> styleFonts;
   HandleMap<DimStyleEntry> dimStyles;
@@ -84,6 +85,12 @@ struct LookupTables {
   HandleMap<const Dwg_Object_LAYOUT*> layoutsByBlock;
   HandleSet clipBoundaries;
   EntitiesByOwner entitiesByOwner;
+
+  // The fixed height of a text style, 0 when it has none; null without a style.
+  const double* FixedTextHeight(Handle style) const;
+
+  // The family of a text style, empty when there is none.
+  std::string_view FontFamily(Handle style) const;
 
   // The entities under an owner, in object order; none for an unknown one.
   std::span<const Dwg_Object* const> OwnedBy(Handle owner) const {

@@ -4,24 +4,20 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
+#include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
 // Missing bulges are 0. Nothing without points.
-void AppendLwPolylineRecord(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline,
-                            std::string_view layer);
+void AppendLwPolyline(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline);
 
 // The vertices are the objects that follow the polyline in the drawing's
 // object array, up to the first SEQEND or object that is no entity; consumers
 // depend on that order, whatever vertices the polyline itself names. Spline
 // frame control points count only when there is nothing else. Nothing without
 // vertices.
-void AppendPolyline2dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
-                            std::string_view layer, EntityContext& context,
-                            const Dwg_Object& object);
+void AppendPolyline2d(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
+                      const EntityContext& context, const EntityOrigin& origin);
 
 // As above, with every three-dimensional vertex.
-void AppendPolyline3dRecord(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
-                            std::string_view layer, EntityContext& context,
-                            const Dwg_Object& object);
+void AppendPolyline3d(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
+                      const EntityContext& context, const EntityOrigin& origin);

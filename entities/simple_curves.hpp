@@ -6,18 +6,16 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
 #include "encode/json_out.hpp"
 
-void AppendLineRecord(JsonOut& out, const Dwg_Entity_LINE& line, std::string_view layer);
-void AppendPointRecord(JsonOut& out, const Dwg_Entity_POINT& point, std::string_view layer);
-void AppendRayRecord(JsonOut& out, const Dwg_Entity_RAY& ray, std::string_view layer);
-void AppendXlineRecord(JsonOut& out, const Dwg_Entity_XLINE& xline, std::string_view layer);
-void AppendCircleRecord(JsonOut& out, const Dwg_Entity_CIRCLE& circle, std::string_view layer);
-void AppendArcRecord(JsonOut& out, const Dwg_Entity_ARC& arc, std::string_view layer);
+void AppendLine(JsonOut& out, const Dwg_Entity_LINE& line);
+void AppendPoint(JsonOut& out, const Dwg_Entity_POINT& point);
+void AppendRay(JsonOut& out, const Dwg_Entity_RAY& ray);
+void AppendXline(JsonOut& out, const Dwg_Entity_XLINE& xline);
+void AppendCircle(JsonOut& out, const Dwg_Entity_CIRCLE& circle);
+void AppendArc(JsonOut& out, const Dwg_Entity_ARC& arc);
 
 // `semiMajor` is the three-dimensional length of the major axis, of which only
 // the X and Y components are written; consumers take the length from it and
 // the direction from them.
-void AppendEllipseRecord(JsonOut& out, const Dwg_Entity_ELLIPSE& ellipse, std::string_view layer);
+void AppendEllipse(JsonOut& out, const Dwg_Entity_ELLIPSE& ellipse);

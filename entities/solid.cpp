@@ -1,7 +1,6 @@
 #include "entities/solid.hpp"
 
-#include "encode/json_text.hpp"
-#include "entities/entity_context.hpp"
+#include "encode/json_list.hpp"
 
 namespace {
 
@@ -16,15 +15,13 @@ bool Coincide(const BITCODE_2RD& a, const BITCODE_2RD& b) {
 
 }  // namespace
 
-void AppendSolidRecord(JsonOut& out, const Dwg_Entity_SOLID& solid, std::string_view layer) {
-  BeginRecord(out, "SOLID", layer);
-  out += ",\"pts\":[";
-  ListCursor points{out};
-  AppendPoint(points, solid.corner1.x, solid.corner1.y);
-  AppendPoint(points, solid.corner2.x, solid.corner2.y);
+void AppendSolid(JsonOut& out, const Dwg_Entity_SOLID& solid) {
+  JsonList points(out, ",\"pts\":[");
+  points.Point(solid.corner1.x, solid.corner1.y);
+  points.Point(solid.corner2.x, solid.corner2.y);
   if (!Coincide(solid.corner3, solid.corner4)) {
-    AppendPoint(points, solid.corner4.x, solid.corner4.y);
+    points.Point(solid.corner4.x, solid.corner4.y);
   }
-  AppendPoint(points, solid.corner3.x, solid.corner3.y);
-  out += "]}";
+  points.Point(solid.corner3.x, solid.corner3.y);
+  points.Close();
 }

@@ -3,10 +3,8 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
 #include "encode/json_out.hpp"
 
 // The corners in outline order (the format stores them in zig-zag order); the
 // fourth is left out when it coincides with the third.
-void AppendSolidRecord(JsonOut& out, const Dwg_Entity_SOLID& solid, std::string_view layer);
+void AppendSolid(JsonOut& out, const Dwg_Entity_SOLID& solid);

@@ -3,7 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/nurbs.hpp"
@@ -25,28 +31,26 @@ void AppendTangent(JsonOut& out, std::string_view key, const BITCODE_3BD& tangen
   if (!(std::sqrt(tangent.x * tangent.x + tangent.y * tangent.y) > kShortestTangent)) {
     return;
   }
-  out += key;
-  ListCursor point{out};
-  AppendPoint(point, tangent.x, tangent.y);
+  JsonList point(out, key);
+  point.Pair(tangent.x, tangent.y);
+  point.Close();
 }
 
-void BeginSpline(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer) {
-  BeginRecord(out, "SPLINE", layer);
+// Every spline is written by points that it passes through.
+JsonList BeginPoints(JsonOut& out, const Dwg_Entity_SPLINE& spline) {
   AppendBoolKey(out, ",\"closed\":", spline.closed_b != 0);
-  out += ",\"fit_pts\":[";
+  return JsonList(out, ",\"fit_pts\":[");
 }
 
-void AppendFitPointRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                          std::span<const BITCODE_3DPOINT> fitPoints) {
-  BeginSpline(out, spline, layer);
-  ListCursor points{out};
+void AppendFitPoints(JsonOut& out, const Dwg_Entity_SPLINE& spline,
+                     std::span<const BITCODE_3DPOINT> fitPoints) {
+  JsonList points = BeginPoints(out, spline);
   for (const BITCODE_3DPOINT& point : fitPoints) {
-    AppendPoint(points, point.x, point.y);
+    points.Point(point.x, point.y);
   }
-  out += ']';
-  AppendTangent(out, ",\"beg_tan\":", spline.beg_tan_vec);
-  AppendTangent(out, ",\"end_tan\":", spline.end_tan_vec);
-  out += '}';
+  points.Close();
+  AppendTangent(out, ",\"beg_tan\":[", spline.beg_tan_vec);
+  AppendTangent(out, ",\"end_tan\":[", spline.end_tan_vec);
 }
 
 std::vector<ControlPoint> ControlPoints(std::span<const Dwg_SPLINE_control_point> stored) {
@@ -64,7 +68,7 @@ bool IsTooCostly(std::size_t degree, std::size_t samples) {
 }
 
 // `samples` points from the start of the range to its end, both included.
-void AppendSamples(ListCursor& list, NurbsCurve& curve, double start, double range,
+void AppendSamples(JsonList& list, NurbsCurve& curve, double start, double range,
                    std::size_t samples) {
   std::array<double, kSamplesAtOnce> parameters;
   std::array<CurvePoint, kSamplesAtOnce> points;
@@ -76,14 +80,14 @@ void AppendSamples(ListCursor& list, NurbsCurve& curve, double start, double ran
     }
     curve.PointsAt(std::span(parameters).first(count), points);
     for (const CurvePoint& point : std::span(points).first(count)) {
-      AppendPoint(list, point.x, point.y);
+      list.Point(point.x, point.y);
     }
   }
 }
 
-void AppendSampledRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                         std::span<const double> knots,
-                         std::span<const Dwg_SPLINE_control_point> controlPoints) {
+void AppendSampledCurve(JsonOut& out, const Dwg_Entity_SPLINE& spline,
+                        std::span<const double> knots,
+                        std::span<const Dwg_SPLINE_control_point> controlPoints) {
   const std::size_t degree = spline.degree;
   const double start = knots[degree];
   const double range = knots[knots.size() - 1 - degree] - start;
@@ -93,40 +97,39 @@ void AppendSampledRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::str
   }
   NurbsCurve curve(degree, knots, ControlPoints(controlPoints),
                    spline.rational != 0 || spline.weighted != 0);
-  BeginSpline(out, spline, layer);
-  ListCursor points{out};
+  JsonList points = BeginPoints(out, spline);
   AppendSamples(points, curve, start, range, samples);
-  out += "]}";
+  points.Close();
 }
 
-void Skip(EntityContext& context, std::string_view kind, std::string_view layer,
+void Skip(const EntityContext& context, std::string_view kind, std::string_view layer,
           std::string_view reason) {
   std::string warning = "Skipped ";
   warning += kind;
   warning += " SPLINE on layer ";
   warning += layer;
   warning += reason;
-  context.warnings.push_back(std::move(warning));
+  context.Warn(std::move(warning));
 }
 
 }  // namespace
 
-void AppendSplineRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                        EntityContext& context) {
+void AppendSpline(JsonOut& out, const Dwg_Entity_SPLINE& spline, const EntityContext& context,
+                  const EntityOrigin& origin) {
   const auto fitPoints = SpanOf(spline.fit_pts, spline.num_fit_pts);
   if (!fitPoints.empty()) {
-    AppendFitPointRecord(out, spline, layer, fitPoints);
+    AppendFitPoints(out, spline, fitPoints);
     return;
   }
   const auto controlPoints = SpanOf(spline.ctrl_pts, spline.num_ctrl_pts);
   const auto knots = SpanOf(spline.knots, spline.num_knots);
   if (controlPoints.empty() || knots.empty()) {
-    Skip(context, "degenerate", layer, " (no fit_pts and no ctrl_pts)");
+    Skip(context, "degenerate", origin.layer, " (no fit_pts and no ctrl_pts)");
     return;
   }
   if (knots.size() < controlPoints.size() + spline.degree + 1) {
-    Skip(context, "malformed", layer, " (num_knots < num_ctrl_pts + degree + 1)");
+    Skip(context, "malformed", origin.layer, " (num_knots < num_ctrl_pts + degree + 1)");
     return;
   }
-  AppendSampledRecord(out, spline, layer, knots, controlPoints);
+  AppendSampledCurve(out, spline, knots, controlPoints);
 }

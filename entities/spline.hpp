@@ -4,8 +4,7 @@
 
 #include <dwg.h>
 
-#include <string_view>
-
+#include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
 // The fit-point form carries the end tangents that are not zero; the sampled
@@ -14,5 +13,5 @@
 // warning; one with an empty parameter range gives nothing. So does one of a
 // degree so high that evaluating it would take longer than its stored points
 // justify.
-void AppendSplineRecord(JsonOut& out, const Dwg_Entity_SPLINE& spline, std::string_view layer,
-                        EntityContext& context);
+void AppendSpline(JsonOut& out, const Dwg_Entity_SPLINE& spline, const EntityContext& context,
+                  const EntityOrigin& origin);

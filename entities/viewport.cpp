@@ -1,12 +1,17 @@
 #include "entities/viewport.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
 
+#include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/hatch_debug.hpp"
 #include "entities/stored_flags.hpp"
+#include "entities/writer_memory.hpp"
 
 namespace {
 
@@ -33,16 +38,14 @@ void AppendView(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport) {
 
 void AppendFrozenLayers(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport,
                         const LookupTables& tables) {
-  out += ",\"frozenLayers\":[";
-  ListCursor names{out};
-  for (const Dwg_Object_Ref* layer : SpanOf(viewport.frozen_layers, viewport.num_frozen_layers)) {
-    const std::string* name =
-        layer == nullptr ? nullptr : tables.layerNames.Find(layer->absolute_ref);
-    if (name != nullptr) {
-      AppendListQuoted(names, *name);
+  JsonList names(out, ",\"frozenLayers\":[");
+  for (const Dwg_Object_Ref* reference :
+       SpanOf(viewport.frozen_layers, viewport.num_frozen_layers)) {
+    if (const LayerEntry* layer = tables.layers.Find(reference)) {
+      names.Item([&] { out += layer->quoted; });
     }
   }
-  out += ']';
+  names.Close();
 }
 
 // The entity that clips the viewport, null when there is none to be written.
@@ -68,26 +71,27 @@ bool IsCostly(const Dwg_Object& clip) {
 }
 
 // Remembered only when it warned of nothing: a warning counts every time.
-void AppendCostlyClip(JsonOut& out, const Dwg_Object& clip, EntityContext& context) {
-  if (const auto known = context.clipRecords.find(&clip); known != context.clipRecords.end()) {
+void AppendCostlyClip(JsonOut& out, const Dwg_Object& clip, const EntityContext& context) {
+  auto& records = context.memory.clips.records;
+  if (const auto known = records.find(&clip); known != records.end()) {
     out += known->second;
     return;
   }
-  const std::size_t warnings = context.warnings.size();
+  const std::size_t warnings = context.findings.warnings.size();
   JsonOut record;
   convertEntity(record, clip, context);
   std::string text = record.Text();
   out += text;
-  if (context.warnings.size() == warnings) {
-    context.clipRecords[&clip] = std::move(text);
+  if (context.findings.warnings.size() == warnings) {
+    records[&clip] = std::move(text);
   }
 }
 
 // Converting a clip outline is the converter's only recursion. A viewport whose
 // conversion is under way is not entered again, and the depth is bounded.
 void AppendClip(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
-                EntityContext& context) {
-  auto& open = context.openViewports;
+                const EntityContext& context) {
+  auto& open = context.memory.clips.openViewports;
   const Dwg_Object* clip = ClipEntity(viewport, object, context);
   if (clip == nullptr || open.size() >= kMaxClipDepth ||
       std::find(open.begin(), open.end(), clip) != open.end()) {
@@ -110,14 +114,12 @@ void AppendClip(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, const Dwg_Obj
 
 }  // namespace
 
-void AppendViewportRecord(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, std::string_view layer,
-                          EntityContext& context, const Dwg_Object& object) {
+void AppendViewport(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport, const EntityContext& context,
+                    const EntityOrigin& origin) {
   if (viewport.id == kOverallViewportId || !(viewport.width > 0) || !(viewport.height > 0)) {
     return;
   }
-  BeginRecord(out, "VIEWPORT", layer);
   AppendView(out, viewport);
   AppendFrozenLayers(out, viewport, context.tables);
-  AppendClip(out, viewport, object, context);
-  out += '}';
+  AppendClip(out, viewport, origin.object, context);
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -33,12 +34,14 @@ class AssetsTest : public testing::Test {
            R"(,"y":0,"color":"L","lw":"L"})";
   }
 
-  std::string Assets(bool debug = false) {
+  // From the tables as they are.
+  std::string WrittenAssets(bool verbose = false) {
+    return Inside(Written(AppendAssets, drawing_.Context(verbose)));
+  }
+
+  std::string Assets(bool verbose = false) {
     drawing_.Prepass();
-    EntityContext context = drawing_.Context();
-    JsonOut out;
-    AppendAssets(out, context, debug);
-    return out.Text();
+    return WrittenAssets(verbose);
   }
 
   TestDrawing drawing_;
@@ -102,10 +105,7 @@ TEST_F(AssetsTest, BlockOfTheWrongSupertypeIsLeftOut) {
   AddBlock(0x20, "DOOR");
   drawing_.last().supertype = DWG_SUPERTYPE_ENTITY;
   drawing_.tables.blockNames[0x20] = "DOOR";
-  EntityContext context = drawing_.Context();
-  JsonOut out;
-  AppendAssets(out, context, false);
-  EXPECT_EQ(out, "");
+  EXPECT_EQ(WrittenAssets(), "");
 }
 
 TEST_F(AssetsTest, DataOfAnotherTypeIsNeverReadAsABlock) {
@@ -115,14 +115,11 @@ TEST_F(AssetsTest, DataOfAnotherTypeIsNeverReadAsABlock) {
   EXPECT_EQ(Assets(), "");
 }
 
-TEST_F(AssetsTest, NameOfTheTableGoesBeforeTheNameOfTheRecord) {
+TEST_F(AssetsTest, NamesAreThoseOfTheTable) {
   AddBlock(0x20, "RECORD");
-  AddBlock(0x21, "LEFT");
+  AddBlock(0x21, "LEFT OUT");
   drawing_.tables.blockNames[0x20] = "TABLE";
-  EntityContext context = drawing_.Context();
-  JsonOut out;
-  AppendAssets(out, context, false);
-  EXPECT_EQ(out, R"({"name":"TABLE","entities":[]},{"name":"LEFT","entities":[]})");
+  EXPECT_EQ(WrittenAssets(), R"({"name":"TABLE","entities":[]})");
 }
 
 TEST_F(AssetsTest, BasePointAtTheOriginIsLeftOut) {

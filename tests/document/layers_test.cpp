@@ -18,11 +18,11 @@ class Layers : public testing::Test {
     return layer;
   }
 
-  std::string Write(bool debug = false) {
-    JsonOut out;
-    AppendLayers(out, drawing_.data(), drawing_.unicodeText, debug);
-    return out.Text();
+  static std::string Write(TestDrawing& drawing, bool verbose) {
+    drawing.Prepass();
+    return Inside(Written(AppendLayers, drawing.Context(verbose)));
   }
+  std::string Write(bool verbose = false) { return Write(drawing_, verbose); }
 
   // The colour of the only layer, which the case gives its fields.
   std::string ColorOf(int index, std::uint32_t word) {
@@ -31,7 +31,7 @@ class Layers : public testing::Test {
     layer.name = drawing.Text("A");
     layer.color.index = static_cast<BITCODE_BSd>(index);
     layer.color.rgb = word;
-    const std::string out = Written(AppendLayers, drawing.data(), false, false);
+    const std::string out = Write(drawing, false);
     const std::size_t start = out.find("\"color\":") + 8;
     return out.substr(start, out.find('}') + 1 - start);
   }
@@ -95,7 +95,7 @@ TEST_F(Layers, EightBitNameIsDecodedAndQuoted) {
 TEST_F(Layers, SixteenBitNameIsDecoded) {
   auto& layer = Add("");
   layer.name = drawing_.Utf16(u"\u65E5\u672C");
-  drawing_.unicodeText = true;
+  drawing_.textForm = TextForm::kUtf16;
   EXPECT_EQ(Write().find("{\"name\":\"\xE6\x97\xA5\xE6\x9C\xAC\","), 0U);
 }
 
@@ -184,7 +184,7 @@ TEST_F(Layers, LineweightCodesFrom24OnAreByLayer) {
     auto& layer = drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER);
     layer.name = drawing.Text("A");
     layer.linewt = static_cast<BITCODE_RC>(code);
-    const std::string out = Written(AppendLayers, drawing.data(), false, false);
+    const std::string out = Write(drawing, false);
     EXPECT_NE(out.find(R"(},"lw":"L"})"), std::string::npos) << code;
   }
 }

@@ -6,6 +6,7 @@
 
 #include "tests/support/record_reader.hpp"
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -42,12 +43,14 @@ class LayoutsTest : public testing::Test {
            R"(,"y":0,"color":"L","lw":"L"})";
   }
 
-  std::string Layouts(bool debug = false) {
+  // From the tables as they are.
+  std::string WrittenLayouts(bool verbose = false) {
+    return Inside(Written(AppendLayouts, drawing_.Context(verbose)));
+  }
+
+  std::string Layouts(bool verbose = false) {
     drawing_.Prepass();
-    EntityContext context = drawing_.Context();
-    JsonOut out;
-    AppendLayouts(out, context, debug);
-    return out.Text();
+    return WrittenLayouts(verbose);
   }
 
   TestDrawing drawing_;
@@ -113,11 +116,14 @@ TEST_F(LayoutsTest, SheetOfNoKnownNameIsCalledLayout) {
   AddBlock(0x20, "*Paper_Space");
   AddPoint(1, 0x20);
   drawing_.Prepass();
-  drawing_.tables.blockNames.clear();
-  EntityContext context = drawing_.Context();
-  JsonOut out;
-  AppendLayouts(out, context, false);
-  EXPECT_EQ(out, R"({"name":"Layout","entities":[)" + Point(1) + "]}");
+  drawing_.tables.blockNames = {};
+  EXPECT_EQ(WrittenLayouts(), R"({"name":"Layout","entities":[)" + Point(1) + "]}");
+}
+
+TEST_F(LayoutsTest, SheetWithoutAHandleOwnsNothing) {
+  AddBlock(0, "*Paper_Space");
+  AddPoint(1, 0);
+  EXPECT_EQ(Layouts(), "");
 }
 
 TEST_F(LayoutsTest, EmptySheetIsLeftOut) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/support/test_drawing.hpp"
+#include "tests/support/written.hpp"
 
 namespace {
 
@@ -39,12 +40,9 @@ class ModelSpaceTest : public testing::Test {
            R"(,"y":0,"color":"L","lw":"L"})";
   }
 
-  std::string Entities(bool debug = false) {
+  std::string Entities(bool verbose = false) {
     drawing_.Prepass();
-    EntityContext context = drawing_.Context();
-    JsonOut out;
-    AppendModelSpace(out, drawing_.data(), context, debug);
-    return out.Text();
+    return Inside(Written(AppendModelSpace, drawing_.Context(verbose)));
   }
 
   // The types and tags of the records, in order.

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -24,7 +25,20 @@ std::vector<const Dwg_Object*> ListOf(std::span<const Dwg_Object* const> objects
 
 class Prepass : public testing::Test {
  protected:
-  void TearDown() override { SetEightBitIsUtf8(false); }
+  // The names of all layers in object order.
+  std::vector<std::string> LayerNames() {
+    std::vector<std::string> names;
+    for (const LayerEntry& layer : Run().layers.All()) {
+      names.push_back(layer.name);
+    }
+    return names;
+  }
+
+  // The name of the layer with that handle; none without one.
+  std::optional<std::string> LayerName(Handle handle) {
+    const LayerEntry* layer = drawing_.tables.layers.Find(drawing_.Ref(handle));
+    return layer == nullptr ? std::nullopt : std::optional(layer->name);
+  }
 
   const LookupTables& Run() {
     drawing_.Prepass();
@@ -53,8 +67,8 @@ class Prepass : public testing::Test {
 
 TEST_F(Prepass, EmptyDrawingFillsNothing) {
   const LookupTables& tables = Run();
-  EXPECT_TRUE(tables.layerNames.empty());
-  EXPECT_TRUE(tables.entitiesByOwner.empty());
+  EXPECT_TRUE(tables.layers.All().empty());
+  EXPECT_THAT(ListOf(tables.OwnedBy(Handle{0})), IsEmpty());
   EXPECT_EQ(tables.modelSpace, 0U);
   EXPECT_TRUE(tables.paperSpaces.empty());
 }
@@ -62,38 +76,44 @@ TEST_F(Prepass, EmptyDrawingFillsNothing) {
 TEST_F(Prepass, LayerNamesAreDecoded) {
   drawing_.AddLayer(0x10, "T\xFCr");
   drawing_.AddLayer(0x11, "");
-  EXPECT_THAT(Run().layerNames, UnorderedElementsAre(Pair(0x10, "T\xC3\xBCr"), Pair(0x11, "")));
+  EXPECT_THAT(LayerNames(), ElementsAre("T\xC3\xBCr", ""));
+  EXPECT_EQ(LayerName(0x10), "T\xC3\xBCr");
+  EXPECT_EQ(LayerName(0x11), "");
+  EXPECT_EQ(LayerName(0x12), std::nullopt);
 }
 
 TEST_F(Prepass, SixteenBitNamesAreDecoded) {
   auto& layer = drawing_.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, 0x10);
   layer.name = drawing_.Utf16(u"\u65E5");
-  drawing_.unicodeText = true;
-  EXPECT_THAT(Run().layerNames, ElementsAre(Pair(0x10, "\xE6\x97\xA5")));
+  drawing_.textForm = TextForm::kUtf16;
+  EXPECT_THAT(LayerNames(), ElementsAre("\xE6\x97\xA5"));
 }
 
 TEST_F(Prepass, NamesOfANewDxfAreCopied) {
-  SetEightBitIsUtf8(true);
+  drawing_.textForm = TextForm::kUtf8;
   drawing_.AddLayer(0x10, "T\xC3\xBCr");
-  EXPECT_THAT(Run().layerNames, ElementsAre(Pair(0x10, "T\xC3\xBCr")));
+  EXPECT_THAT(LayerNames(), ElementsAre("T\xC3\xBCr"));
 }
 
 TEST_F(Prepass, LayersWithoutDataOrNameAreLeftOut) {
   drawing_.AddBareObject(DWG_TYPE_LAYER, 0x10);
   drawing_.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, 0x11);
-  EXPECT_THAT(Run().layerNames, IsEmpty());
+  EXPECT_THAT(LayerNames(), IsEmpty());
 }
 
 TEST_F(Prepass, LaterObjectOverwritesTheEntryOfItsHandle) {
   drawing_.AddLayer(0x10, "first");
   drawing_.AddLayer(0x10, "second");
-  EXPECT_THAT(Run().layerNames, ElementsAre(Pair(0x10, "second")));
+  EXPECT_THAT(LayerNames(), ElementsAre("first", "second"));
+  EXPECT_EQ(LayerName(0x10), "second");
 }
 
 TEST_F(Prepass, GoesByTheFixedType) {
   drawing_.AddLayer(0x10, "A");
   drawing_.last().type = 500;
-  EXPECT_THAT(Run().layerNames, ElementsAre(Pair(0x10, "A")));
+  EXPECT_THAT(LayerNames(), ElementsAre("A"));
+  EXPECT_EQ(LayerName(0x10), "A");
+  EXPECT_EQ(drawing_.tables.layers.All().front().record, nullptr);
 }
 
 TEST_F(Prepass, TextStylesHaveTheirHeightAndMappedFont) {
@@ -101,23 +121,23 @@ TEST_F(Prepass, TextStylesHaveTheirHeightAndMappedFont) {
   style.text_size = 2.5;
   style.font_file = drawing_.Text("ROMANS.SHX");
   const LookupTables& tables = Run();
-  EXPECT_THAT(tables.textStyles, ElementsAre(Pair(0x20, 2.5)));
-  EXPECT_THAT(tables.styleFonts, ElementsAre(Pair(0x20, "Times New Roman")));
+  EXPECT_THAT(EntriesOf(tables.textStyles), ElementsAre(Pair(0x20, 2.5)));
+  EXPECT_THAT(EntriesOf(tables.styleFonts), ElementsAre(Pair(0x20, "Times New Roman")));
 }
 
 TEST_F(Prepass, TextStyleWithoutAFontFileHasAHeightOnly) {
   drawing_.AddObject(DWG_TYPE_STYLE, &ObjectTio::STYLE, 0x20);
   drawing_.AddObject(DWG_TYPE_STYLE, &ObjectTio::STYLE, 0x21).font_file = drawing_.Text("");
   const LookupTables& tables = Run();
-  EXPECT_THAT(tables.textStyles, UnorderedElementsAre(Pair(0x20, 0.0), Pair(0x21, 0.0)));
-  EXPECT_THAT(tables.styleFonts, IsEmpty());
+  EXPECT_THAT(EntriesOf(tables.textStyles), UnorderedElementsAre(Pair(0x20, 0.0), Pair(0x21, 0.0)));
+  EXPECT_THAT(EntriesOf(tables.styleFonts), IsEmpty());
 }
 
 TEST_F(Prepass, SixteenBitFontFileStartingWithAZeroByteIsNotEmpty) {
   auto& style = drawing_.AddObject(DWG_TYPE_STYLE, &ObjectTio::STYLE, 0x20);
   style.font_file = drawing_.Utf16(u"\u0100");
-  drawing_.unicodeText = true;
-  EXPECT_THAT(Run().styleFonts, ElementsAre(Pair(0x20, "\xC4\x80")));
+  drawing_.textForm = TextForm::kUtf16;
+  EXPECT_THAT(EntriesOf(Run().styleFonts), ElementsAre(Pair(0x20, "\xC4\x80")));
 }
 
 TEST_F(Prepass, DimensionStyleTakesEveryVariable) {
@@ -179,7 +199,7 @@ TEST_F(Prepass, DimensionStyleStartsWithUnsetDecimalsAndFactorOne) {
 
 TEST_F(Prepass, DimensionStyleWithoutDataIsLeftOut) {
   drawing_.AddBareObject(DWG_TYPE_DIMSTYLE, 0x30);
-  EXPECT_THAT(Run().dimStyles, IsEmpty());
+  EXPECT_THAT(EntriesOf(Run().dimStyles), IsEmpty());
 }
 
 TEST_F(Prepass, ImageDefinitionsHaveTheirPath) {
@@ -187,7 +207,7 @@ TEST_F(Prepass, ImageDefinitionsHaveTheirPath) {
   full.file_path = drawing_.Text("C:\\M\xE4rz.png");
   drawing_.AddObject(DWG_TYPE_IMAGEDEF, &ObjectTio::IMAGEDEF, 0x41).file_path = drawing_.Text("");
   drawing_.AddObject(DWG_TYPE_IMAGEDEF, &ObjectTio::IMAGEDEF, 0x42);
-  EXPECT_THAT(Run().imageDefs, ElementsAre(Pair(0x40, "C:\\M\xC3\xA4rz.png")));
+  EXPECT_THAT(EntriesOf(Run().imageDefs), ElementsAre(Pair(0x40, "C:\\M\xC3\xA4rz.png")));
 }
 
 TEST_F(Prepass, BlockNamesAreKeptByHandle) {
@@ -195,7 +215,8 @@ TEST_F(Prepass, BlockNamesAreKeptByHandle) {
   AddBlock(0x51, "");
   drawing_.AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, 0x52);
   drawing_.AddBareObject(DWG_TYPE_BLOCK_HEADER, 0x53);
-  EXPECT_THAT(Run().blockNames, UnorderedElementsAre(Pair(0x50, "DOOR"), Pair(0x51, "")));
+  EXPECT_THAT(EntriesOf(Run().blockNames),
+              UnorderedElementsAre(Pair(0x50, "DOOR"), Pair(0x51, "")));
 }
 
 TEST_F(Prepass, ModelSpaceIsTheBlockOfExactlyThatName) {
@@ -237,14 +258,14 @@ TEST_F(Prepass, LayoutsAreFoundByTheirBlock) {
   drawing_.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, 0x61).block_header = drawing_.Ref(0);
   drawing_.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, 0x62);
   drawing_.AddBareObject(DWG_TYPE_LAYOUT, 0x63);
-  EXPECT_THAT(Run().layoutsByBlock, ElementsAre(Pair(0x50, &layout)));
+  EXPECT_THAT(EntriesOf(Run().layoutsByBlock), ElementsAre(Pair(0x50, &layout)));
 }
 
 TEST_F(Prepass, LaterLayoutOfABlockReplacesTheEarlierOne) {
   drawing_.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, 0x60).block_header = drawing_.Ref(0x50);
   auto& later = drawing_.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, 0x61);
   later.block_header = drawing_.Ref(0x50);
-  EXPECT_THAT(Run().layoutsByBlock, ElementsAre(Pair(0x50, &later)));
+  EXPECT_THAT(EntriesOf(Run().layoutsByBlock), ElementsAre(Pair(0x50, &later)));
 }
 
 TEST_F(Prepass, ClipBoundariesNeedTheClippingBit) {
@@ -305,7 +326,7 @@ TEST_F(Prepass, VerticesAndEndMarkersAreLeftOut) {
        {DWG_TYPE_SEQEND, DWG_TYPE_VERTEX_2D, DWG_TYPE_VERTEX_3D, DWG_TYPE_VERTEX_MESH}) {
     drawing_.AddBareEntity(type, 0, 0x50);
   }
-  EXPECT_TRUE(Run().entitiesByOwner.empty());
+  EXPECT_THAT(ListOf(Run().OwnedBy(Handle{0x50})), IsEmpty());
 }
 
 TEST_F(Prepass, OtherFacesBlockMarkersAndUnknownTypesAreKept) {
@@ -319,7 +340,9 @@ TEST_F(Prepass, OtherFacesBlockMarkersAndUnknownTypesAreKept) {
 TEST_F(Prepass, EntitiesWithoutDataAndOtherObjectsAreLeftOut) {
   drawing_.AddBareEntity(DWG_TYPE_LINE, 0x01, 0x50).tio.entity = nullptr;
   drawing_.AddLayer(0x10, "A");
-  EXPECT_TRUE(Run().entitiesByOwner.empty());
+  Run();
+  EXPECT_THAT(ListOf(drawing_.tables.OwnedBy(Handle{0x50})), IsEmpty());
+  EXPECT_THAT(ListOf(drawing_.tables.OwnedBy(Handle{0})), IsEmpty());
 }
 
 TEST_F(Prepass, EntityCountsWithoutItsTypeData) {

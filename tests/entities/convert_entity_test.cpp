@@ -85,7 +85,7 @@ TEST_P(HandledTypeTest, WithoutItsDataIsNeitherWrittenNorReported) {
 INSTANTIATE_TEST_SUITE_P(EveryType, HandledTypeTest, testing::ValuesIn(kHandledTypes));
 
 TEST_F(ConvertEntityTest, LayerIsTakenFromTheTable) {
-  drawing_.tables.layerNames[0x10] = "WALLS";
+  drawing_.tables.layers.Add(0x10, LayerEntry("WALLS"));
   drawing_.AddEntity(DWG_TYPE_LINE, &EntityTio::LINE);
   drawing_.lastEntity().layer = drawing_.Ref(0x10);
   EXPECT_THAT(Convert(drawing_.last()), StartsWith(R"({"type":"LINE","layer":"WALLS",)"));
@@ -99,7 +99,7 @@ TEST_F(ConvertEntityTest, UnknownOrMissingLayerIsZero) {
 }
 
 TEST_F(ConvertEntityTest, LayerNameIsEscapedInTheRecordAndRawInAWarning) {
-  drawing_.tables.layerNames[0x10] = "a\"b\tc";
+  drawing_.tables.layers.Add(0x10, LayerEntry("a\"b\tc"));
   drawing_.AddEntity(DWG_TYPE_LINE, &EntityTio::LINE);
   drawing_.lastEntity().layer = drawing_.Ref(0x10);
   EXPECT_THAT(Convert(drawing_.last()), HasSubstr(R"("layer":"a\"b\tc",)"));
@@ -160,7 +160,7 @@ class EntityListTest : public testing::Test {
 
 TEST_F(EntityListTest, RecordsAreJoinedByCommasOverSeveralCalls) {
   EntityContext context = drawing_.Context();
-  EntityList list{out_};
+  JsonList list(out_, "");
   AppendEntity(list, AddPoint(1), context);
   AppendEntity(list, drawing_.AddBareEntity(DWG_TYPE_SEQEND), context);
   AppendEntity(list, AddPoint(2), context);
@@ -169,47 +169,56 @@ TEST_F(EntityListTest, RecordsAreJoinedByCommasOverSeveralCalls) {
 
 TEST_F(EntityListTest, DroppedFirstRecordLeavesNoComma) {
   EntityContext context = drawing_.Context();
-  EntityList list{out_};
+  JsonList list(out_, "");
   AppendEntity(list, drawing_.AddBareEntity(DWG_TYPE_LINE), context);
-  EXPECT_TRUE(list.first);
+  EXPECT_TRUE(list.IsEmpty());
   AppendEntity(list, AddPoint(2), context);
   EXPECT_EQ(out_, Point(2));
 }
 
 TEST_F(EntityListTest, DebugSwitchAddsTheColourKeys) {
-  EntityContext context = drawing_.Context();
-  EntityList list{out_, true};
+  EntityContext context = drawing_.Context(true);
+  JsonList list(out_, "");
   AppendEntity(list, AddPoint(1), context);
   EXPECT_EQ(out_, Point(1, R"(,"_dbg":{"color_index":256,"color_alpha_type":0,)"
                            R"("color_alpha":0,"color_alpha_raw":0})"));
 }
 
-TEST_F(EntityListTest, OwnedEntitiesComeInObjectOrder) {
+class OwnedEntitiesTest : public EntityListTest {
+ protected:
+  // A block reference with that handle, of a block without a name, which is not
+  // written itself, and what it owns.
+  std::string Attributes(Handle handle) {
+    drawing_.AddEntity(DWG_TYPE_INSERT, &EntityTio::INSERT, handle, 0x90);
+    drawing_.Prepass();
+    JsonList list(out_, "");
+    AppendEntityWithAttributes(list, drawing_.last(), drawing_.Context());
+    return out_.Text();
+  }
+};
+
+TEST_F(OwnedEntitiesTest, ComeInObjectOrder) {
   AddPoint(1, 0x20);
   AddPoint(2, 0x21);
   AddPoint(3, 0x20);
-  drawing_.Prepass();
-  EntityContext context = drawing_.Context();
-  EntityList list{out_};
-  AppendOwnedEntities(list, drawing_.AddBareObject(DWG_TYPE_BLOCK_HEADER, 0x20), context);
-  EXPECT_EQ(out_, Point(1) + "," + Point(3));
+  EXPECT_EQ(Attributes(0x20), Point(1) + "," + Point(3));
 }
 
-TEST_F(EntityListTest, OwnerWithoutAHandleOwnsNothing) {
+TEST_F(OwnedEntitiesTest, OwnerWithoutAHandleOwnsNothing) {
   AddPoint(1);
-  drawing_.Prepass();
-  EntityContext context = drawing_.Context();
-  EntityList list{out_};
-  AppendOwnedEntities(list, drawing_.AddBareObject(DWG_TYPE_BLOCK_HEADER), context);
-  EXPECT_EQ(out_, "");
+  EXPECT_EQ(Attributes(0), "");
 }
 
-TEST_F(EntityListTest, UnknownOwnerOwnsNothing) {
+TEST_F(OwnedEntitiesTest, UnknownOwnerOwnsNothing) {
+  EXPECT_EQ(Attributes(0x99), "");
+}
+
+TEST_F(OwnedEntitiesTest, EntityThatIsNoReferenceIsWrittenAlone) {
+  AddPoint(1, 0x20);
   drawing_.Prepass();
-  EntityContext context = drawing_.Context();
-  EntityList list{out_};
-  AppendOwnedEntities(list, drawing_.AddBareObject(DWG_TYPE_BLOCK_HEADER, 0x99), context);
-  EXPECT_EQ(out_, "");
+  JsonList list(out_, "");
+  AppendEntityWithAttributes(list, AddPoint(2, 0, 0x20), drawing_.Context());
+  EXPECT_EQ(out_, Point(2));
 }
 
 }  // namespace

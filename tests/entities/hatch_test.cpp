@@ -73,7 +73,7 @@ class HatchTest : public testing::Test {
   std::string Record() {
     hatch_.num_paths = static_cast<BITCODE_BL>(paths_.size());
     hatch_.paths = paths_.data();
-    return Written(AppendHatchRecord, hatch_, "0");
+    return drawing_.RecordOf(DWG_TYPE_HATCH, &EntityTio::HATCH, hatch_);
   }
 
   std::vector<double> Loops() { return NumbersOf(Record(), "loops"); }
@@ -92,12 +92,12 @@ class HatchTest : public testing::Test {
 };
 
 TEST_F(HatchTest, WithoutPathsIsNotWritten) {
-  EXPECT_EQ(Written(AppendHatchRecord, hatch_, "0"), "");
+  EXPECT_EQ(drawing_.RecordOf(DWG_TYPE_HATCH, &EntityTio::HATCH, hatch_), "");
 }
 
 TEST_F(HatchTest, CountsWithoutArraysAreEmpty) {
   hatch_.num_paths = 4'000'000'000;
-  EXPECT_EQ(Written(AppendHatchRecord, hatch_, "0"), "");
+  EXPECT_EQ(drawing_.RecordOf(DWG_TYPE_HATCH, &EntityTio::HATCH, hatch_), "");
   AddPath(2).num_segs_or_paths = 4'000'000'000;
   AddPath(0).num_segs_or_paths = 4'000'000'000;
   EXPECT_EQ(Record(), "");
@@ -354,6 +354,7 @@ class HatchSplineTest : public HatchTest {
     Dwg_HATCH_PathSeg segment{};
     segment.curve_type = 4;
     std::vector<Dwg_HATCH_ControlPoint> points;
+    points.reserve(control.size());
     for (const BITCODE_2RD& point : control) {
       points.push_back({nullptr, point, 1});
     }

@@ -26,10 +26,7 @@ class ImageTest : public testing::Test {
     image_.imagedef = drawing_.Ref(0x30);
   }
 
-  std::string Record() {
-    EntityContext context = drawing_.Context();
-    return Written(AppendImageRecord, image_, "0", context);
-  }
+  std::string Record() { return drawing_.RecordOf(DWG_TYPE_IMAGE, &EntityTio::IMAGE, image_); }
 
   TestDrawing drawing_;
   Dwg_Entity_IMAGE image_{};
@@ -92,8 +89,7 @@ class PdfUnderlayTest : public testing::Test {
   }
 
   std::string Record() {
-    EntityContext context = drawing_.Context();
-    return Written(AppendPdfUnderlayRecord, underlay_, "0", context);
+    return drawing_.RecordOf(DWG_TYPE_PDFUNDERLAY, &EntityTio::PDFUNDERLAY, underlay_);
   }
 
   TestDrawing drawing_;

@@ -14,9 +14,6 @@ using testing::IsEmpty;
 
 class InsertTest : public testing::Test {
  protected:
-  InsertTest() { SetInputIsDxf(false); }
-  ~InsertTest() override { SetInputIsDxf(false); }
-
   // A reference to a block of that name, at (0, 2, 3) with scale (1, 2, 3).
   template <typename Insert = Dwg_Entity_INSERT>
   Insert ReferenceTo(const std::string& name) {
@@ -30,13 +27,11 @@ class InsertTest : public testing::Test {
   }
 
   std::string Record(const Dwg_Entity_INSERT& insert) {
-    EntityContext context = drawing_.Context();
-    return Written(AppendInsertRecord, insert, "0", context);
+    return drawing_.RecordOf(DWG_TYPE_INSERT, &EntityTio::INSERT, insert);
   }
 
   std::string Record(const Dwg_Entity_MINSERT& insert) {
-    EntityContext context = drawing_.Context();
-    return Written(AppendArrayedInsertRecord, insert, "0", context);
+    return drawing_.RecordOf(DWG_TYPE_MINSERT, &EntityTio::MINSERT, insert);
   }
 
   TestDrawing drawing_;
@@ -46,26 +41,6 @@ TEST_F(InsertTest, IsWrittenWithThePlacementOfItsBlock) {
   EXPECT_EQ(Record(ReferenceTo("DOOR")),
             R"({"type":"INSERT","layer":"0","blockName":"DOOR","x":0,"y":2,)"
             R"("rotationRad":0.5,"scaleX":1,"scaleY":2,"scaleZ":3})");
-}
-
-TEST_F(InsertTest, DxfScaleEqualToTheInsertionPointIsOne) {
-  SetInputIsDxf(true);
-  EXPECT_THAT(Record(ReferenceTo("DOOR")), HasSubstr(R"("scaleX":1,"scaleY":1,"scaleZ":1})"));
-}
-
-TEST_F(InsertTest, DxfScaleThatDiffersIsKept) {
-  SetInputIsDxf(true);
-  Dwg_Entity_INSERT insert = ReferenceTo("DOOR");
-  insert.scale = {1, -2, 3.0000000001};
-  EXPECT_THAT(Record(insert), HasSubstr(R"("scaleX":1,"scaleY":-2,"scaleZ":3)"));
-}
-
-TEST_F(InsertTest, DxfScaleAlongXIsLeftAloneEvenWhenEqual) {
-  SetInputIsDxf(true);
-  Dwg_Entity_INSERT insert = ReferenceTo("DOOR");
-  insert.ins_pt.x = 5;
-  insert.scale.x = 5;
-  EXPECT_THAT(Record(insert), HasSubstr(R"("scaleX":5,)"));
 }
 
 TEST_F(InsertTest, WithoutABlockHeaderIsNotWritten) {
@@ -108,12 +83,6 @@ TEST_F(InsertTest, ArrayIsWrittenAsItsFirstCellWithAWarning) {
                             R"("rotationRad":0.5,"scaleX":1,"scaleY":2,"scaleZ":3})");
   EXPECT_THAT(drawing_.warnings,
               ElementsAre("MINSERT \"DOOR\" treated as single INSERT (grid not supported)"));
-}
-
-TEST_F(InsertTest, ArrayFromDxfFollowsTheScaleRuleToo) {
-  SetInputIsDxf(true);
-  EXPECT_THAT(Record(ReferenceTo<Dwg_Entity_MINSERT>("DOOR")),
-              HasSubstr(R"("scaleX":1,"scaleY":1,"scaleZ":1})"));
 }
 
 TEST_F(InsertTest, ArrayThatIsNotWrittenWarnsOfNothing) {

@@ -15,7 +15,6 @@
 namespace {
 
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 Dwg_Entity_LWPOLYLINE Through(std::vector<BITCODE_2RD>& points, std::vector<double>& bulges) {
   Dwg_Entity_LWPOLYLINE polyline{};
@@ -29,9 +28,10 @@ Dwg_Entity_LWPOLYLINE Through(std::vector<BITCODE_2RD>& points, std::vector<doub
 TEST(LwPolyline, MissingBulgesAreZero) {
   std::vector<BITCODE_2RD> points = {{0, 0}, {1, 0}, {1, 1}};
   std::vector<double> bulges = {0.5};
-  EXPECT_EQ(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
-            R"({"type":"LWPOLYLINE","layer":"0","closed":false,)"
-            R"("points":[[0,0],[1,0],[1,1]],"bulges":[0.5,0,0]})");
+  EXPECT_EQ(
+      TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, Through(points, bulges)),
+      R"({"type":"LWPOLYLINE","layer":"0","closed":false,)"
+      R"("points":[[0,0],[1,0],[1,1]],"bulges":[0.5,0,0]})");
 }
 
 TEST(LwPolyline, BulgesAreAllZeroWithoutAnArray) {
@@ -39,14 +39,16 @@ TEST(LwPolyline, BulgesAreAllZeroWithoutAnArray) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.num_bulges = 2;
-  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"), HasSubstr(R"("bulges":[0,0]})"));
+  EXPECT_THAT(TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, polyline),
+              HasSubstr(R"("bulges":[0,0]})"));
 }
 
 TEST(LwPolyline, BulgesBeyondThePointsAreLeftOut) {
   std::vector<BITCODE_2RD> points = {{0, 0}};
   std::vector<double> bulges = {0.25, 0.5, 0.75};
-  EXPECT_THAT(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
-              HasSubstr(R"("bulges":[0.25]})"));
+  EXPECT_THAT(
+      TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, Through(points, bulges)),
+      HasSubstr(R"("bulges":[0.25]})"));
 }
 
 TEST(LwPolyline, ClosedOneDoesNotRepeatItsFirstPoint) {
@@ -54,7 +56,7 @@ TEST(LwPolyline, ClosedOneDoesNotRepeatItsFirstPoint) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.flag = 512;
-  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"),
+  EXPECT_THAT(TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, polyline),
               HasSubstr(R"("closed":true,"points":[[0,0],[1,0],[1,1]],)"));
 }
 
@@ -63,24 +65,28 @@ TEST(LwPolyline, OtherFlagsDoNotCloseIt) {
   std::vector<double> bulges;
   Dwg_Entity_LWPOLYLINE polyline = Through(points, bulges);
   polyline.flag = static_cast<BITCODE_BS>(0xFFFF & ~512);
-  EXPECT_THAT(Written(AppendLwPolylineRecord, polyline, "0"), HasSubstr(R"("closed":false)"));
+  EXPECT_THAT(TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, polyline),
+              HasSubstr(R"("closed":false)"));
 }
 
 TEST(LwPolyline, OneWithoutPointsIsNotWritten) {
-  EXPECT_EQ(Written(AppendLwPolylineRecord, Dwg_Entity_LWPOLYLINE{}, "0"), "");
+  EXPECT_EQ(
+      TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, Dwg_Entity_LWPOLYLINE{}),
+      "");
 }
 
 TEST(LwPolyline, CountWithoutAnArrayIsNoPoints) {
   Dwg_Entity_LWPOLYLINE polyline{};
   polyline.num_points = 4'000'000'000;
-  EXPECT_EQ(Written(AppendLwPolylineRecord, polyline, "0"), "");
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, polyline), "");
 }
 
 TEST(LwPolyline, NonFiniteValuesAreWrittenAsZero) {
   std::vector<BITCODE_2RD> points = {{std::numeric_limits<double>::infinity(), 1}};
   std::vector<double> bulges = {std::numeric_limits<double>::quiet_NaN()};
-  EXPECT_THAT(Written(AppendLwPolylineRecord, Through(points, bulges), "0"),
-              HasSubstr(R"("points":[[0,1]],"bulges":[0]})"));
+  EXPECT_THAT(
+      TestDrawing().RecordOf(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE, Through(points, bulges)),
+      HasSubstr(R"("points":[[0,1]],"bulges":[0]})"));
 }
 
 class VertexWalkTest : public testing::Test {
@@ -239,14 +245,14 @@ std::string NaiveRecord(const Dwg_Data& dwg, const Dwg_Object& polyline) {
         object.tio.entity->tio.VERTEX_2D != nullptr) {
       const Dwg_Entity_VERTEX_2D& vertex = *object.tio.entity->tio.VERTEX_2D;
       const bool isFrame = (vertex.flag & 16) != 0;
-      (isFrame ? framePoints : points) +=
-          ",[" + JsonNumber(vertex.point.x) + "," + JsonNumber(vertex.point.y) + "]";
-      (isFrame ? frameBulges : bulges) += "," + JsonNumber(vertex.bulge);
+      (isFrame ? framePoints : points) += ",[" + Written(AppendNumber, vertex.point.x) + "," +
+                                          Written(AppendNumber, vertex.point.y) + "]";
+      (isFrame ? frameBulges : bulges) += "," + Written(AppendNumber, vertex.bulge);
     } else if (!isFlat && object.fixedtype == DWG_TYPE_VERTEX_3D &&
                object.tio.entity->tio.VERTEX_3D != nullptr) {
       const BITCODE_3BD& point = object.tio.entity->tio.VERTEX_3D->point;
-      points +=
-          ",[" + JsonNumber(point.x) + "," + JsonNumber(point.y) + "," + JsonNumber(point.z) + "]";
+      points += ",[" + Written(AppendNumber, point.x) + "," + Written(AppendNumber, point.y) + "," +
+                Written(AppendNumber, point.z) + "]";
     }
   }
   if (points.empty()) {

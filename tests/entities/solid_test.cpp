@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/written.hpp"
+#include "tests/support/test_drawing.hpp"
 
 #include <limits>
 
@@ -18,36 +18,38 @@ Dwg_Entity_SOLID Corners(BITCODE_2RD third, BITCODE_2RD fourth) {
 }
 
 TEST(Solid, ZigzagCornersAreWrittenInOutlineOrder) {
-  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {4, 3}), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, Corners({0, 3}, {4, 3})),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[4,3],[0,3]]})");
 }
 
 TEST(Solid, EqualThirdAndFourthCornerMakeATriangle) {
-  EXPECT_EQ(Written(AppendSolidRecord, Corners({2, 3}, {2, 3}), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, Corners({2, 3}, {2, 3})),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[2,3]]})");
 }
 
 TEST(Solid, CornersCloserThanTheLimitMakeATriangle) {
-  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {9e-11, 3}), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, Corners({0, 3}, {9e-11, 3})),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[0,3]]})");
 }
 
 TEST(Solid, CornersAtTheLimitStayApart) {
-  EXPECT_EQ(Written(AppendSolidRecord, Corners({0, 3}, {1.5e-10, 3}), "0"),
-            R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[1.5e-10,3],[0,3]]})");
+  EXPECT_EQ(
+      TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, Corners({0, 3}, {1.5e-10, 3})),
+      R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[1.5e-10,3],[0,3]]})");
 }
 
 TEST(Solid, OtherCoincidingCornersAreKept) {
   Dwg_Entity_SOLID solid = Corners({0, 3}, {4, 3});
   solid.corner2 = {0, 0};
-  EXPECT_EQ(Written(AppendSolidRecord, solid, "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, solid),
             R"({"type":"SOLID","layer":"0","pts":[[0,0],[0,0],[4,3],[0,3]]})");
 }
 
 TEST(Solid, NonFiniteCornersNeverCoincide) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(Written(AppendSolidRecord, Corners({kNaN, 3}, {kNaN, 3}), "0"),
-            R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[0,3],[0,3]]})");
+  EXPECT_EQ(
+      TestDrawing().RecordOf(DWG_TYPE_SOLID, &EntityTio::SOLID, Corners({kNaN, 3}, {kNaN, 3})),
+      R"({"type":"SOLID","layer":"0","pts":[[0,0],[4,0],[0,3],[0,3]]})");
 }
 
 }  // namespace

@@ -80,7 +80,8 @@ TEST_F(ViewportTest, OneWithoutSizeIsNotWritten) {
 }
 
 TEST_F(ViewportTest, FrozenLayersKeepTheirOrderAndLeaveOutUnknownOnes) {
-  drawing_.tables.layerNames = {{0x10, "WALLS"}, {0x11, "A\"B"}};
+  drawing_.tables.layers.Add(0x10, LayerEntry("WALLS"));
+  drawing_.tables.layers.Add(0x11, LayerEntry("A\"B"));
   Dwg_Entity_VIEWPORT& viewport = AddViewport(0x50);
   viewport.frozen_layers = drawing_.Array<Dwg_Object_Ref*>(
       {drawing_.Ref(0x99), drawing_.Ref(0x11), nullptr, drawing_.Ref(0x10), drawing_.Ref(0)});

@@ -5,7 +5,7 @@
 #include <limits>
 #include <vector>
 
-#include "tests/support/written.hpp"
+#include "tests/support/test_drawing.hpp"
 
 namespace {
 
@@ -23,7 +23,7 @@ Dwg_Entity_WIPEOUT Framed(std::vector<BITCODE_2RD>& vertices) {
 
 TEST(Wipeout, FrameIsCentredWithItsVAxisDownward) {
   std::vector<BITCODE_2RD> vertices = {{-0.5, 0.5}, {0.5, 0.5}, {0.5, -0.5}, {0, 0}};
-  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, Framed(vertices)),
             R"({"type":"WIPEOUT","layer":"0","verts":[[10,20],[14,20],[14,22],[12,21]]})");
 }
 
@@ -32,7 +32,7 @@ TEST(Wipeout, SlantedFrameMixesBothVectors) {
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.uvec = {1, 3, 0};
   wipeout.vvec = {-2, 1, 0};
-  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, wipeout),
             R"({"type":"WIPEOUT","layer":"0","verts":[[9.5,22]]})");
 }
 
@@ -40,13 +40,13 @@ TEST(Wipeout, ImageSizePlaysNoPart) {
   std::vector<BITCODE_2RD> vertices = {{0.5, -0.5}};
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.image_size = {640, 480};
-  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, wipeout),
             R"({"type":"WIPEOUT","layer":"0","verts":[[14,22]]})");
 }
 
 TEST(Wipeout, RectangleOfTwoCornersStaysTwoPoints) {
   std::vector<BITCODE_2RD> vertices = {{-0.5, -0.5}, {0.5, 0.5}};
-  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, Framed(vertices)),
             R"({"type":"WIPEOUT","layer":"0","verts":[[10,22],[14,20]]})");
 }
 
@@ -54,12 +54,12 @@ TEST(Wipeout, HiddenOneIsNotWritten) {
   std::vector<BITCODE_2RD> vertices = {{0, 0}};
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.display_props = 6;
-  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"), "");
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, wipeout), "");
 }
 
 TEST(Wipeout, OneWithoutClipVerticesIsNotWritten) {
   std::vector<BITCODE_2RD> vertices;
-  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"), "");
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, Framed(vertices)), "");
 }
 
 TEST(Wipeout, CountWithoutAnArrayIsNoVertices) {
@@ -67,12 +67,12 @@ TEST(Wipeout, CountWithoutAnArrayIsNoVertices) {
   Dwg_Entity_WIPEOUT wipeout = Framed(vertices);
   wipeout.clip_verts = nullptr;
   wipeout.num_clip_verts = 1'000'000'000;
-  EXPECT_EQ(Written(AppendWipeoutRecord, wipeout, "0"), "");
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, wipeout), "");
 }
 
 TEST(Wipeout, NonFiniteVertexIsWrittenAsZero) {
   std::vector<BITCODE_2RD> vertices = {{std::numeric_limits<double>::infinity(), 0.5}};
-  EXPECT_EQ(Written(AppendWipeoutRecord, Framed(vertices), "0"),
+  EXPECT_EQ(TestDrawing().RecordOf(DWG_TYPE_WIPEOUT, &EntityTio::WIPEOUT, Framed(vertices)),
             R"({"type":"WIPEOUT","layer":"0","verts":[[0,0]]})");
 }
 

@@ -1,69 +1,7 @@
 #include "tests/support/test_drawing.hpp"
 
-extern "C" {
-#include <hash.h>
-}
-
-#include <stdexcept>
-
 #include "document/prepass.hpp"
-
-TestDrawing::TestDrawing() {
-  objects_.reserve(kCapacity);
-  data_.object_map = hash_new(kCapacity);
-}
-
-TestDrawing::~TestDrawing() {
-  hash_free(data_.object_map);
-}
-
-Dwg_Object& TestDrawing::Add(DWG_OBJECT_TYPE type, Handle handle) {
-  if (objects_.size() == kCapacity) {
-    throw std::length_error("a test drawing has room for 4096 objects");
-  }
-  Dwg_Object object{};
-  object.type = static_cast<BITCODE_BS>(type);
-  object.fixedtype = type;
-  object.index = static_cast<BITCODE_RL>(objects_.size());
-  object.handle.value = handle;
-  object.parent = &data_;
-  objects_.push_back(object);
-  data_.object = objects_.data();
-  data_.num_objects = static_cast<BITCODE_BL>(objects_.size());
-  if (handle != 0) {
-    hash_set(data_.object_map, handle, objects_.size() - 1);
-  }
-  return objects_.back();
-}
-
-Dwg_Object& TestDrawing::AddBareEntity(DWG_OBJECT_TYPE type, Handle handle, Handle owner) {
-  Dwg_Object& object = Add(type, handle);
-  object.supertype = DWG_SUPERTYPE_ENTITY;
-  object.tio.entity = &Allocate<Dwg_Object_Entity>();
-  if (owner != 0) {
-    object.tio.entity->ownerhandle = Ref(owner);
-  }
-  return object;
-}
-
-Dwg_Object& TestDrawing::AddBareObject(DWG_OBJECT_TYPE type, Handle handle) {
-  Dwg_Object& object = Add(type, handle);
-  object.supertype = DWG_SUPERTYPE_OBJECT;
-  object.tio.object = &Allocate<Dwg_Object_Object>();
-  return object;
-}
-
-Dwg_Object_Ref* TestDrawing::Ref(Handle handle) {
-  auto& reference = Allocate<Dwg_Object_Ref>();
-  reference.absolute_ref = handle;
-  return &reference;
-}
-
-char* TestDrawing::Text(const std::string& text) {
-  std::vector<char> bytes(text.begin(), text.end());
-  bytes.push_back('\0');
-  return Array(bytes);
-}
+#include "entities/convert_entity.hpp"
 
 char* TestDrawing::Utf16(const std::u16string& text) {
   std::vector<char16_t> units(text.begin(), text.end());
@@ -76,10 +14,26 @@ Handle TestDrawing::AddLayer(Handle handle, const std::string& name) {
   return handle;
 }
 
-EntityContext TestDrawing::Context() {
-  return EntityContext{data_, tables, unicodeText, warnings, counts};
+EntityContext TestDrawing::Context(bool verbose) {
+  return EntityContext{.dwg = data(),
+                       .textForm = textForm,
+                       .tables = tables,
+                       .verbose = verbose,
+                       .findings = findings,
+                       .memory = memories_.emplace_back()};
+}
+
+std::string TestDrawing::RecordOfLast(const std::string& layer) {
+  constexpr Handle kLayer = 0xFFFF;
+  if (layer != "0") {
+    tables.layers.Add(kLayer, LayerEntry(layer));
+    lastEntity().layer = Ref(kLayer);
+  }
+  JsonOut out;
+  convertEntity(out, last(), Context());
+  return out.Text();
 }
 
 void TestDrawing::Prepass() {
-  tables = BuildLookupTables(data_, unicodeText, {});
+  tables = BuildLookupTables(drawing());
 }

@@ -1,97 +1,55 @@
-// A drawing built in memory, object by object, for tests that need no file.
-//
-// The structs live as long as the TestDrawing; their pointers are what
-// LibreDWG's own would be. Nothing is ever handed to dwg_free.
+// A small drawing built in memory, with what tests of single writers need: the tables
+// and the context that the document would give them.
 #pragma once
-
-#include <dwg.h>
 
 #include <deque>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "entities/drawing_access.hpp"
+#include "entities/drawing.hpp"
 #include "entities/entity_context.hpp"
 #include "entities/lookup_tables.hpp"
+#include "entities/writer_memory.hpp"
+#include "tests/support/memory_drawing.hpp"
 
-class TestDrawing {
+class TestDrawing : public MemoryDrawing {
  public:
   static constexpr std::size_t kCapacity = 4096;
 
-  TestDrawing();
-  ~TestDrawing();
-  TestDrawing(const TestDrawing&) = delete;
-  TestDrawing& operator=(const TestDrawing&) = delete;
+  TestDrawing() : MemoryDrawing(kCapacity) {}
 
-  // Adds an entity with zeroed data of its type and returns the data. `owner`
-  // 0 leaves it without an owner reference.
-  template <typename T>
-  T& AddEntity(DWG_OBJECT_TYPE type, T* EntityTio::*member, Handle handle = 0, Handle owner = 0) {
-    T& data = Allocate<T>();
-    AddBareEntity(type, handle, owner).tio.entity->tio.*member = &data;
-    return data;
-  }
-
-  // Adds a table record or other object that is not drawn.
-  template <typename T>
-  T& AddObject(DWG_OBJECT_TYPE type, T* ObjectTio::*member, Handle handle = 0) {
-    T& data = Allocate<T>();
-    AddBareObject(type, handle).tio.object->tio.*member = &data;
-    return data;
-  }
-
-  // Without the type's own data.
-  Dwg_Object& AddBareEntity(DWG_OBJECT_TYPE type, Handle handle = 0, Handle owner = 0);
-  Dwg_Object& AddBareObject(DWG_OBJECT_TYPE type, Handle handle = 0);
-
-  // The object added last, and the entity part of it.
-  Dwg_Object& last() { return objects_.back(); }
-  Dwg_Object_Entity& lastEntity() { return *objects_.back().tio.entity; }
-
-  // A reference to a handle.
-  Dwg_Object_Ref* Ref(Handle handle);
-
-  // A text that lives as long as the drawing, typed as LibreDWG types it.
-  char* Text(const std::string& text);
   char* Utf16(const std::u16string& text);
-
-  // An array that lives as long as the drawing.
-  template <typename T>
-  T* Array(const std::vector<T>& values) {
-    auto holder = std::make_shared<std::vector<T>>(values);
-    owned_.push_back(holder);
-    return holder->data();
-  }
 
   // A layer with a name, ready to be referred to.
   Handle AddLayer(Handle handle, const std::string& name);
 
-  Dwg_Data& data() { return data_; }
+  // The drawing as reading would give it, `textForm` being that of the strings.
+  Drawing drawing() { return {.data = data(), .textForm = textForm, .folder = {}}; }
 
-  // The context with `tables`, `warnings` and `counts` below. `unicodeText`
-  // is what the strings are at the time of the call.
-  EntityContext Context();
+  // The context with `tables` and `findings` below.
+  EntityContext Context(bool verbose = false);
+
+  // The bare record of an entity with that data, which is added to the drawing,
+  // on a layer of that name; "" when nothing is written.
+  template <typename T>
+  std::string RecordOf(DWG_OBJECT_TYPE type, T* EntityTio::*member, const T& data,
+                       const std::string& layer = "0") {
+    AddEntity(type, member) = data;
+    return RecordOfLast(layer);
+  }
 
   LookupTables tables;
-  std::vector<std::string> warnings;
-  std::map<std::string, std::size_t> counts;
-  bool unicodeText = false;
+  Findings findings;
+  std::vector<std::string>& warnings = findings.warnings;
+  std::map<std::string, std::size_t>& counts = findings.skippedTypes;
+  TextForm textForm = TextForm::kWindows1252;
 
   // Fills `tables` by the real pre-pass.
   void Prepass();
 
  private:
-  template <typename T>
-  T& Allocate() {
-    auto holder = std::make_shared<T>();
-    owned_.push_back(holder);
-    return *holder;
-  }
-  Dwg_Object& Add(DWG_OBJECT_TYPE type, Handle handle);
+  std::string RecordOfLast(const std::string& layer);
 
-  Dwg_Data data_{};
-  std::vector<Dwg_Object> objects_;
-  std::vector<std::shared_ptr<void>> owned_;
+  std::deque<WriterMemory> memories_;  // of all contexts
 };

@@ -1,5 +1,4 @@
 // Where the files of PDF definitions are found, with real files in a folder.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -7,6 +6,7 @@
 #include <fstream>
 #include <string>
 
+#include "document/pdf_files.hpp"
 #include "document/prepass.hpp"
 #include "tests/support/test_drawing.hpp"
 #include "tests/support/value_at.hpp"
@@ -36,7 +36,10 @@ class PdfDefinitions : public testing::Test {
     auto& definition = drawing.AddObject(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION, 0x90);
     definition.filename = drawing.Text(declared);
     definition.name = drawing.Text(page);
-    return ValueAt(BuildLookupTables(drawing.data(), false, drawingFolder).pdfDefs, 0x90);
+    return ValueAt(
+        BuildLookupTables({.data = drawing.data(), .textForm = {}, .folder = drawingFolder})
+            .pdfDefs,
+        0x90);
   }
 
   fs::path folder_;
@@ -114,14 +117,18 @@ TEST_F(PdfDefinitions, DefinitionWithoutAFileNameOrDataIsLeftOut) {
   drawing.AddObject(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION, 0x91).filename =
       drawing.Text("");
   drawing.AddBareObject(DWG_TYPE_PDFDEFINITION, 0x92);
-  EXPECT_THAT(BuildLookupTables(drawing.data(), false, folder_).pdfDefs, testing::IsEmpty());
+  const LookupTables tables =
+      BuildLookupTables({.data = drawing.data(), .textForm = {}, .folder = folder_});
+  for (const Handle handle : {Handle{0x90}, Handle{0x91}, Handle{0x92}}) {
+    EXPECT_EQ(tables.pdfDefs.Find(handle), nullptr) << handle;
+  }
 }
 
 TEST_F(PdfDefinitions, DefinitionWithoutAPageNameHasPageOne) {
   TestDrawing drawing;
   drawing.AddObject(DWG_TYPE_PDFDEFINITION, &ObjectTio::PDFDEFINITION, 0x90).filename =
       drawing.Text("a.pdf");
-  EXPECT_EQ(ValueAt(BuildLookupTables(drawing.data(), false, {}).pdfDefs, 0x90).page, 1);
+  EXPECT_EQ(ValueAt(BuildLookupTables(drawing.drawing()).pdfDefs, 0x90).page, 1);
 }
 
 TEST_F(PdfDefinitions, PageIsReadFromTheDefinitionsName) {
