@@ -1,0 +1,60 @@
+// Reads a drawing through LibreDWG and holds it. The only caller of the
+// library's readers and of dwg_free.
+//
+// What LibreDWG delivers for a DXF file is put into the form that a DWG has
+// before anything else sees it, so that the conversion knows one form only.
+#pragma once
+
+#include <dwg.h>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "entities/drawing.hpp"
+
+class DrawingFile {
+ public:
+  // The format goes by the path's extension: DXF when that is ".dxf" in any
+  // letter case, else DWG.
+  explicit DrawingFile(std::string path);
+  ~DrawingFile();
+  DrawingFile(const DrawingFile&) = delete;
+  DrawingFile& operator=(const DrawingFile&) = delete;
+
+  // Reads the file. Afterwards HasFailed tells whether there is a drawing.
+  void Read();
+
+  // Gives the drawing's memory back. Harmless when repeated.
+  void Free();
+
+  const std::string& path() const { return path_; }
+  bool isDxf() const { return isDxf_; }
+
+  // LibreDWG's result: a set of error bits.
+  int result() const { return result_; }
+
+  // Whether the result has a bit that leaves no usable drawing. Several bits
+  // that LibreDWG calls critical are not among them: what could be read is
+  // converted.
+  bool HasFailed() const;
+
+  // What was read; it lives as long as the file object and until Free.
+  Drawing drawing() const;
+
+  // What was repaired in a DXF, or could not be read of it, a line a kind.
+  const std::vector<std::string>& warnings() const { return warnings_; }
+
+ private:
+  int ReadDxf();
+
+  std::string path_;
+  bool isDxf_;
+  int result_ = 0;
+  bool isFreed_ = false;
+  std::unique_ptr<Dwg_Data> data_;
+  std::vector<std::string> warnings_;
+  std::map<std::string, std::size_t> unknownEntities_;
+};

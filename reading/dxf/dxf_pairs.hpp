@@ -1,0 +1,98 @@
+// Reads the group pairs of a DXF text that LibreDWG's reader takes as it
+// stands, one line for the code and one for the value, and says where the text
+// is not of that kind.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "reading/dxf/dxf_values.hpp"
+
+// The longest value that the reader takes whole is a little longer.
+inline constexpr std::size_t kMostDxfValueBytes = 4000;
+
+struct DxfPair {
+  int code = 0;
+  std::string_view value;
+  std::size_t begin = 0;  // offset of the line of the code
+};
+
+enum class DxfStep : std::uint8_t { kPair, kEnd, kFlaw };
+
+class DxfPairReader {
+ public:
+  // A byte behind the text must be there and be NUL. The text should end with
+  // a line feed.
+  explicit DxfPairReader(std::string_view text, std::size_t begin = 0)
+      : text_(text), at_(begin), end_(text.size()) {}
+
+  // Reads up to `end` instead of the text's.
+  DxfPairReader(std::string_view text, std::size_t begin, std::size_t end)
+      : text_(text), at_(begin), end_(end) {}
+
+  // Offset of the next pair.
+  std::size_t offset() const { return at_; }
+
+  DxfStep Next(DxfPair& pair) {
+    if (at_ >= end_) {
+      return DxfStep::kEnd;
+    }
+    pair.begin = at_;
+    const char* const line = text_.data() + at_;
+    const char* at = line;
+    while (*at == ' ') {
+      ++at;
+    }
+    const char* const first = at;
+    int code = 0;
+    constexpr std::ptrdiff_t kMostDigits = 4;
+    constexpr int kBase = 10;
+    while (*at >= '0' && *at <= '9' && at - first <= kMostDigits) {
+      code = code * kBase + (*at++ - '0');
+    }
+    const bool hasCode = at != first && at - line <= kMostCodeLine;
+    at += *at == '\r' ? 1 : 0;
+    if (!hasCode || *at != '\n') {
+      return DxfStep::kFlaw;
+    }
+    pair.code = code;
+    return ReadValue(pair, at + 1);
+  }
+
+ private:
+  // LibreDWG looks at so many characters at once.
+  static constexpr std::ptrdiff_t kMostCodeLine = 30;
+
+  DxfStep ReadValue(DxfPair& pair, const char* value) {
+    const char* const textEnd = text_.data() + text_.size();
+    const auto* const lineEnd = static_cast<const char*>(
+        std::memchr(value, '\n', static_cast<std::size_t>(textEnd - value)));
+    if (lineEnd == nullptr) {
+      return DxfStep::kFlaw;
+    }
+    const char* end = lineEnd;
+    end -= end != value && end[-1] == '\r' ? 1 : 0;
+    pair.value = {value, static_cast<std::size_t>(end - value)};
+    at_ = static_cast<std::size_t>(lineEnd + 1 - text_.data());
+    return IsProper(pair) ? DxfStep::kPair : DxfStep::kFlaw;
+  }
+
+  static bool IsProper(const DxfPair& pair) {
+    const DxfValueKind kind = KindOfDxfCode(pair.code);
+    if (kind == DxfValueKind::kText) {
+      // A carriage return in the middle ends a line, too.
+      return pair.value.size() <= kMostDxfValueBytes &&
+             std::memchr(pair.value.data(), '\r', pair.value.size()) == nullptr;
+    }
+    // DIMSTYLE has names there.
+    constexpr int kHandleCode = 5;
+    return pair.code == kHandleCode || pair.code == kDxfComment ||
+           IsProperDxfValue(kind, pair.value);
+  }
+
+  std::string_view text_;
+  std::size_t at_;
+  std::size_t end_;
+};

@@ -1,0 +1,787 @@
+#include "reading/dxf/dxf_rewriting.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "reading/dxf/dxf_encoding.hpp"
+#include "reading/dxf/dxf_placement.hpp"
+
+namespace {
+
+constexpr int kNameCode = 2;
+constexpr int kHandleCode = 5;
+constexpr int kLayerCode = 8;
+constexpr int kSubclassCode = 100;
+constexpr int kDimStyleHandleCode = 105;
+constexpr int kOwnerCode = 330;
+
+constexpr std::string_view kFirstReleaseWithSubclasses = "AC1015";
+constexpr std::string_view kFirstUtf8Release = "AC1021";
+constexpr std::string_view kR12 = "AC1009";
+
+// A record with its pairs.
+struct WholeRecord {
+  DxfRecord facts;
+  std::vector<DxfPair> pairs;  // without comments
+  std::vector<DxfRecord::Meaning> meanings;
+  std::size_t end = 0;
+  bool hasComments = false;
+
+  void Begin(const DxfPair& pair) {
+    facts = DxfRecord::Begin(pair);
+    pairs.assign(1, pair);
+    meanings.assign(1, DxfRecord::Meaning::kOther);
+    hasComments = false;
+  }
+
+  void Add(const DxfPair& pair) {
+    if (pair.code == kDxfComment) {
+      hasComments = true;
+      return;
+    }
+    pairs.push_back(pair);
+    meanings.push_back(facts.Note(pair));
+  }
+};
+
+// What a record is written with.
+struct RecordForm {
+  std::uint64_t handle = 0;
+  std::optional<std::uint64_t> owner{};
+  std::optional<std::string_view> layer{};
+};
+
+class Rewriter {
+ public:
+  Rewriter(std::string_view text, const DxfSurvey& survey)
+      : text_(text),
+        survey_(survey),
+        isOld_(survey.IsOld()),
+        handles_(survey.handles, survey.largestHandle),
+        blockRecords_(survey.blocks.size()) {
+    for (std::size_t i = 0; i < survey.blocks.size(); ++i) {
+      blockAt_.emplace(survey.blocks[i].begin, i);
+      hasRecords_ = hasRecords_ || survey.blocks[i].hasRecord;
+    }
+  }
+
+  RewrittenDxf Run() {
+    constexpr std::size_t kUsualGrowth = 4;
+    out_.text.reserve(text_.size() + text_.size() / kUsualGrowth);
+    ReportParts();
+    WriteHeader();
+    WriteSection(DxfSection::kClasses, [this](WholeRecord& record) { WriteClass(record); });
+    WriteTables();
+    WriteBlocks();
+    WriteEntities();
+    WriteSection(DxfSection::kObjects, [this](WholeRecord& record) { WriteObject(record); });
+    CopySection(DxfSection::kThumbnail);
+    CopySection(DxfSection::kData);
+    WritePair(0, "EOF");
+    Pad();
+    return std::move(out_);
+  }
+
+ private:
+  // Output.
+
+  void WritePair(int code, std::string_view value) {
+    constexpr std::size_t kWidth = 3;
+    constexpr std::size_t kMostDigits = 12;
+    std::array<char, kMostDigits> digits{};
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), code);
+    const auto count = static_cast<std::size_t>(result.ptr - digits.data());
+    out_.text.append(kWidth - std::min(kWidth, count), ' ');
+    out_.text.append(digits.data(), count);
+    out_.text += '\n';
+    out_.text += value;
+    out_.text += '\n';
+  }
+
+  void WriteHandle(int code, std::uint64_t handle) { WritePair(code, DxfHandleText(handle)); }
+
+  void CopyBytes(std::size_t begin, std::size_t end) {
+    out_.text += text_.substr(begin, end - begin);
+  }
+
+  void BeginSection(DxfSection section) {
+    WritePair(0, "SECTION");
+    WritePair(kNameCode, DxfSectionName(section));
+  }
+
+  void EndSection() { WritePair(0, "ENDSEC"); }
+
+  void NoteOrigin(std::size_t read) { out_.origins.push_back({out_.text.size(), read}); }
+
+  void Report(DxfRepair kind, std::size_t at) { out_.repairs.Add(kind, at); }
+
+  // LibreDWG refuses less than 256 bytes.
+  void Pad() {
+    constexpr std::size_t kLeastSize = 300;
+    if (out_.text.size() < kLeastSize) {
+      const std::string comment = "999\n" + std::string(kLeastSize - out_.text.size(), '-') + '\n';
+      out_.text.insert(0, comment);
+      for (DxfOrigin& origin : out_.origins) {
+        origin.written += comment.size();
+      }
+    }
+  }
+
+  // Input.
+
+  bool Has(DxfSection section) const {
+    return std::any_of(survey_.parts.begin(), survey_.parts.end(),
+                       [=](const DxfPart& part) { return part.section == section; });
+  }
+
+  template <typename Take>
+  void ForEachRecord(DxfSection section, Take&& take) {
+    WholeRecord record;
+    for (const DxfPart& part : survey_.parts) {
+      if (part.section == section) {
+        ForEachRecord(part, record, take);
+      }
+    }
+  }
+
+  template <typename Take>
+  void ForEachRecord(const DxfPart& part, WholeRecord& record, Take&& take) {
+    DxfPairReader pairs(text_, part.begin, part.end);
+    bool isOpen = false;
+    DxfPair pair;
+    while (pairs.Next(pair) == DxfStep::kPair) {
+      if (pair.code == 0) {
+        if (isOpen) {
+          record.end = pair.begin;
+          take(record);
+        }
+        record.Begin(pair);
+        isOpen = true;
+      } else if (isOpen) {
+        record.Add(pair);
+      }
+    }
+    if (isOpen) {
+      record.end = part.end;
+      take(record);
+    }
+  }
+
+  template <typename Take>
+  void WriteSection(DxfSection section, Take&& take) {
+    if (!Has(section)) {
+      return;
+    }
+    BeginSection(section);
+    ForEachRecord(section, take);
+    EndSection();
+  }
+
+  // Of these not all have records.
+  void CopySection(DxfSection section) {
+    if (!Has(section)) {
+      return;
+    }
+    BeginSection(section);
+    for (const DxfPart& part : survey_.parts) {
+      if (part.section == section) {
+        NoteOrigin(part.begin);
+        CopyBytes(part.begin, part.end);
+      }
+    }
+    EndSection();
+  }
+
+  // What is wrong with the sections.
+
+  void ReportParts() {
+    std::array<bool, kDxfSectionCount> seen{};
+    DxfSection last = DxfSection::kHeader;
+    for (const DxfPart& part : survey_.parts) {
+      if (part.section == DxfSection::kUnknown) {
+        Report(DxfRepair::kUnknownSections, part.begin);
+        continue;
+      }
+      if (!part.hasBegin || !part.hasName) {
+        Report(DxfRepair::kSectionBegins, part.begin);
+      }
+      if (!part.hasEnd) {
+        Report(DxfRepair::kSectionEnds, part.end);
+      }
+      bool& isSeen = seen.at(static_cast<std::size_t>(part.section));
+      if (isSeen) {
+        Report(DxfRepair::kRepeatedSections, part.begin);
+      } else if (part.section < last) {
+        Report(DxfRepair::kSectionOrder, part.begin);
+      }
+      isSeen = true;
+      last = std::max(last, part.section);
+    }
+    if (!survey_.hasEnd) {
+      Report(DxfRepair::kFileEnd, text_.size());
+    }
+  }
+
+  // HEADER and CLASSES.
+
+  // The release that the file is read as.
+  std::string_view Release() {
+    const std::string_view known = KnownDxfRelease(survey_.release);
+    if (!known.empty()) {
+      return known;
+    }
+    if (!survey_.release.empty()) {
+      Report(DxfRepair::kRelease, survey_.releaseAt);
+    }
+    if (IsUtf8BeyondAscii(text_)) {
+      return kFirstUtf8Release;
+    }
+    return survey_.hasSubclasses ? kFirstReleaseWithSubclasses : kR12;
+  }
+
+  void WriteHeader() {
+    const std::string_view release = Release();
+    BeginSection(DxfSection::kHeader);
+    out_.isReleaseMadeUp = survey_.release.empty();
+    if (out_.isReleaseMadeUp) {
+      WritePair(9, "$ACADVER");
+      WritePair(1, release);
+    }
+    for (const DxfPart& part : survey_.parts) {
+      if (part.section == DxfSection::kHeader) {
+        CopyVariables(part, release);
+      }
+    }
+    EndSection();
+  }
+
+  void CopyVariables(const DxfPart& part, std::string_view release) {
+    constexpr int kVariable = 9;
+    DxfPairReader pairs(text_, part.begin, part.end);
+    DxfPair pair;
+    // The offset of a variable's name while its value is to come.
+    std::optional<std::size_t> variable;
+    bool hasVariable = false;
+    while (pairs.Next(pair) == DxfStep::kPair) {
+      if (pair.code == kVariable) {
+        ReportVariable(variable);
+        variable = pair.begin;
+        hasVariable = true;
+      } else if (hasVariable && pair.code != kDxfComment) {
+        CopyVariable(std::exchange(variable, std::nullopt), pair, pairs.offset(), release);
+      }
+    }
+    ReportVariable(variable);
+  }
+
+  void ReportVariable(std::optional<std::size_t> variable) {
+    if (variable) {
+      Report(DxfRepair::kMissingValues, *variable);
+    }
+  }
+
+  // The name before the first of its values.
+  void CopyVariable(std::optional<std::size_t> name, const DxfPair& pair, std::size_t end,
+                    std::string_view release) {
+    if (pair.begin == survey_.releaseAt) {
+      WritePair(9, "$ACADVER");
+      WritePair(1, release);
+    } else {
+      CopyBytes(name.value_or(pair.begin), end);
+    }
+  }
+
+  void WriteClass(const WholeRecord& record) {
+    if (record.facts.name != "CLASS") {
+      Report(DxfRepair::kUnknownRecords, record.facts.begin);
+      return;
+    }
+    WriteRecord(record, {.handle = record.facts.handle});
+  }
+
+  // Any record.
+
+  // The handle that a record is written with, a new one if it has none of its
+  // own.
+  std::uint64_t HandleFor(const DxfRecord& record) {
+    if (record.handle == 0) {
+      if (!isOld_) {
+        Report(DxfRepair::kMissingHandles, record.begin);
+      }
+      return handles_.Take();
+    }
+    if (!seen_.Insert(record.handle)) {
+      Report(DxfRepair::kRepeatedHandles, record.begin);
+      return handles_.Take();
+    }
+    return record.handle;
+  }
+
+  // The table's spelling of the record's layer, when that is another.
+  std::optional<std::string_view> LayerFor(const DxfRecord& record) {
+    if (!record.hasLayer || record.layer == lastLayer_) {
+      return record.hasLayer ? lastSpelling_ : std::nullopt;
+    }
+    lastLayer_ = record.layer;
+    const auto at = survey_.layerByKey.find(DxfNameKey(record.layer));
+    const std::string_view name =
+        at == survey_.layerByKey.end() ? record.layer : survey_.layers[at->second].name;
+    lastSpelling_ = name == record.layer ? std::nullopt : std::optional(name);
+    return lastSpelling_;
+  }
+
+  void WriteRecord(const WholeRecord& record, const RecordForm& form) {
+    NoteOrigin(record.facts.begin);
+    const DxfRecord& facts = record.facts;
+    const bool isSame = facts.handle == form.handle &&
+                        (!form.owner || (facts.hasOwner && facts.owner == *form.owner)) &&
+                        !form.layer && !record.hasComments && !facts.hasMisplacedProperty &&
+                        !facts.hasUnknownSubclass && !LacksSubclasses(facts);
+    if (isSame) {
+      CopyBytes(facts.begin, record.end);
+    } else {
+      WriteNewForm(record, form);
+    }
+  }
+
+  void WriteNewForm(const WholeRecord& record, const RecordForm& form) {
+    const DxfRecord& facts = record.facts;
+    WritePair(0, facts.name);
+    if (form.handle != 0) {
+      WriteHandle(facts.name == "DIMSTYLE" ? kDimStyleHandleCode : kHandleCode, form.handle);
+    }
+    if (form.owner) {
+      WriteHandle(kOwnerCode, *form.owner);
+    }
+    if (facts.hasUnknownSubclass || LacksSubclasses(facts)) {
+      Report(DxfRepair::kSubclasses, facts.begin);
+    }
+    if (LacksSubclasses(facts)) {
+      WriteWithSubclasses(record, form);
+      return;
+    }
+    bool hasMoved = !facts.hasMisplacedProperty;
+    for (std::size_t i = 1; i < record.pairs.size(); ++i) {
+      const DxfPair& pair = record.pairs[i];
+      if (!IsWritten(record.meanings[i], form)) {
+        continue;
+      }
+      WriteOwnPair(record, i, form);
+      if (!hasMoved && pair.code == kSubclassCode) {
+        WriteMoved(record);
+        hasMoved = true;
+      }
+    }
+  }
+
+  void WriteOwnPair(const WholeRecord& record, std::size_t i, const RecordForm& form) {
+    const bool isLayer = record.meanings[i] == DxfRecord::Meaning::kLayer && form.layer;
+    WritePair(record.pairs[i].code, isLayer ? *form.layer : record.pairs[i].value);
+  }
+
+  bool LacksSubclasses(const DxfRecord& facts) const {
+    const bool isWanted =
+        !isOld_ || (survey_.hasSubclasses && KnownDxfRelease(survey_.release).empty());
+    return isWanted && LacksDxfSubclasses(facts);
+  }
+
+  // The common part first, whatever the order in the file.
+  void WriteWithSubclasses(const WholeRecord& record, const RecordForm& form) {
+    WritePair(kSubclassCode, "AcDbEntity");
+    for (const bool isCommon : {true, false}) {
+      const std::string_view subclass = DxfSubclassOfType(record.facts.name);
+      if (!isCommon && !subclass.empty()) {
+        WritePair(kSubclassCode, subclass);
+      }
+      for (std::size_t i = 1; i < record.pairs.size(); ++i) {
+        if (IsCommonDxfCode(record.pairs[i].code) == isCommon &&
+            IsWritten(record.meanings[i], form)) {
+          WriteOwnPair(record, i, form);
+        }
+      }
+    }
+  }
+
+  static bool IsWritten(DxfRecord::Meaning meaning, const RecordForm& form) {
+    switch (meaning) {
+      case DxfRecord::Meaning::kHandle: return form.handle == 0;
+      case DxfRecord::Meaning::kOwner: return !form.owner;
+      case DxfRecord::Meaning::kMisplacedProperty:
+      case DxfRecord::Meaning::kUnknownSubclass: return false;
+      default: return true;
+    }
+  }
+
+  void WriteMoved(const WholeRecord& record) {
+    for (std::size_t i = 1; i < record.pairs.size(); ++i) {
+      if (record.meanings[i] == DxfRecord::Meaning::kMisplacedProperty) {
+        WritePair(record.pairs[i].code, record.pairs[i].value);
+        Report(DxfRepair::kMisplacedProperties, record.pairs[i].begin);
+      }
+    }
+  }
+
+  void WriteObject(const WholeRecord& record) {
+    const DxfRecord& facts = record.facts;
+    const bool isRepeated = facts.handle != 0 && !seen_.Insert(facts.handle);
+    if (isRepeated) {
+      Report(DxfRepair::kRepeatedHandles, facts.begin);
+    }
+    WriteRecord(record, {.handle = isRepeated ? handles_.Take() : facts.handle});
+  }
+
+  // TABLES.
+
+  struct Table {
+    std::string_view name;
+    bool hasHead = false;
+  };
+
+  // The tables in the order in which they first occur.
+  std::vector<Table> FindTables() {
+    std::vector<Table> tables;
+    std::string_view open;
+    std::size_t end = 0;
+    const auto of = [&tables](std::string_view name) -> Table& {
+      const auto at = std::find_if(tables.begin(), tables.end(),
+                                   [name](const Table& table) { return table.name == name; });
+      return at != tables.end() ? *at : tables.emplace_back(Table{.name = name});
+    };
+    ForEachRecord(DxfSection::kTables, [&](const WholeRecord& record) {
+      const DxfRecord& facts = record.facts;
+      end = record.end;
+      if (facts.name == "ENDTAB") {
+        open = {};
+      } else if (facts.name == "TABLE") {
+        if (!open.empty()) {
+          Report(DxfRepair::kTableEnds, facts.begin);
+        }
+        open = facts.title;
+        NoteTableHead(facts, of);
+      } else if (IsDxfTable(facts.name)) {
+        if (open != facts.name) {
+          Report(DxfRepair::kTableBegins, facts.begin);
+          open = facts.name;
+        }
+        of(facts.name);
+      } else {
+        Report(DxfRepair::kUnknownRecords, facts.begin);
+      }
+    });
+    if (!open.empty()) {
+      Report(DxfRepair::kTableEnds, end);
+    }
+    return tables;
+  }
+
+  template <typename TableOf>
+  void NoteTableHead(const DxfRecord& facts, TableOf&& of) {
+    if (!IsDxfTable(facts.title)) {
+      Report(DxfRepair::kUnknownRecords, facts.begin);
+      return;
+    }
+    Table& table = of(facts.title);
+    if (table.hasHead) {
+      Report(DxfRepair::kRepeatedSections, facts.begin);
+    }
+    table.hasHead = true;
+  }
+
+  bool LacksLayers() const {
+    return std::any_of(survey_.layers.begin(), survey_.layers.end(), IsWantedLayer);
+  }
+
+  static bool IsWantedLayer(const DxfLayerName& layer) {
+    return !layer.isInTable && DxfNameKey(layer.name) != "0";
+  }
+
+  void WriteTables() {
+    std::vector<Table> tables = FindTables();
+    const auto want = [&tables](std::string_view name) {
+      if (std::none_of(tables.begin(), tables.end(),
+                       [name](const Table& table) { return table.name == name; })) {
+        tables.push_back({.name = name});
+      }
+    };
+    if (LacksLayers()) {
+      want("LAYER");
+    }
+    want("BLOCK_RECORD");
+    BeginSection(DxfSection::kTables);
+    for (const Table& table : tables) {
+      WriteTable(table);
+    }
+    EndSection();
+  }
+
+  void WriteTable(const Table& table) {
+    std::uint64_t tableHandle = 0;
+    if (!table.hasHead) {
+      tableHandle = handles_.Take();
+      WritePair(0, "TABLE");
+      WritePair(kNameCode, table.name);
+      WriteHandle(kHandleCode, tableHandle);
+    }
+    bool hasHead = !table.hasHead;
+    if (table.hasHead) {
+      ForEachRecord(DxfSection::kTables, [&](const WholeRecord& record) {
+        if (!hasHead && record.facts.name == "TABLE" && record.facts.title == table.name) {
+          hasHead = true;
+          tableHandle = WriteTableHead(record);
+        }
+      });
+    }
+    ForEachRecord(DxfSection::kTables, [&](const WholeRecord& record) {
+      if (record.facts.name == table.name) {
+        WriteTableRecord(record);
+      }
+    });
+    if (table.name == "LAYER") {
+      WriteMissingLayers(tableHandle);
+    } else if (table.name == "BLOCK_RECORD") {
+      WriteMissingBlockRecords(tableHandle);
+    }
+    WritePair(0, "ENDTAB");
+  }
+
+  std::uint64_t WriteTableHead(const WholeRecord& record) {
+    const DxfRecord& facts = record.facts;
+    const bool isFree = facts.handle != 0 && seen_.Insert(facts.handle);
+    const std::uint64_t handle = isFree ? facts.handle : handles_.Take();
+    NoteOrigin(facts.begin);
+    // The reader takes the name for the first thing that follows.
+    WritePair(0, "TABLE");
+    WritePair(kNameCode, facts.title);
+    WriteHandle(kHandleCode, handle);
+    bool hasName = false;
+    for (std::size_t i = 1; i < record.pairs.size(); ++i) {
+      const DxfPair& pair = record.pairs[i];
+      if (pair.code == kNameCode && !hasName) {
+        hasName = true;
+      } else if (record.meanings[i] != DxfRecord::Meaning::kHandle) {
+        WritePair(pair.code, pair.value);
+      }
+    }
+    return handle;
+  }
+
+  void WriteTableRecord(const WholeRecord& record) {
+    const std::uint64_t handle = HandleFor(record.facts);
+    if (record.facts.name == "BLOCK_RECORD") {
+      if (const auto at = blockAt_.find(record.facts.begin); at != blockAt_.end()) {
+        blockRecords_[at->second] = handle;
+      }
+    }
+    WriteRecord(record, {.handle = handle});
+  }
+
+  void WriteMissingLayers(std::uint64_t tableHandle) {
+    const bool isLacking = LacksLayers();
+    for (const DxfLayerName& layer : survey_.layers) {
+      if (layer.isInTable || !isLacking) {
+        continue;
+      }
+      if (survey_.hasLayerTable && IsWantedLayer(layer)) {
+        Report(DxfRepair::kLayers, layer.begin);
+      }
+      NoteOrigin(layer.begin);
+      WritePair(0, "LAYER");
+      WriteHandle(kHandleCode, handles_.Take());
+      WriteHandle(kOwnerCode, tableHandle);
+      WritePair(kSubclassCode, "AcDbSymbolTableRecord");
+      WritePair(kSubclassCode, "AcDbLayerTableRecord");
+      WritePair(kNameCode, TrimmedDxfEnd(layer.name));
+      WritePair(70, "0");
+      WritePair(62, "7");
+      WritePair(6, "CONTINUOUS");
+      WritePair(370, "-3");  // the default lineweight
+    }
+  }
+
+  void WriteBlockRecord(std::string_view name, std::uint64_t handle, std::uint64_t tableHandle) {
+    WritePair(0, "BLOCK_RECORD");
+    WriteHandle(kHandleCode, handle);
+    WriteHandle(kOwnerCode, tableHandle);
+    WritePair(kSubclassCode, "AcDbSymbolTableRecord");
+    WritePair(kSubclassCode, "AcDbBlockTableRecord");
+    WritePair(kNameCode, name);
+  }
+
+  void WriteMissingBlockRecords(std::uint64_t tableHandle) {
+    modelSpace_ = RecordOf(survey_.FindModelSpace(), "*Model_Space", tableHandle);
+    if (survey_.usesPaperSpace || survey_.FindPaperSpace() != nullptr) {
+      paperSpace_ = RecordOf(survey_.FindPaperSpace(), "*Paper_Space", tableHandle);
+    }
+    for (std::size_t i = 0; i < blockRecords_.size(); ++i) {
+      if (blockRecords_[i] == 0) {
+        WriteMissingBlockRecord(i, tableHandle);
+      }
+    }
+  }
+
+  std::uint64_t WriteMissingBlockRecord(std::size_t index, std::uint64_t tableHandle) {
+    const DxfBlockName& block = survey_.blocks[index];
+    if (!isOld_) {
+      Report(DxfRepair::kMissingBlockRecords, block.begin);
+    }
+    blockRecords_[index] = handles_.Take();
+    NoteOrigin(block.begin);
+    WriteBlockRecord(block.name, blockRecords_[index], tableHandle);
+    return blockRecords_[index];
+  }
+
+  // The record of a space, written now if there is none.
+  std::uint64_t RecordOf(const DxfBlockName* block, std::string_view name,
+                         std::uint64_t tableHandle) {
+    if (block == nullptr) {
+      const std::uint64_t handle = handles_.Take();
+      WriteBlockRecord(name, handle, tableHandle);
+      return handle;
+    }
+    const auto index = static_cast<std::size_t>(block - survey_.blocks.data());
+    return blockRecords_[index] != 0 ? blockRecords_[index]
+                                     : WriteMissingBlockRecord(index, tableHandle);
+  }
+
+  // BLOCKS and ENTITIES.
+
+  // The record of the block that a BLOCK begins.
+  std::uint64_t RecordOfBlock(const DxfRecord& begin) const {
+    const DxfBlockName* named = survey_.FindBlock(begin.title);
+    const auto byRecord = survey_.blockByRecord.find(begin.owner);
+    if (byRecord != survey_.blockByRecord.end() &&
+        (named == nullptr ||
+         DxfNameKey(survey_.blocks[byRecord->second].name) == DxfNameKey(begin.title))) {
+      return blockRecords_[byRecord->second];
+    }
+    return named == nullptr
+               ? modelSpace_
+               : blockRecords_[static_cast<std::size_t>(named - survey_.blocks.data())];
+  }
+
+  std::uint64_t SpaceOf(const DxfRecord& entity) const {
+    if (const DxfBlockName* space = survey_.FindSpace(entity.owner)) {
+      return blockRecords_[static_cast<std::size_t>(space - survey_.blocks.data())];
+    }
+    return entity.isInPaper && paperSpace_ != 0 ? paperSpace_ : modelSpace_;
+  }
+
+  void WriteBlocks() {
+    if (!Has(DxfSection::kBlocks)) {
+      return;
+    }
+    WriteEntitySection(DxfSection::kBlocks);
+  }
+
+  void WriteEntities() { WriteEntitySection(DxfSection::kEntities); }
+
+  void WriteEntitySection(DxfSection section) {
+    BeginSection(section);
+    DxfPlacement placement(section == DxfSection::kBlocks);
+    std::size_t end = 0;
+    ForEachRecord(section, [&](const WholeRecord& record) {
+      const DxfPlaced placed = placement.Next(record.facts);
+      WriteMissingEnds(placed, record.facts.begin);
+      WritePlaced(record, placed.place, section);
+      end = record.end;
+    });
+    WriteMissingEnds(placement.Finish(), end);
+    EndSection();
+  }
+
+  void WriteMissingEnds(const DxfPlaced& placed, std::size_t at) {
+    if (placed.lacksSequenceEnd) {
+      Report(DxfRepair::kSequenceEnds, at);
+      WriteEnd("SEQEND", parent_, at);
+    }
+    if (placed.lacksBlockEnd) {
+      Report(DxfRepair::kBlockEnds, at);
+      WriteEnd("ENDBLK", block_, at);
+    }
+  }
+
+  void WriteEnd(std::string_view name, std::uint64_t owner, std::size_t at) {
+    NoteOrigin(at);
+    WritePair(0, name);
+    WriteHandle(kHandleCode, handles_.Take());
+    WriteHandle(kOwnerCode, owner);
+    WritePair(kLayerCode, "0");
+  }
+
+  void WritePlaced(const WholeRecord& record, DxfPlace place, DxfSection section) {
+    const DxfRecord& facts = record.facts;
+    switch (place) {
+      case DxfPlace::kBlockBegin:
+        block_ = RecordOfBlock(facts);
+        WriteEntity(record, block_);
+        break;
+      case DxfPlace::kBlockEnd: WriteEntity(record, block_); break;
+      case DxfPlace::kEntity:
+        parentOwner_ = section == DxfSection::kBlocks ? block_ : SpaceOf(facts);
+        parent_ = WriteEntity(record, parentOwner_);
+        parentWas_ = facts.handle;
+        break;
+      case DxfPlace::kSubentity: WriteSubentity(record); break;
+      case DxfPlace::kOrphan: Report(DxfRepair::kOrphans, facts.begin); break;
+      case DxfPlace::kOutside: Report(DxfRepair::kUnknownRecords, facts.begin); break;
+    }
+  }
+
+  void WriteSubentity(const WholeRecord& record) {
+    // Some programs name the space instead of what the vertex belongs to; the
+    // reader finds that itself.
+    const std::uint64_t owner = record.facts.owner;
+    const bool mayStay =
+        owner != 0 && parent_ == parentWas_ && (owner == parentWas_ || owner == parentOwner_);
+    WriteRecord(record, {.handle = HandleFor(record.facts),
+                         .owner = mayStay ? owner : parent_,
+                         .layer = LayerFor(record.facts)});
+  }
+
+  std::uint64_t WriteEntity(const WholeRecord& record, std::uint64_t owner) {
+    const DxfRecord& facts = record.facts;
+    // Many programs write none where there is no doubt, and parts of drawings
+    // have owners that stand in no table.
+    if (hasRecords_ && facts.owner != 0 && facts.owner != owner &&
+        !IsRenumbered(facts.owner, owner)) {
+      Report(DxfRepair::kOwners, facts.begin);
+    }
+    const std::uint64_t handle = HandleFor(facts);
+    WriteRecord(record, {.handle = handle, .owner = owner, .layer = LayerFor(facts)});
+    return handle;
+  }
+
+  // Whether both name the same block record, which has a new handle.
+  bool IsRenumbered(std::uint64_t was, std::uint64_t is) const {
+    const auto at = survey_.blockByRecord.find(was);
+    return at != survey_.blockByRecord.end() && blockRecords_[at->second] == is;
+  }
+
+  std::string_view text_;
+  const DxfSurvey& survey_;
+  bool isOld_;
+  bool hasRecords_ = false;  // of blocks, in the file
+  FreeDxfHandles handles_;
+  DxfHandleSet seen_;
+  std::vector<std::uint64_t> blockRecords_;               // by the survey's order of blocks
+  std::unordered_map<std::size_t, std::size_t> blockAt_;  // by offset
+  std::uint64_t modelSpace_ = 0;
+  std::uint64_t paperSpace_ = 0;
+  std::uint64_t block_ = 0;      // the record of the block that is open
+  std::uint64_t parent_ = 0;     // of the sequence that is open
+  std::uint64_t parentWas_ = 0;  // its handle in the file
+  std::uint64_t parentOwner_ = 0;
+  std::string_view lastLayer_;
+  std::optional<std::string_view> lastSpelling_;
+  RewrittenDxf out_;
+};
+
+}  // namespace
+
+RewrittenDxf RewriteDxf(std::string_view text, const DxfSurvey& survey) {
+  return Rewriter(text, survey).Run();
+}

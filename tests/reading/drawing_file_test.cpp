@@ -1,0 +1,279 @@
+#include "reading/drawing_file.hpp"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "encode/text_decoding.hpp"
+#include "entities/drawing_access.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class DrawingFileTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = fs::temp_directory_path() / ("dwg_import_file_" + std::string(test->name()));
+    fs::create_directories(folder_);
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string Write(const std::string& name, const std::string& content) {
+    std::ofstream(folder_ / name, std::ios::binary) << content;
+    return (folder_ / name).string();
+  }
+
+  fs::path folder_;
+};
+
+bool IsReadAsDxf(const std::string& path) {
+  return DrawingFile(path).isDxf();
+}
+
+// A drawing of one layer and one point. The comment brings it over the size
+// that the library asks of a DXF file.
+std::string Dxf(const std::string& release, const std::string& layerName,
+                const std::string& color = "62\n-3\n") {
+  return "999\n" + std::string(200, '-') + "\n0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\n" + release +
+         "\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n5\n10\n2\n" +
+         layerName + "\n70\n4\n" + color +
+         "6\nCONTINUOUS\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+         "0\nPOINT\n5\n20\n8\n" +
+         layerName + "\n10\n1.0\n20\n2.0\n30\n0.0\n0\nENDSEC\n0\nEOF\n";
+}
+
+// The same with other sections before the entities.
+std::string DxfWithSections(const std::string& sections) {
+  std::string text = Dxf("AC1015", "A");
+  return text.insert(text.find("0\nSECTION\n2\nENTITIES"), sections);
+}
+
+const Dwg_Object_LAYER* FirstLayer(const DrawingFile& file) {
+  for (const Dwg_Object& object : Objects(file.drawing().data)) {
+    if (object.fixedtype == DWG_TYPE_LAYER) {
+      return ObjectData(object, &ObjectTio::LAYER);
+    }
+  }
+  return nullptr;
+}
+
+// One point for each text, which is its x coordinate.
+std::string DxfWithPoints(const std::vector<std::string>& coordinates) {
+  std::string points;
+  for (const std::string& x : coordinates) {
+    points += "0\nPOINT\n8\nA\n10\n" + x + "\n20\n2.0\n30\n0.0\n";
+  }
+  std::string text = Dxf("AC1015", "A");
+  return text.insert(text.find("0\nPOINT\n5\n20"), points);
+}
+
+std::vector<double> PointCoordinates(const DrawingFile& file) {
+  std::vector<double> coordinates;
+  for (const Dwg_Object& object : Objects(file.drawing().data)) {
+    if (object.fixedtype == DWG_TYPE_POINT) {
+      coordinates.push_back(EntityData(object, &EntityTio::POINT)->x);
+    }
+  }
+  return coordinates;
+}
+
+}  // namespace
+
+TEST_F(DrawingFileTest, DxfExtensionInAnyLetterCaseIsDxf) {
+  EXPECT_TRUE(IsReadAsDxf("plan.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("PLAN.DXF"));
+  EXPECT_TRUE(IsReadAsDxf("plan.Dxf"));
+  EXPECT_TRUE(IsReadAsDxf("a.b.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("/folder.dwg/plan.dxf"));
+  EXPECT_TRUE(IsReadAsDxf("..dxf"));
+}
+
+TEST_F(DrawingFileTest, AnyOtherExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf("plan.dwg"));
+  EXPECT_FALSE(IsReadAsDxf("x.dxf.dwg"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf.bak"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf "));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxfx"));
+  EXPECT_FALSE(IsReadAsDxf("plandxf"));
+}
+
+TEST_F(DrawingFileTest, NoExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf("x"));
+  EXPECT_FALSE(IsReadAsDxf(""));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf/x"));
+  EXPECT_FALSE(IsReadAsDxf("plan.dxf/"));
+  EXPECT_FALSE(IsReadAsDxf("--verbose"));
+}
+
+TEST_F(DrawingFileTest, FileNamedJustByTheExtensionIsDwg) {
+  EXPECT_FALSE(IsReadAsDxf(".dxf"));
+  EXPECT_FALSE(IsReadAsDxf("folder/.DXF"));
+}
+
+TEST_F(DrawingFileTest, MissingFileFails) {
+  DrawingFile file((folder_ / "none.dwg").string());
+  file.Read();
+  EXPECT_TRUE(file.HasFailed());
+  EXPECT_NE(file.result() & DWG_ERR_IOERROR, 0);
+}
+
+TEST_F(DrawingFileTest, FreeMayBeRepeated) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1015", "A")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  file.Free();
+  file.Free();
+}
+
+TEST_F(DrawingFileTest, DxfHasTheVersionOfItsOwnRelease) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1015", "A")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  EXPECT_EQ(file.drawing().data.header.version, R_2000);
+}
+
+TEST_F(DrawingFileTest, OldDxfHasCodePageText) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1015", "T\xFCr")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  EXPECT_EQ(file.drawing().textForm, TextForm::kWindows1252);
+  const Dwg_Object_LAYER* layer = FirstLayer(file);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(DecodeText(file.drawing().textForm, layer->name).view(), "T\xC3\xBCr");
+}
+
+TEST_F(DrawingFileTest, NewDxfHasUtf8TextInEightBitForm) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1021", "T\xC3\xBCr")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  EXPECT_EQ(file.drawing().data.header.version, R_2007);
+  EXPECT_EQ(file.drawing().textForm, TextForm::kUtf8);
+  const Dwg_Object_LAYER* layer = FirstLayer(file);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(DecodeText(file.drawing().textForm, layer->name).view(), "T\xC3\xBCr");
+}
+
+TEST_F(DrawingFileTest, DxfIsSettledAfterTheRead) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1015", "A")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(file);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, -3);
+  EXPECT_EQ(layer->off, 1);
+  EXPECT_EQ(layer->locked, 1);
+}
+
+TEST_F(DrawingFileTest, NameOfAColorIsNotItsIndex) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1032", "A", "62\n31\n420\n16564615\n430\nBOOK$C\n")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(file);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, 0);
+  EXPECT_EQ(layer->color.rgb, 0xC3000000U);
+  EXPECT_EQ(layer->off, 0);
+}
+
+TEST_F(DrawingFileTest, LayerWithANamedColorStaysOff) {
+  DrawingFile file(Write("a.dxf", Dxf("AC1032", "A", "62\n-31\n430\nBOOK$C\n")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  const Dwg_Object_LAYER* layer = FirstLayer(file);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->color.index, -31);
+  EXPECT_EQ(layer->off, 1);
+}
+
+TEST_F(DrawingFileTest, EndOfABlockWithoutANameIsRead) {
+  DrawingFile file(Write(
+      "a.dxf",
+      DxfWithSections("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n330\n0\n100\n"
+                      "AcDbSymbolTable\n70\n1\n0\nBLOCK_RECORD\n5\nEEEF6\n0\nENDTAB\n0\nENDSEC\n"
+                      "0\nSECTION\n2\nBLOCKS\n0\nENDBLK\n5\n21\n330\nEEEF6\n100\nAcDbEntity\n67\n"
+                      "0\n100\nAcDbBlockEnd\n0\nENDSEC\n")));
+  file.Read();
+  EXPECT_FALSE(file.HasFailed());
+}
+
+// The name is Windows-1252; as UTF-8 its last byte begins a character of three.
+TEST_F(DrawingFileTest, TextThatEndsWithinACharacterIsCut) {
+  DrawingFile file(Write(
+      "a.dxf",
+      DxfWithSections("0\nSECTION\n2\nCLASSES\n0\nCLASS\n1\nDICTIONARYVAR\n2\n"
+                      "AcDbDictionaryVar\n3\nMus\xE9\n90\n0\n91\n1\n280\n0\n281\n0\n0\nENDSEC\n")));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  ASSERT_GE(file.drawing().data.num_classes, 1);
+  EXPECT_STREQ(file.drawing().data.dwg_class[0].appname, "Mus");
+}
+
+// Each is the nearest number: of few digits and many, ties between two numbers,
+// with and without an exponent.
+TEST_F(DrawingFileTest, DecimalsOfADxfAreReadExactly) {
+  const std::vector<std::string> texts = {"0.1",
+                                          "-2.5",
+                                          "+7",
+                                          ".5",
+                                          "3.",
+                                          "-0.0",
+                                          "0.30000000000000004",
+                                          "1234.5678901234567",
+                                          "-3.141592653589793",
+                                          "0.000000000000000000000012345",
+                                          "9007199254740993",
+                                          "9007199254740992.5",
+                                          "9007199254740995.5",
+                                          "4503599627370497.5",
+                                          "9999999999999999999",
+                                          "18446744073709551617",
+                                          "0.1234567890123456789",
+                                          "0.99999999999999994448",
+                                          "123456789012345678.9",
+                                          "0.0000000000000000000000000",
+                                          "1e-07",
+                                          "2.5E+3",
+                                          "0.00000000000000000000000000000012345",
+                                          "1.000000000000000000000"};
+  DrawingFile file(Write("a.dxf", DxfWithPoints(texts)));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  const std::vector<double> coordinates = PointCoordinates(file);
+  ASSERT_EQ(coordinates.size(), texts.size() + 1);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(coordinates[i]),
+              std::bit_cast<std::uint64_t>(std::strtod(texts[i].c_str(), nullptr)))
+        << texts[i];
+  }
+}
+
+// Group codes and values are integers with spaces, tabs, signs and zeros before
+// them, and lines end in two ways.
+TEST_F(DrawingFileTest, IntegersOfADxfMayBePadded) {
+  for (const std::string number : {"-3", "     -3", "\t-3", " \t -3", "-0000000003"}) {
+    for (const std::string code : {"62", " 62", "         62", "+62", "\t62", "000000000062"}) {
+      for (const std::string end : {"\n", "\r\n"}) {
+        std::string color;
+        for (const std::string& line : {code, number, std::string("370"), std::string("50")}) {
+          color += line;
+          color += end;
+        }
+        DrawingFile file(Write("a.dxf", Dxf("AC1015", "A", color)));
+        file.Read();
+        ASSERT_FALSE(file.HasFailed());
+        const Dwg_Object_LAYER* layer = FirstLayer(file);
+        ASSERT_NE(layer, nullptr);
+        EXPECT_EQ(layer->color.index, -3) << code << number;
+        EXPECT_EQ(layer->off, 1);
+      }
+    }
+  }
+}

@@ -1,0 +1,434 @@
+// What our patches to LibreDWG's DXF reader mend: each test reads a small file
+// that the reader refuses, or reads otherwise, without one of them.
+#include <dxf_from_memory.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "entities/drawing_access.hpp"
+#include "reading/dxf_losses.hpp"
+
+namespace {
+
+std::string Section(const std::string& name, const std::string& content) {
+  return "0\nSECTION\n2\n" + name + "\n" + content + "0\nENDSEC\n";
+}
+
+std::string Header(const std::string& release) {
+  return Section("HEADER", "9\n$ACADVER\n1\n" + release + "\n");
+}
+
+std::string Entities(const std::string& content) {
+  return Section("ENTITIES", content);
+}
+
+std::string Drawing(const std::string& entities, const std::string& release = "AC1015") {
+  return Header(release) + Entities(entities) + "0\nEOF\n";
+}
+
+std::string Line(const std::string& properties = "") {
+  return "0\nLINE\n100\nAcDbEntity\n8\n0\n" + properties +
+         "100\nAcDbLine\n10\n1.0\n20\n2.0\n30\n0.0\n11\n3.0\n21\n4.0\n31\n0.0\n";
+}
+
+// Reads through the library alone, without what we do to a file before it.
+class DxfReaderTest : public testing::Test {
+ protected:
+  ~DxfReaderTest() override { dwg_free(&dwg_); }
+
+  int ResultOf(const std::string& text) {
+    dwg_free(&dwg_);
+    dwg_ = {};
+    dwg_.header.version = R_10;
+    ReadNeededObjectsOnly();
+    losses_.reset();
+    losses_ = std::make_unique<DxfLosses>();
+    return dxf_read_memory(text.data(), text.size(), &dwg_);
+  }
+
+  void Read(const std::string& text) { EXPECT_EQ(ResultOf(text), 0); }
+
+  std::vector<const Dwg_Object*> OfType(DWG_OBJECT_TYPE type) {
+    std::vector<const Dwg_Object*> found;
+    for (const Dwg_Object& object : Objects(dwg_)) {
+      if (object.fixedtype == type) {
+        found.push_back(&object);
+      }
+    }
+    return found;
+  }
+
+  template <typename T>
+  const T& Only(DWG_OBJECT_TYPE type, T* EntityTio::*member) {
+    static const T kNone = {};
+    const auto found = OfType(type);
+    EXPECT_EQ(found.size(), 1U);
+    const T* data = found.empty() ? nullptr : EntityData(*found[0], member);
+    return data == nullptr ? kNone : *data;
+  }
+
+  // The name of the only block that has that handle.
+  std::string BlockName(Handle handle) {
+    std::string name;
+    for (const Dwg_Object* object : OfType(DWG_TYPE_BLOCK_HEADER)) {
+      if (object->handle.value == handle) {
+        EXPECT_TRUE(name.empty());
+        const auto* block = ObjectData(*object, &ObjectTio::BLOCK_HEADER);
+        name = block == nullptr || block->name == nullptr ? "(none)" : block->name;
+      }
+    }
+    return name;
+  }
+
+  const Dwg_Color& ColorOfLine() { return OfType(DWG_TYPE_LINE).at(0)->tio.entity->color; }
+
+  Dwg_Data dwg_ = {};
+  std::unique_ptr<DxfLosses> losses_;
+};
+
+using TypeCounts = std::map<std::string, std::size_t>;
+
+// A frame whose data would be larger than the file.
+constexpr std::string_view kUnreadable =
+    "0\nOLE2FRAME\n100\nAcDbEntity\n8\n0\n100\nAcDbOle2Frame\n90\n999999999\n";
+
+TEST_F(DxfReaderTest, AnUnreadableEntityIsLeftOutAndTold) {
+  Read(Drawing(Line() + std::string(kUnreadable) + Line()));
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 2U);
+  EXPECT_TRUE(OfType(DWG_TYPE_OLE2FRAME).empty());
+  EXPECT_EQ(losses_->unreadable().CountOf(DxfRepair::kUnreadableEntities), 1U);
+}
+
+TEST_F(DxfReaderTest, AnEntityOfAnUnknownTypeEndsNothing) {
+  const std::string unknown = "0\nTCH_WALL\n5\nA1\n100\nAcDbEntity\n8\n0\n10\n1.0\n";
+  const std::string blocks =
+      Section("BLOCKS", "0\nBLOCK\n8\n0\n2\nB\n70\n0\n10\n0.0\n20\n0.0\n30\n0.0\n3\nB\n" + unknown +
+                            Line() + "0\nENDBLK\n8\n0\n");
+  Read(Header("AC1009") + Section("TABLES", "") + blocks +
+       Entities(Line() + unknown + unknown + Line()) + "0\nEOF\n");
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 3U);
+  EXPECT_EQ(losses_->unknownEntities(), (TypeCounts{{"TCH_WALL", 3}}));
+  EXPECT_TRUE(losses_->unreadable().IsEmpty());
+}
+
+TEST_F(DxfReaderTest, UnknownObjectsAndTableRecordsArePassedOver) {
+  const std::string tables = Section(
+      "TABLES",
+      "0\nTABLE\n2\nLAYER\n5\n2\n70\n1\n0\nODDITY\n2\nX\n0\nLAYER\n5\n10\n2\nA\n70\n0\n62\n3\n"
+      "0\nENDTAB\n");
+  const std::string objects = Section("OBJECTS", "0\nODDITY\n5\nB1\n0\nDICTIONARY\n5\nB2\n");
+  Read(Header("AC1015") + tables + Entities(Line()) + objects + "0\nEOF\n");
+  EXPECT_EQ(OfType(DWG_TYPE_LAYER).size(), 1U);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+  EXPECT_TRUE(losses_->unknownEntities().empty());
+}
+
+TEST_F(DxfReaderTest, UnknownGroupsInAnEntityArePassedOver) {
+  Read(Drawing("0\nVERTEX\n8\n0\n71\n3\n10\n7.0\n20\n8.0\n30\n0.0\n100\nAcDbOddity\n90\n5\n" +
+               Line("168\n2\n7777\nx\n-7\nAB\n")));
+  EXPECT_EQ(Only(DWG_TYPE_VERTEX_2D, &EntityTio::VERTEX_2D).point.x, 7.0);
+  EXPECT_EQ(Only(DWG_TYPE_LINE, &EntityTio::LINE).end.y, 4.0);
+}
+
+TEST_F(DxfReaderTest, TextsAreOfAnyLength) {
+  const std::string text(10000, 'x');
+  Read(Drawing("0\nTEXT\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n2.5\n1\n" + text + "\n" + Line()));
+  EXPECT_EQ(Only(DWG_TYPE_TEXT, &EntityTio::TEXT).text_value, text);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+// Shift JIS 82A0 is HIRAGANA LETTER A.
+TEST_F(DxfReaderTest, DoubleByteCharactersMayBeginWithADigit) {
+  Read(Drawing("0\nTEXT\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n2.5\n1\na\\M+182A0b\n"));
+  EXPECT_STREQ(Only(DWG_TYPE_TEXT, &EntityTio::TEXT).text_value, "a\\U+3042b");
+}
+
+TEST_F(DxfReaderTest, EmbeddedObjectsLeaveTheTextAsItIs) {
+  Read(
+      Drawing("0\nMTEXT\n100\nAcDbEntity\n8\n0\n100\nAcDbMText\n10\n5.0\n20\n6.0\n30\n0.0\n"
+              "40\n2.5\n41\n30.0\n71\n1\n72\n5\n1\ntext\n11\n0.0\n21\n1.0\n31\n0.0\n"
+              "101\nEmbedded Object\n70\n1\n10\n1.0\n20\n0.0\n30\n0.0\n11\n5.0\n21\n6.0\n"
+              "31\n0.0\n40\n30.0\n41\n0.0\n42\n3.0\n43\n2.5\n71\n0\n",
+              "AC1032"));
+  const auto& text = Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  EXPECT_EQ(text.ins_pt.x, 5.0);
+  EXPECT_EQ(text.ins_pt.y, 6.0);
+  EXPECT_EQ(text.x_axis_dir.x, 0.0);
+  EXPECT_EQ(text.x_axis_dir.y, 1.0);
+  EXPECT_EQ(text.text_height, 2.5);
+  EXPECT_EQ(text.attachment, 1);
+}
+
+TEST_F(DxfReaderTest, ATrueColourStaysBesideAnIndex) {
+  Read(Drawing(Line("62\n1\n420\n1056816\n"), "AC1032"));
+  EXPECT_EQ(ColorOfLine().rgb, 0xC2102030U);
+  EXPECT_EQ(ColorOfLine().index, 1);
+}
+
+TEST_F(DxfReaderTest, ATrueColourStaysBeforeAnIndex) {
+  Read(Drawing(Line("420\n1056816\n62\n1\n"), "AC1032"));
+  EXPECT_EQ(ColorOfLine().rgb, 0xC2102030U);
+  EXPECT_EQ(ColorOfLine().index, 1);
+}
+
+TEST_F(DxfReaderTest, ATrueColourAloneIsNotByLayer) {
+  Read(Drawing(Line("420\n1056816\n"), "AC1032"));
+  EXPECT_EQ(ColorOfLine().rgb, 0xC2102030U);
+  EXPECT_EQ(ColorOfLine().index, 257);
+}
+
+std::string BlockRecords(const std::vector<std::pair<std::string, std::string>>& records) {
+  std::string text = "0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n70\n2\n";
+  for (const auto& [handle, name] : records) {
+    text += "0\nBLOCK_RECORD\n5\n";
+    text += handle;
+    text += "\n100\nAcDbSymbolTableRecord\n100\nAcDbBlockTableRecord\n2\n";
+    text += name;
+    text += "\n";
+  }
+  return text + "0\nENDTAB\n";
+}
+
+TEST_F(DxfReaderTest, ABlockMayHaveTheHandleOfTheReadersModelSpace) {
+  Read(Header("AC1015") +
+       Section("TABLES", BlockRecords({{"1F", "Chair"}, {"50", "*Model_Space"}})) +
+       Entities("0\nINSERT\n5\n60\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n2\nChair\n"
+                "10\n1.0\n20\n2.0\n30\n0.0\n") +
+       "0\nEOF\n");
+  EXPECT_EQ(BlockName(0x1F), "Chair");
+  EXPECT_EQ(BlockName(0x50), "*Model_Space");
+  const auto& insert = Only(DWG_TYPE_INSERT, &EntityTio::INSERT);
+  EXPECT_EQ(HandleOf(insert.block_header), 0x1FU);
+}
+
+TEST_F(DxfReaderTest, TheFilesModelSpaceTakesThePlaceOfTheReaders) {
+  Read(Header("AC1032") + Section("TABLES", BlockRecords({{"50", "*Model_Space"}})) +
+       Entities(Line()) + "0\nEOF\n");
+  EXPECT_EQ(OfType(DWG_TYPE_BLOCK_HEADER).size(), 1U);
+  EXPECT_EQ(BlockName(0x50), "*Model_Space");
+}
+
+TEST_F(DxfReaderTest, ALayerMayHaveTheHandleOfTheReadersModelSpace) {
+  Read(Header("AC1015") +
+       Section("TABLES",
+               "0\nTABLE\n2\nLAYER\n5\n2\n70\n1\n0\nLAYER\n5\n1F\n2\nWalls\n70\n0\n62\n3\n"
+               "0\nENDTAB\n") +
+       Entities("0\nPOINT\n5\n60\n100\nAcDbEntity\n8\nWalls\n100\nAcDbPoint\n10\n1.0\n20\n2.0\n"
+                "30\n0.0\n") +
+       "0\nEOF\n");
+  EXPECT_EQ(HandleOf(OfType(DWG_TYPE_POINT).at(0)->tio.entity->layer), 0x1FU);
+  for (const Dwg_Object* block : OfType(DWG_TYPE_BLOCK_HEADER)) {
+    EXPECT_NE(block->handle.value, 0x1FU);
+  }
+}
+
+TEST_F(DxfReaderTest, HandlesHave64Bits) {
+  Read(Header("AC1015") +
+       Section("TABLES", BlockRecords({{"100000000000001F", "A"}, {"200000000000001F", "B"}})) +
+       Entities("0\nINSERT\n5\n3000000000000060\n330\n200000000000001F\n100\nAcDbEntity\n8\n0\n"
+                "100\nAcDbBlockReference\n2\nA\n10\n1.0\n20\n2.0\n30\n0.0\n") +
+       "0\nEOF\n");
+  const Dwg_Object& insert = *OfType(DWG_TYPE_INSERT).at(0);
+  EXPECT_EQ(insert.handle.value, 0x3000000000000060U);
+  EXPECT_EQ(HandleOf(insert.tio.entity->ownerhandle), 0x200000000000001FU);
+  EXPECT_EQ(HandleOf(insert.tio.entity->tio.INSERT->block_header), 0x100000000000001FU);
+}
+
+TEST_F(DxfReaderTest, ContentsOfABlockBelongToItInReleasesWithoutOwners) {
+  const std::string insert = "0\nINSERT\n8\n0\n66\n1\n2\nB\n10\n1.0\n20\n2.0\n30\n0.0\n";
+  const std::string attribute =
+      "0\nATTRIB\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n2.5\n1\nv\n2\nTAG\n70\n0\n";
+  Read(Header("AC1009") + Section("TABLES", "") +
+       Section("BLOCKS", "0\nBLOCK\n8\n0\n2\nA\n70\n0\n10\n0.0\n20\n0.0\n30\n0.0\n3\nA\n" + Line() +
+                             insert + attribute + "0\nSEQEND\n8\n0\n0\nENDBLK\n8\n0\n") +
+       Entities("0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n") + "0\nEOF\n");
+  const auto owner = [this](DWG_OBJECT_TYPE type) {
+    return HandleOf(OfType(type).at(0)->tio.entity->ownerhandle);
+  };
+  EXPECT_EQ(BlockName(owner(DWG_TYPE_LINE)), "A");
+  EXPECT_EQ(BlockName(owner(DWG_TYPE_INSERT)), "A");
+  EXPECT_EQ(owner(DWG_TYPE_ATTRIB), OfType(DWG_TYPE_INSERT).at(0)->handle.value);
+  EXPECT_EQ(owner(DWG_TYPE_POINT), 0U);
+}
+
+TEST_F(DxfReaderTest, HandlesThatTheReaderGivesOutAreFree) {
+  Read(Drawing("0\nPOINT\n5\n500\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n" + Line() +
+                   "0\nPOINT\n5\n3\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n" + Line() + Line(),
+               "AC1009"));
+  std::map<Handle, int> uses;
+  for (const Dwg_Object& object : Objects(dwg_)) {
+    EXPECT_EQ(++uses[object.handle.value], 1) << object.handle.value;
+  }
+}
+
+TEST_F(DxfReaderTest, ShortFilesAreRead) {
+  Read("0\nSECTION\n2\nENTITIES\n" + std::string("0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n") +
+       "0\nENDSEC\n0\nEOF\n");
+  EXPECT_EQ(Only(DWG_TYPE_POINT, &EntityTio::POINT).y, 2.0);
+}
+
+TEST_F(DxfReaderTest, WhatAFileHoldsThatBreaksOffIsKept) {
+  Read(Header("AC1015") + "0\nSECTION\n2\nENTITIES\n" + Line() + Line() + "0\nPOINT\n8\n0\n");
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 2U);
+}
+
+TEST_F(DxfReaderTest, AFileThatBreaksOffBeforeAnyEntityIsRefused) {
+  EXPECT_NE(ResultOf(Header("AC1015") + "0\nSECTION\n2\nTABLES\n"), 0);
+  EXPECT_NE(ResultOf("0\nEOF\n"), 0);
+}
+
+std::string Polyline(const std::string& count, int points) {
+  std::string text = "0\nLWPOLYLINE\n100\nAcDbEntity\n8\n0\n100\nAcDbPolyline\n" + count;
+  for (int i = 0; i < points; ++i) {
+    text += "10\n" + std::to_string(i) + ".0\n20\n5.0\n";
+    text += i == 1 ? "42\n0.5\n" : "";
+  }
+  return text;
+}
+
+TEST_F(DxfReaderTest, APolylineHasThePointsThatItHas) {
+  for (const std::string count :
+       {"90\n3\n70\n1\n", "90\n2\n70\n1\n", "90\n99999999\n70\n1\n", "70\n1\n",
+        "90\n3\n70\n65535\n", "90\n3\n70\n1\n91\n7\n1070\n5\n"}) {
+    Read(Drawing(Polyline(count, 3)));
+    const auto& line = Only(DWG_TYPE_LWPOLYLINE, &EntityTio::LWPOLYLINE);
+    ASSERT_EQ(line.num_points, 3U) << count;
+    EXPECT_EQ(line.points[2].x, 2.0);
+    EXPECT_EQ(line.points[2].y, 5.0);
+    ASSERT_EQ(line.num_bulges, 3U);
+    EXPECT_EQ(line.bulges[1], 0.5);
+    EXPECT_EQ(line.bulges[2], 0.0);
+    EXPECT_EQ(line.flag & 512U, 512U);
+  }
+}
+
+TEST_F(DxfReaderTest, ASplineHasTheValuesThatItHas) {
+  const std::string values =
+      "40\n0.0\n40\n0.0\n40\n1.0\n40\n1.0\n41\n1.0\n41\n2.0\n"
+      "10\n1.0\n20\n2.0\n30\n3.0\n10\n4.0\n20\n5.0\n30\n6.0\n11\n7.0\n21\n8.0\n31\n9.0\n";
+  for (const std::string counts :
+       {"72\n4\n73\n2\n74\n1\n", "72\n1\n73\n1\n74\n0\n", "72\n9\n73\n9\n74\n9\n", ""}) {
+    std::string entity = "0\nSPLINE\n100\nAcDbEntity\n8\n0\n100\nAcDbSpline\n70\n12\n71\n1\n";
+    entity += counts;
+    entity += values;
+    Read(Drawing(entity));
+    const auto& spline = Only(DWG_TYPE_SPLINE, &EntityTio::SPLINE);
+    ASSERT_EQ(spline.num_knots, 4U) << counts;
+    EXPECT_EQ(spline.knots[1], 0.0);
+    EXPECT_EQ(spline.knots[2], 1.0);
+    ASSERT_EQ(spline.num_ctrl_pts, 2U);
+    EXPECT_EQ(spline.ctrl_pts[0].z, 3.0);
+    EXPECT_EQ(spline.ctrl_pts[0].w, 1.0);
+    EXPECT_EQ(spline.ctrl_pts[1].x, 4.0);
+    EXPECT_EQ(spline.ctrl_pts[1].w, 2.0);
+    ASSERT_EQ(spline.num_fit_pts, 1U);
+    EXPECT_EQ(spline.fit_pts[0].y, 8.0);
+  }
+}
+
+TEST_F(DxfReaderTest, ASequenceEndBelongsToWhatStandsBeforeIt) {
+  const std::string insert = "0\nINSERT\n5\n60\n8\n0\n2\nB\n10\n1.0\n20\n2.0\n30\n0.0\n";
+  Read(Drawing("0\nSEQEND\n5\n50\n8\n0\n" + insert + Line() + "0\nSEQEND\n5\n61\n330\n60\n8\n0\n" +
+               Line()));
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 2U);
+  EXPECT_EQ(Only(DWG_TYPE_INSERT, &EntityTio::INSERT).num_owned, 0U);
+}
+
+TEST_F(DxfReaderTest, ObjectsThatNoDocumentHoldsArePassedOver) {
+  const std::string action =
+      "0\nBLOCKROTATEACTION\n5\n70\n100\nAcDbEvalExpr\n90\n1\n98\n33\n99\n4\n100\n"
+      "AcDbBlockElement\n300\nRotate\n98\n33\n99\n4\n1071\n0\n100\nAcDbBlockAction\n70\n0\n71\n0\n"
+      "1010\n1.0\n1020\n2.0\n1030\n0.0\n100\nAcDbBlockRotationAction\n";
+  const std::string definition = "0\nPDFDEFINITION\n5\n71\n1\nplan.pdf\n2\n1\n";
+  Read(Header("AC1032") + Entities(Line()) + Section("OBJECTS", action + definition) + "0\nEOF\n");
+  EXPECT_TRUE(OfType(DWG_TYPE_BLOCKROTATEACTION).empty());
+  EXPECT_EQ(OfType(DWG_TYPE_PDFDEFINITION).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, APolyfaceMeshOfR12IsNo2dPolyline) {
+  Read(
+      Drawing("0\nPOLYLINE\n8\n0\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n64\n71\n1\n72\n1\n"
+              "0\nVERTEX\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n70\n192\n"
+              "0\nVERTEX\n8\n0\n10\n0.0\n20\n0.0\n30\n0.0\n70\n128\n71\n1\n"
+              "0\nSEQEND\n8\n0\n" +
+                  Line(),
+              "AC1009"));
+  EXPECT_EQ(OfType(DWG_TYPE_POLYLINE_PFACE).size(), 1U);
+  EXPECT_TRUE(OfType(DWG_TYPE_POLYLINE_2D).empty());
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, A3dPolylineWithoutSubclassesIsNo2dPolyline) {
+  const std::string polyline =
+      "0\nPOLYLINE\n8\n0\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n9\n"
+      "0\nVERTEX\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n70\n32\n"
+      "0\nSEQEND\n8\n0\n";
+  for (const char* release : {"AC1009", "AC1015"}) {
+    Read(Drawing(polyline, release));
+    EXPECT_TRUE(OfType(DWG_TYPE_POLYLINE_2D).empty());
+    EXPECT_EQ(Only(DWG_TYPE_POLYLINE_3D, &EntityTio::POLYLINE_3D).flag, 9);
+    const auto& vertex = Only(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D);
+    EXPECT_EQ(vertex.point.x, 1.0);
+    EXPECT_EQ(vertex.point.z, 3.0);
+  }
+}
+
+TEST_F(DxfReaderTest, APolygonMeshOfR12IsNo2dPolyline) {
+  Read(
+      Drawing("0\nPOLYLINE\n8\n0\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n16\n71\n2\n72\n2\n"
+              "0\nSEQEND\n8\n0\n",
+              "AC1009"));
+  EXPECT_TRUE(OfType(DWG_TYPE_POLYLINE_2D).empty());
+  EXPECT_EQ(OfType(DWG_TYPE_POLYLINE_MESH).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, EntitiesOfAnotherBlockAreInModelSpace) {
+  const std::string record = BlockRecords({{"50", "*Model_Space"}, {"51", "*U"}});
+  for (const std::string owner : {"1F", "51"}) {
+    Read(Header("AC1015") + Section("TABLES", record) + Entities(Line("330\n" + owner + "\n")) +
+         "0\nEOF\n");
+    EXPECT_EQ(HandleOf(OfType(DWG_TYPE_LINE).at(0)->tio.entity->ownerhandle), 0x50U) << owner;
+  }
+}
+
+TEST_F(DxfReaderTest, ADimensionWithoutATypeIsARotatedOne) {
+  Read(
+      Drawing("0\nDIMENSION\n8\n0\n2\n*D1\n10\n1.0\n20\n2.0\n30\n0.0\n13\n3.0\n23\n4.0\n33\n0.0\n"
+              "14\n5.0\n24\n6.0\n34\n0.0\n",
+              "AC1009"));
+  const auto& dimension = Only(DWG_TYPE_DIMENSION_LINEAR, &EntityTio::DIMENSION_LINEAR);
+  EXPECT_EQ(dimension.xline1_pt.x, 3.0);
+  EXPECT_EQ(dimension.xline2_pt.y, 6.0);
+}
+
+// An annotation context without its text, whose group 45 nobody takes.
+TEST_F(DxfReaderTest, NoPairIsReadForEver) {
+  Read(
+      Drawing("0\nMULTILEADER\n100\nAcDbEntity\n8\n0\n100\nAcDbMLeader\n300\nCONTEXT_DATA{\n"
+              "45\n1.0\n999\nx\n301\n}\n171\n1\n" +
+                  Line(),
+              "AC1021"));
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, AHatchHasThePathsThatItHas) {
+  const std::string path =
+      "92\n2\n72\n0\n73\n1\n93\n9\n10\n0.0\n20\n0.0\n10\n4.0\n20\n0.0\n10\n4.0\n20\n4.0\n97\n0\n";
+  Read(
+      Drawing("0\nHATCH\n100\nAcDbEntity\n8\n0\n100\nAcDbHatch\n10\n0.0\n20\n0.0\n30\n0.0\n"
+              "2\nSOLID\n70\n1\n71\n0\n91\n90000000\n" +
+              path + path + "75\n0\n76\n1\n98\n0\n" + Line()));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 2U);
+  EXPECT_EQ(hatch.paths[0].num_segs_or_paths, 3U);
+  EXPECT_EQ(hatch.paths[1].num_segs_or_paths, 3U);
+  EXPECT_EQ(hatch.paths[1].polyline_paths[2].point.y, 4.0);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+}  // namespace
