@@ -41,9 +41,10 @@ function(dwg_check_manifest dir manifest)
   endforeach()
 endfunction()
 
-# dwg_crate_source(<out-var> <crate> <version>)
-# Sets <out-var> to the crate's checked source folder.
-function(dwg_crate_source out crate version)
+# dwg_find_crate(<out-var> <crate> <version>)
+# Sets <out-var> to the folders in which cargo has unpacked the crate, and
+# DWG_CARGO to cargo itself, which can fetch it.
+function(dwg_find_crate out crate version)
   if(DEFINED ENV{CARGO_HOME})
     file(TO_CMAKE_PATH "$ENV{CARGO_HOME}" cargo_home)
   elseif(WIN32 AND CMAKE_HOST_WIN32)
@@ -51,10 +52,16 @@ function(dwg_crate_source out crate version)
   else()
     set(cargo_home "$ENV{HOME}/.cargo")
   endif()
-
+  find_program(DWG_CARGO cargo HINTS "${cargo_home}/bin")
   file(GLOB found "${cargo_home}/registry/src/*/${crate}-${version}")
+  set(${out} "${found}" PARENT_SCOPE)
+endfunction()
+
+# dwg_crate_source(<out-var> <crate> <version>)
+# Sets <out-var> to the crate's checked source folder.
+function(dwg_crate_source out crate version)
+  dwg_find_crate(found ${crate} ${version})
   if(NOT found)
-    find_program(DWG_CARGO cargo HINTS "${cargo_home}/bin")
     if(NOT DWG_CARGO)
       message(FATAL_ERROR "cargo is needed to fetch ${crate} ${version}; install Rust 1.88 or "
                           "newer, or name an unpacked source tree (see CONTRIBUTING.md)")
@@ -70,7 +77,7 @@ function(dwg_crate_source out crate version)
     if(NOT result EQUAL 0)
       message(FATAL_ERROR "cargo fetch of ${crate} ${version} failed")
     endif()
-    file(GLOB found "${cargo_home}/registry/src/*/${crate}-${version}")
+    dwg_find_crate(found ${crate} ${version})
   endif()
   if(NOT found)
     message(FATAL_ERROR "${crate} ${version} was fetched but its source is not under ${cargo_home}")

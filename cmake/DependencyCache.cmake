@@ -48,6 +48,8 @@ function(dwg_cached_build out)
   if(EXISTS "${root}/complete")
     return()
   endif()
+  # An interrupted build may have been configured from another folder.
+  file(REMOVE_RECURSE "${root}/build")
   message(STATUS "Building ${arg_NAME} once for this compiler and these flags (kept in ${root})")
   execute_process(
     COMMAND "${CMAKE_COMMAND}" -G "${CMAKE_GENERATOR}" -S "${arg_SOURCE}" -B "${root}/build"

@@ -1,5 +1,5 @@
 # LibreDWG as the imported target LibreDWG::libredwg: C sources of the pinned
-# crate, patched with the files of cmake/patches/libredwg (wrong reads mended)
+# crate, patched with the files of cmake/patches/libredwg (fixes of wrong reads)
 # and cmake/patches/libredwg-speed (the same results sooner), compiled with
 # flags of their own and kept in the dependency cache.
 
@@ -9,7 +9,7 @@ include(DependencyCache)
 set(DWG_LIBREDWG_CRATE_VERSION 0.16.0)
 set(DWG_LIBREDWG_SOURCE_DIR "" CACHE PATH
     "Unpacked source tree of the LibreDWG crate, for builds without network (checked like the fetched one)")
-option(DWG_LIBREDWG_PATCHES "Apply our own mends to LibreDWG" ON)
+option(DWG_LIBREDWG_PATCHES "Apply our own fixes to LibreDWG" ON)
 option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG" ON)
 # The library is linked statically: nobody replaces its functions, and those
 # that nobody calls can be left out.
@@ -38,7 +38,10 @@ function(dwg_add_libredwg target)
   endforeach()
   set(key "libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION}")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${patches})
-  foreach(file IN LISTS patches ITEMS
+  file(GLOB own_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/libredwg/dwg_*"
+       "${PROJECT_SOURCE_DIR}/cmake/libredwg/dxf_*")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${own_sources})
+  foreach(file IN LISTS patches own_sources ITEMS
           "${PROJECT_SOURCE_DIR}/cmake/checksums/libredwg-sys-${DWG_LIBREDWG_CRATE_VERSION}.sha256"
           "${PROJECT_SOURCE_DIR}/cmake/libredwg/CMakeLists.txt")
     file(SHA256 "${file}" hash)
@@ -65,7 +68,6 @@ function(dwg_add_libredwg target)
     INTERFACE_INCLUDE_DIRECTORIES "${install}/include")
   if(arg_MIMALLOC)
     target_link_libraries(${target} INTERFACE Mimalloc::mimalloc)
-    target_compile_definitions(${target} INTERFACE DWG_MIMALLOC)
   endif()
   if(NOT MSVC)
     target_link_libraries(${target} INTERFACE m)

@@ -4,10 +4,8 @@
 
 include(CrateSource)
 include(DependencyCache)
+include(CrashReportingDefault)  # which release, and from where
 
-set(DWG_SENTRY_CRATE_VERSION 0.3.1)
-set(DWG_SENTRY_SOURCE_DIR "" CACHE PATH
-    "Unpacked source tree of the sentry-native crate, for builds without network (checked like the fetched one)")
 if(DWG_SENTRY_SOURCE_DIR)
   set(sentry_source "${DWG_SENTRY_SOURCE_DIR}")
   dwg_check_manifest("${sentry_source}"
