@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -10,9 +9,9 @@
 
 #include "document/document.hpp"
 #include "encode/json_text.hpp"
+#include "reading/drawing_file.hpp"
+#include "reading/read_result.hpp"
 #include "worker/crash_reporting.hpp"
-#include "worker/drawing_file.hpp"
-#include "worker/read_result.hpp"
 #include "worker/standard_streams.hpp"
 
 namespace {
@@ -116,9 +115,8 @@ bool WriteLine(JsonOut& text) {
   return std::fflush(stdout) == 0 && isWritten;
 }
 
-int ReportFailedRead(const DrawingFile& drawing) {
-  const std::string message =
-      "Failed to read " + drawing.path() + ": " + ErrorNames(drawing.result());
+int ReportFailedRead(const DrawingFile& file) {
+  const std::string message = "Failed to read " + file.path() + ": " + ErrorNames(file.result());
   JsonOut line;
   AppendQuotedKey(line, "{\"error\":", message);
   line += '}';
@@ -126,19 +124,16 @@ int ReportFailedRead(const DrawingFile& drawing) {
   return 1;
 }
 
-void AppendTimedDocument(JsonOut& out, DrawingFile& drawing, bool verbose,
+void AppendTimedDocument(JsonOut& out, const DrawingFile& file, bool verbose,
                          const Stopwatch& stopwatch, Timings& timings) {
   std::vector<std::string> warnings;
-  if (drawing.result() != 0) {
-    warnings.push_back("LibreDWG parse warnings: " + ErrorNames(drawing.result()));
+  if (file.result() != 0) {
+    warnings.push_back("LibreDWG parse warnings: " + ErrorNames(file.result()));
   }
-  Progress progress(stopwatch, timings, static_cast<unsigned>(drawing.data().num_objects));
-  AppendDocument(out,
-                 {.dwg = drawing.data(),
-                  .unicodeText = drawing.HasUnicodeText(),
-                  .debugColors = verbose,
-                  .drawingFolder = std::filesystem::path(drawing.path()).parent_path()},
-                 std::move(warnings), progress);
+  warnings.insert(warnings.end(), file.warnings().begin(), file.warnings().end());
+  const Drawing drawing = file.drawing();
+  Progress progress(stopwatch, timings, static_cast<unsigned>(drawing.data.num_objects));
+  AppendDocument(out, drawing, {.verbose = verbose}, std::move(warnings), progress);
   timings.total = stopwatch.Milliseconds();
   AppendTimings(out, timings);
 }
@@ -147,21 +142,21 @@ int Convert(const char* path, bool verbose) {
   const Stopwatch stopwatch;
   Timings timings;
   std::fprintf(stderr, "[DWG worker] Starting import of: %s\n", path);
-  DrawingFile drawing(path);
-  std::fprintf(stderr, "[DWG worker] Reading %s file...\n", drawing.isDxf() ? "DXF" : "DWG");
-  drawing.Read();
+  DrawingFile file(path);
+  std::fprintf(stderr, "[DWG worker] Reading %s file...\n", file.isDxf() ? "DXF" : "DWG");
+  file.Read();
   timings.read = stopwatch.Milliseconds();
   std::fprintf(stderr, "[DWG worker] %s done in %lld ms\n",
-               drawing.isDxf() ? "dxf_read_file" : "dwg_read_file", timings.read);
-  if (drawing.HasFailed()) {
-    return ReportFailedRead(drawing);
+               file.isDxf() ? "dxf_read_file" : "dwg_read_file", timings.read);
+  if (file.HasFailed()) {
+    return ReportFailedRead(file);
   }
 
   JsonOut document;
-  AppendTimedDocument(document, drawing, verbose, stopwatch, timings);
+  AppendTimedDocument(document, file, verbose, stopwatch, timings);
   std::fprintf(stderr, "[DWG worker] JSON output size: %zu bytes\n", document.size());
   const bool isWritten = WriteLine(document);
-  drawing.Free();
+  file.Free();
   if (!isWritten) {
     std::fputs("[DWG worker] Could not write the document to standard output\n", stderr);
     return 1;

@@ -29,7 +29,7 @@ def run(*arguments, **options):
     """A finished run; standard error is text."""
     options.setdefault("stdout", subprocess.PIPE)
     result = subprocess.run([*WORKER, *map(os.fspath, arguments)], stderr=subprocess.PIPE,
-                            check=False, timeout=120, **options)
+                            check=False, timeout=600, **options)
     result.stderr = result.stderr.decode("utf-8", "surrogateescape")
     return result
 

@@ -1,6 +1,0 @@
-// The memory that LibreDWG's allocator begins with.
-#pragma once
-
-// Lays it out once for the process, before the first drawing is read. Without
-// it, and when the system refuses, the allocator gets its memory by itself.
-void ReserveReadingMemory();
