@@ -3,8 +3,8 @@
 
     compare_documents.py --worker FILE --other FILE FOLDER...
 
-The timings are left out. For changes that may not change any document, such as
-the performance patches.
+The timings are left out. This is for changes that must not change any document,
+such as the performance patches.
 """
 
 import argparse
@@ -21,7 +21,7 @@ DRAWING_SUFFIXES = {".dwg", ".dxf"}
 
 def document(worker, drawing):
     run = subprocess.run([worker, drawing], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                         timeout=300, check=False)
+                         timeout=600, check=False)
     return run.returncode, TIMINGS.sub(b"", run.stdout)
 
 

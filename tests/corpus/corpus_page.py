@@ -102,7 +102,7 @@ def urgency(fact):
 
 
 def escape(text):
-    """Text that no drawing can break the page with."""
+    """Text for the page, which no drawing can break."""
     return html.escape(str(text).encode("utf-8", "replace").decode("utf-8"))
 
 

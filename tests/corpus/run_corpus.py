@@ -218,7 +218,8 @@ def main():
                         default=os.environ.get("DWG_CORPUS") or None)
     parser.add_argument("--exceptions", type=pathlib.Path, default=HERE / "exceptions.txt")
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--timeout", type=float, default=120, help="seconds for each drawing")
+    parser.add_argument("--timeout", type=float, default=600,
+                        help="seconds for each drawing, which only a hang should reach")
     parser.add_argument("--csv", type=pathlib.Path, help="write a table with a line per drawing")
     parser.add_argument("--report", type=pathlib.Path,
                         help="write a page to read, and the table beside it as FILE.csv")

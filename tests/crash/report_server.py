@@ -71,7 +71,7 @@ class ReportServer:
         self.server.server_close()
 
     def wait(self, count, seconds):
-        """True when that many uploads have arrived within the time."""
+        """True when that many uploads have arrived; false when the time ends before."""
         with self.arrived:
             return self.arrived.wait_for(lambda: len(self.uploads) >= count, seconds)
 

@@ -3,8 +3,8 @@
 
 Without arguments: every golden document must be valid, and every planted
 mistake must be rejected. With --worker and --drawings: the documents of every
-drawing in a folder, too. With --fuzz-replay: those of the kept inputs of the
-fuzz target that makes up whole drawings.
+drawing in a folder, too. With --fuzz-replay and --fuzz-inputs: those of the kept
+inputs of the fuzz target that makes up whole drawings.
 """
 
 import argparse
@@ -20,7 +20,8 @@ import jsonschema_rs
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCHEMA = json.loads((ROOT / "docs" / "document.schema.json").read_text(encoding="utf-8"))
-TIMEOUT_SECONDS = 300
+# Only a hang reaches it.
+TIMEOUT_SECONDS = 600
 
 
 def finite(text):
@@ -147,8 +148,11 @@ def main():
     parser.add_argument("--worker")
     parser.add_argument("--drawings", default=os.environ.get("DWG_CORPUS"))
     parser.add_argument("--fuzz-replay", help="the replay program of fuzz_drawing")
-    parser.add_argument("--fuzz-inputs", type=pathlib.Path, default=ROOT / "fuzz" / "corpus")
+    parser.add_argument("--fuzz-inputs", type=pathlib.Path,
+                        help="its kept inputs, as the build unpacks them")
     options = parser.parse_args()
+    if options.fuzz_replay and not options.fuzz_inputs:
+        parser.error("--fuzz-replay needs --fuzz-inputs")
 
     validator = jsonschema_rs.Draft202012Validator(SCHEMA)
     jsonschema_rs.meta.validate(SCHEMA)

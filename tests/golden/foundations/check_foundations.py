@@ -95,9 +95,8 @@ def lineweight(value, release):
     return str(value) if value >= 0 else "L"
 
 
-def expected_record(entity, layers, release, layer_rgb):
-    layer = entity.dxf.layer if entity.dxf.layer in layers else "0"
-    return {"type": entity.dxftype(), "layer": layer, **own_keys(entity),
+def expected_record(entity, release, layer_rgb):
+    return {"type": entity.dxftype(), "layer": entity.dxf.layer, **own_keys(entity),
             "color": color_of(entity, layer_rgb),
             "lw": lineweight(entity.dxf.get("lineweight", -1), release)}
 
@@ -121,21 +120,25 @@ def rounded(record, decimals):
 
 def check(name, path):
     """What differs between a golden document and its twin, keys in their order."""
-    from compare_with_ezdxf import ADDED_BY_EZDXF, layer_rgb, names_in_file
+    from compare_with_ezdxf import layer_rgb, layers_in_table, layers_of_entities, tags_of_file
     text = (HERE / "expected" / f"{name}.json").read_text(encoding="utf-8")
     document = json.loads(text, parse_int=str, parse_float=str)
     drawing = ezdxf.readfile(path)
     release = document["dwgVersion"]
-    added = ADDED_BY_EZDXF - names_in_file(path, "LAYER")
-    layers = [layer for layer in drawing.layers if layer.dxf.name.lower() not in added]
-    names = {layer.dxf.name for layer in layers}
+    tags = tags_of_file(path, drawing)
+    own = layers_in_table(tags)
+    layers = [expected_layer(layer, release, layer_rgb) for layer in drawing.layers
+              if layer.dxf.name.lower() in own]
+    # CAD programs create the layers that only entities name.
+    layers += [{"name": name, "visible": True, "locked": False, "color": rgb(layer_rgb(7)),
+                "lw": "L"} for key, name in layers_of_entities(tags).items()
+               if key != "0" and key not in own]
     problems = []
-    if in_order(document["layers"]) != in_order(
-            expected_layer(layer, release, layer_rgb) for layer in layers):
+    if in_order(document["layers"]) != in_order(layers):
         problems.append(f"layers {document['layers']}")
     records = in_order(rounded(record, DECIMALS.get(name))
                        for record in document["entities"] if record["type"] in CURVES)
-    expected = in_order(expected_record(entity, names, release, layer_rgb)
+    expected = in_order(expected_record(entity, release, layer_rgb)
                         for entity in drawing.modelspace() if entity.dxftype() in CURVES)
     problems += [f"unexpected {record}" for record in records if record not in expected]
     problems += [f"missing {record}" for record in expected if record not in records]

@@ -50,7 +50,7 @@ def run(command, value):
     if value is not None:
         environment["KVT_DWG_HATCH_DEBUG"] = value
     done = subprocess.run(command, cwd=DRAWINGS, capture_output=True, env=environment,
-                          timeout=60, check=True)
+                          timeout=600, check=True)
     lines = done.stderr.decode().replace("\r\n", "\n").splitlines(keepends=True)
     dump = "".join(line for line in lines if not line.startswith("[DWG worker] "))
     return dump, TIMINGS.sub(b"", done.stdout)

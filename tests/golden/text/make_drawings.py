@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the drawings of tests/drawings/own: every text and annotation type.
+"""Writes tests/drawings/own/text_*.dxf: every text and annotation type.
 
 One small drawing for each way in which text is stored: 8-bit code pages of
 several scripts, UTF-8, text and binary DXF, and the releases whose dimensions
@@ -8,11 +8,13 @@ how they came about and makes more of them.
 """
 
 import pathlib
-import struct
 import sys
 
-OWN = pathlib.Path(__file__).resolve().parents[2] / "drawings" / "own"
-SENTINEL = b"AutoCAD Binary DXF\r\n\x1a\x00"
+TESTS = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(TESTS / "support"))
+import dxf_writer  # noqa: E402
+
+OWN = TESTS / "drawings" / "own"
 
 LATIN = "Größe é"
 CYRILLIC = "План этажа"
@@ -36,46 +38,38 @@ DRAWINGS = {
 
 
 def point(code, x, y, z=0.0):
-    return [(code, float(x)), (code + 10, float(y)), (code + 20, float(z))]
+    return dxf_writer.point(code, float(x), float(y), float(z))
 
 
-def section(name, *parts):
-    return [(0, "SECTION"), (2, name), *sum(parts, []), (0, "ENDSEC")]
-
-
-def table(name, handle, *records):
-    return [(0, "TABLE"), (2, name), (5, handle), (100, "AcDbSymbolTable"), (70, len(records)),
-            *sum(records, []), (0, "ENDTAB")]
-
-
-def layer(handle, name):
-    return [(0, "LAYER"), (5, handle), (100, "AcDbSymbolTableRecord"),
-            (100, "AcDbLayerTableRecord"), (2, name), (70, 0), (62, 7), (6, "Continuous")]
-
-
-def style(handle, name, height, font):
-    return [(0, "STYLE"), (5, handle), (100, "AcDbSymbolTableRecord"),
-            (100, "AcDbTextStyleTableRecord"), (2, name), (70, 0), (40, height), (41, 1.0),
-            (50, 0.0), (71, 0), (42, 2.5), (3, font), (4, "")]
-
-
-def dim_style():
-    return [(0, "DIMSTYLE"), (105, "27"), (100, "AcDbSymbolTableRecord"),
-            (100, "AcDbDimStyleTableRecord"), (2, "MASS"), (70, 0), (3, "<> mm"), (40, 2.0),
-            (41, 2.5), (140, 3.5), (144, 0.5), (45, 0.25), (78, 8), (176, 1), (178, 5), (271, 2),
-            (277, 2), (340, "12")]
+def tables(dxf):
+    with dxf.table("LAYER", "2", 2, owner=None):
+        for handle, name in (("10", "0"), ("13", "T1")):
+            dxf.record("LAYER", "AcDbLayerTableRecord", name, (70, 0), (62, 7), (6, "Continuous"),
+                       handle=handle)
+    with dxf.table("STYLE", "3", 2, owner=None):
+        for handle, name, height, font in (("11", "Standard", 0.0, "txt"),
+                                           ("12", "FIXED", 3.5, "romans.shx")):
+            dxf.record("STYLE", "AcDbTextStyleTableRecord", name, (70, 0), (40, height), (41, 1.0),
+                       (50, 0.0), (71, 0), (42, 2.5), (3, font), (4, ""), handle=handle)
+    with dxf.table("DIMSTYLE", "A", 1, owner=None):
+        # The only record whose handle has another code.
+        dxf.put((0, "DIMSTYLE"), (105, "27"), (100, "AcDbSymbolTableRecord"),
+                (100, "AcDbDimStyleTableRecord"), (2, "MASS"), (70, 0), (3, "<> mm"), (40, 2.0),
+                (41, 2.5), (140, 3.5), (144, 0.5), (45, 0.25), (78, 8), (176, 1), (178, 5),
+                (271, 2), (277, 2), (340, "12"))
 
 
 class Entities:
-    def __init__(self):
-        self.handle = 0x100
-        self.pairs = []
+    """The entities of model space. LibreDWG finds their owner by itself."""
+
+    def __init__(self, dxf):
+        self.dxf = dxf
 
     def add(self, name, *subclasses):
-        self.handle += 1
-        self.pairs += [(0, name), (5, f"{self.handle:X}"), (100, "AcDbEntity"), (8, "T1")]
-        for subclass, pairs in subclasses:
-            self.pairs += [(100, subclass), *pairs]
+        (first, pairs), *others = subclasses
+        self.dxf.entity(name, first, *pairs, layer="T1", owner=None)
+        for subclass, more in others:
+            self.dxf.put((100, subclass), *more)
 
     def dimension(self, flag, measurement, text, *subclasses):
         common = [*point(10, 9, 8), *point(11, 7, 6), (70, flag), (1, text), (42, measurement),
@@ -132,52 +126,27 @@ def leaders(entities, words):
 
 
 def drawing(version, code_page_name, words):
-    entities = Entities()
-    texts(entities, words)
-    dimensions(entities, words)
-    leaders(entities, words)
-    return [
-        *section("HEADER", [(9, "$ACADVER"), (1, version), (9, "$DWGCODEPAGE"),
-                            (3, code_page_name), (9, "$INSUNITS"), (70, 4)]),
-        *section("TABLES", table("LAYER", "2", layer("10", "0"), layer("13", "T1")),
-                 table("STYLE", "3", style("11", "Standard", 0.0, "txt"),
-                       style("12", "FIXED", 3.5, "romans.shx")),
-                 table("DIMSTYLE", "A", dim_style())),
-        *section("ENTITIES", entities.pairs), (0, "EOF")]
-
-
-def kind(code):
-    """How a binary file stores the value of a group."""
-    if code < 10 or code in (100, 102, 105) or 300 <= code < 370:
-        return "text"
-    if code < 60 or 110 <= code < 150 or 210 <= code < 240:
-        return "real"
-    if 90 <= code < 100:
-        return "long"
-    return "byte" if 290 <= code < 300 else "short"
-
-
-def text_file(pairs, code_page):
-    return "".join(f"{code:>3}\n{value}\n" for code, value in pairs).encode(code_page)
-
-
-def binary_file(pairs, code_page):
-    formats = {"real": "<d", "long": "<i", "short": "<h", "byte": "<B"}
-    parts = [SENTINEL]
-    for code, value in pairs:
-        parts.append(struct.pack("<h", code))
-        if kind(code) == "text":
-            parts.append(str(value).encode(code_page) + b"\0")
-        else:
-            parts.append(struct.pack(formats[kind(code)], value))
-    return b"".join(parts)
+    """The pairs of a file."""
+    pairs = []
+    dxf = dxf_writer.Dxf(pairs.extend)
+    dxf.header(version, (9, "$DWGCODEPAGE"), (3, code_page_name), (9, "$INSUNITS"), (70, 4))
+    with dxf.section("TABLES"):
+        tables(dxf)
+    with dxf.section("ENTITIES"):
+        entities = Entities(dxf)
+        texts(entities, words)
+        dimensions(entities, words)
+        leaders(entities, words)
+    dxf.end()
+    return pairs
 
 
 def main():
     OWN.mkdir(parents=True, exist_ok=True)
     for name, (version, code_page, code_page_name, words, is_binary) in DRAWINGS.items():
         pairs = drawing(version, code_page_name, words)
-        data = (binary_file if is_binary else text_file)(pairs, code_page)
+        data = (dxf_writer.binary(pairs, code_page) if is_binary
+                else dxf_writer.text(pairs, width=3).encode(code_page))
         (OWN / f"{name}.dxf").write_bytes(data)
     return 0
 
