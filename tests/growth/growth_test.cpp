@@ -1,11 +1,12 @@
-// The conversion's time and memory against the size of drawings made to hurt.
+// The conversion's work and memory against the size of worst-case drawings.
 //
 // Each case builds a drawing in memory at two sizes, n and 8n, and converts it.
-// Linear growth multiplies the cost by 8, the square by 64; a case fails above
-// 24, which leaves room for caches that no longer hold the larger one. Memory is
-// what the conversion allocates in all, counted; time is processor time, the
-// least of several runs, and a case that fails is measured again, since noise
-// only adds. Where a machine is too fast for its clock, n grows.
+// Linear growth multiplies the cost by 8, the square by 64. Nothing here looks at
+// a clock: memory is what the conversion allocates in all, counted and judged by
+// this program; work is the number of instructions, counted by callgrind, when
+// count_work.py runs this program under it, and judged there. That script finds
+// the measured pieces by the function RunMeasured and by the lines that this
+// program prints for each.
 //
 // Drawings whose document has to be larger than linear are not here: see
 // docs/limits.md.
@@ -13,12 +14,9 @@
 #include <dwg.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <new>
@@ -26,13 +24,10 @@
 #include <utility>
 #include <vector>
 
-extern "C" {
-#include <hash.h>
-}
-
 #include "document/document.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/lookup_tables.hpp"
+#include "tests/support/memory_drawing.hpp"
 #include "text/mtext_to_html.hpp"
 #include "text/text_codes.hpp"
 
@@ -72,41 +67,15 @@ void operator delete[](void* memory, std::size_t) noexcept {
 namespace {
 
 constexpr std::size_t kFactor = 8;
-constexpr double kLargestGrowth = 24;
-constexpr int kRuns = 3;
-constexpr int kAttempts = 4;
-constexpr double kShortestTime = 0.016;
+// Linear growth is found at 8.4 times the bytes at most.
+constexpr std::size_t kLargestGrowth = 12;
+// What may be allocated however small the drawing is.
+constexpr std::size_t kFirstBytes = 4096;
 
 // Objects share the entity part of their kind, so that large drawings are small.
-class LargeDrawing {
+class LargeDrawing : public MemoryDrawing {
  public:
-  LargeDrawing() = default;
-  ~LargeDrawing() {
-    if (dwg_.object_map != nullptr) {
-      hash_free(dwg_.object_map);
-    }
-  }
-  LargeDrawing(const LargeDrawing&) = delete;
-  LargeDrawing& operator=(const LargeDrawing&) = delete;
-
-  template <typename T>
-  T& New() {
-    auto holder = std::make_shared<T>();
-    owned_.push_back(holder);
-    return *holder;
-  }
-
-  char* Text(const std::string& text) {
-    auto& stored = New<std::string>();
-    stored = text;
-    return stored.data();
-  }
-
-  Dwg_Object_Ref* Ref(Handle handle) {
-    auto& reference = New<Dwg_Object_Ref>();
-    reference.absolute_ref = handle;
-    return &reference;
-  }
+  using MemoryDrawing::MemoryDrawing;
 
   // An entity part with zeroed data of its type.
   template <typename T>
@@ -120,108 +89,65 @@ class LargeDrawing {
 
   void AddEntity(DWG_OBJECT_TYPE type, Dwg_Object_Entity* part, Handle handle = 0) {
     Dwg_Object& object = Add(type, handle);
+    static char name[] = "THING";
+    object.name = name;
     object.supertype = DWG_SUPERTYPE_ENTITY;
     object.tio.entity = part;
-  }
-
-  template <typename T>
-  T& AddObject(DWG_OBJECT_TYPE type, T* ObjectTio::*member, Handle handle) {
-    auto& part = New<Dwg_Object_Object>();
-    auto& data = New<T>();
-    part.tio.*member = &data;
-    Dwg_Object& object = Add(type, handle);
-    object.supertype = DWG_SUPERTYPE_OBJECT;
-    object.tio.object = &part;
-    return data;
   }
 
   void AddBlock(Handle handle, const std::string& name) {
     AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, handle).name = Text(name);
   }
-
-  // To be called once, after the last object.
-  Dwg_Data& Finish() {
-    dwg_.object = objects_.data();
-    dwg_.num_objects = static_cast<BITCODE_BL>(objects_.size());
-    dwg_.object_map = hash_new(objects_.size() * 2);
-    for (std::size_t i = 0; i < objects_.size(); ++i) {
-      if (objects_[i].handle.value != 0) {
-        hash_set(dwg_.object_map, objects_[i].handle.value, i);
-      }
-    }
-    return dwg_;
-  }
-
- private:
-  Dwg_Object& Add(DWG_OBJECT_TYPE type, Handle handle) {
-    Dwg_Object object{};
-    object.type = static_cast<BITCODE_BS>(type);
-    object.fixedtype = type;
-    object.index = static_cast<BITCODE_RL>(objects_.size());
-    object.handle.value = handle;
-    static char name[] = "THING";
-    object.name = name;
-    objects_.push_back(object);
-    return objects_.back();
-  }
-
-  Dwg_Data dwg_{};
-  std::vector<Dwg_Object> objects_;
-  std::deque<std::shared_ptr<void>> owned_;
 };
 
-struct Cost {
-  double seconds;
-  std::size_t bytes;
-};
+}  // namespace
 
-Cost CostOf(const std::function<void()>& work) {
-  Cost least{1e9, 0};
-  for (int run = 0; run < kRuns; ++run) {
-    const std::size_t before = allocated;
-    const std::clock_t start = std::clock();
-    work();
-    const double seconds =
-        static_cast<double>(std::clock() - start) / static_cast<double>(CLOCKS_PER_SEC);
-    least = {std::min(least.seconds, seconds), allocated - before};
-  }
-  return least;
+// The piece that callgrind counts, by this name. The assignment behind the call
+// keeps it from becoming a jump, which would end the function before its work.
+extern "C" __attribute__((noinline)) void RunMeasured(const std::function<void()>& work) {
+  static volatile int runs = 0;
+  work();
+  runs = runs + 1;
+}
+
+namespace {
+
+// What `work` allocates in all.
+std::size_t BytesOf(std::size_t size, const std::function<void()>& work) {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  std::printf("MEASURED %s.%s %zu\n", test.test_suite_name(), test.name(), size);
+  const std::size_t before = allocated;
+  RunMeasured(work);
+  return allocated - before;
+}
+
+bool IsLinear(std::size_t first, std::size_t last) {
+  return last <= kLargestGrowth * (first + kFirstBytes);
 }
 
 using Prepare = std::function<std::function<void()>(std::size_t)>;
 
 // `prepare` gives, for a size, what is to be measured.
 void ExpectLinear(std::size_t n, const Prepare& prepare) {
-  while (CostOf(prepare(kFactor * n)).seconds < kShortestTime) {
-    n *= 2;
-  }
-  double growth = 0;
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const Cost first = CostOf(prepare(n));
-    const Cost last = CostOf(prepare(kFactor * n));
-    ASSERT_LE(static_cast<double>(last.bytes),
-              kLargestGrowth * (static_cast<double>(first.bytes) + 1e6));
-    growth = last.seconds / std::max(first.seconds, kShortestTime / kFactor / 2);
-    if (growth <= kLargestGrowth) {
-      return;
-    }
-  }
-  ADD_FAILURE() << kFactor << " times the size takes " << growth << " times the time";
+  const std::size_t first = BytesOf(n, prepare(n));
+  const std::size_t last = BytesOf(kFactor * n, prepare(kFactor * n));
+  EXPECT_TRUE(IsLinear(first, last))
+      << kFactor << " times the size allocates " << last << " bytes, not " << first;
 }
+
+// For each unit of a case's size.
+constexpr std::size_t kMostObjects = 6;
 
 using Fill = std::function<void(LargeDrawing&, std::size_t)>;
 
 void ExpectLinearDocument(std::size_t n, const Fill& fill) {
   ExpectLinear(n, [&fill](std::size_t size) {
-    auto drawing = std::make_shared<LargeDrawing>();
+    auto drawing = std::make_shared<LargeDrawing>(kMostObjects * size);
     fill(*drawing, size);
-    Dwg_Data* dwg = &drawing->Finish();
-    return [drawing, dwg] {
+    return [drawing] {
       StageObserver observer;
       JsonOut out;
-      AppendDocument(out,
-                     {.dwg = *dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
-                     {}, observer);
+      AppendDocument(out, Drawing{.data = drawing->data()}, {}, {}, observer);
     };
   });
 }
@@ -233,30 +159,6 @@ TEST(Growth, Layers) {
           drawing.Text("L" + std::to_string(i));
     }
   });
-}
-
-// For docs/limits.md: --gtest_also_run_disabled_tests --gtest_filter=*Million*
-TEST(Growth, DISABLED_MillionLayers) {
-  for (const std::size_t n : {250'000U, 500'000U, 1'000'000U}) {
-    LargeDrawing drawing;
-    for (std::size_t i = 1; i <= n; ++i) {
-      drawing.AddObject(DWG_TYPE_LAYER, &ObjectTio::LAYER, i).name =
-          drawing.Text("L" + std::to_string(i));
-    }
-    Dwg_Data& dwg = drawing.Finish();
-    std::size_t size = 0;
-    const Cost cost = CostOf([&dwg, &size] {
-      StageObserver observer;
-      JsonOut out;
-      AppendDocument(out,
-                     {.dwg = dwg, .unicodeText = false, .debugColors = false, .drawingFolder = {}},
-                     {}, observer);
-      size = out.size();
-    });
-    std::printf("%zu layers: %.2f s, %.0f MB allocated in all, document of %.0f MB\n", n,
-                cost.seconds, static_cast<double>(cost.bytes) / 1e6,
-                static_cast<double>(size) / 1e6);
-  }
 }
 
 // Multiples of the number of buckets that a table of as many entries has.
@@ -478,26 +380,35 @@ TEST(Growth, DenseHatch) {
   });
 }
 
+void AddSpline(LargeDrawing& drawing, std::size_t points, std::size_t degree) {
+  const auto [part, spline] = drawing.Part(&EntityTio::SPLINE);
+  auto& controlPoints = drawing.New<std::vector<Dwg_SPLINE_control_point>>();
+  auto& knots = drawing.New<std::vector<double>>();
+  for (std::size_t i = 0; i < points; ++i) {
+    Dwg_SPLINE_control_point point{};
+    point.x = static_cast<double>(i);
+    controlPoints.push_back(point);
+  }
+  for (std::size_t i = 0; i < points + degree + 1; ++i) {
+    knots.push_back(static_cast<double>(i));
+  }
+  spline->degree = static_cast<BITCODE_BS>(degree);
+  spline->ctrl_pts = controlPoints.data();
+  spline->num_ctrl_pts = static_cast<BITCODE_BL>(points);
+  spline->knots = knots.data();
+  spline->num_knots = static_cast<BITCODE_BL>(points + degree + 1);
+  drawing.AddEntity(DWG_TYPE_SPLINE, part);
+}
+
 TEST(Growth, HugeSpline) {
-  ExpectLinearDocument(2'000, [](LargeDrawing& drawing, std::size_t n) {
-    const auto [part, spline] = drawing.Part(&EntityTio::SPLINE);
-    auto& points = drawing.New<std::vector<Dwg_SPLINE_control_point>>();
-    auto& knots = drawing.New<std::vector<double>>();
-    for (std::size_t i = 0; i < n; ++i) {
-      Dwg_SPLINE_control_point point{};
-      point.x = static_cast<double>(i);
-      points.push_back(point);
-    }
-    for (std::size_t i = 0; i < n + 4; ++i) {
-      knots.push_back(static_cast<double>(i));
-    }
-    spline->degree = 3;
-    spline->ctrl_pts = points.data();
-    spline->num_ctrl_pts = static_cast<BITCODE_BL>(n);
-    spline->knots = knots.data();
-    spline->num_knots = static_cast<BITCODE_BL>(n + 4);
-    drawing.AddEntity(DWG_TYPE_SPLINE, part);
-  });
+  ExpectLinearDocument(2'000,
+                       [](LargeDrawing& drawing, std::size_t n) { AddSpline(drawing, n, 3); });
+}
+
+// Evaluating it would take the cube of its size; from a size on it is refused.
+TEST(Growth, SplineOfAHighDegree) {
+  ExpectLinearDocument(300,
+                       [](LargeDrawing& drawing, std::size_t n) { AddSpline(drawing, n, n / 2); });
 }
 
 // A text of n bytes, the unit again and again.
@@ -537,6 +448,28 @@ TEST(Growth, SingleLineText) {
       AppendTextCodes(out, text);
     };
   });
+}
+
+// What the two judges have to find: the script this one's work,
+TEST(Planted, SquareOfTheSize) {
+  ExpectLinear(1'000, [](std::size_t n) {
+    return [numbers = std::vector<char>(n, 1)] {
+      volatile std::size_t pairs = 0;
+      for (const char first : numbers) {
+        for (const char second : numbers) {
+          pairs = pairs + static_cast<std::size_t>(first + second);
+        }
+      }
+    };
+  });
+}
+
+// and this program this one's memory.
+TEST(Planted, SquareOfTheMemory) {
+  const Prepare prepare = [](std::size_t n) { return [n] { std::vector<char>(n * n); }; };
+  const std::size_t first = BytesOf(1'000, prepare(1'000));
+  const std::size_t last = BytesOf(8'000, prepare(8'000));
+  EXPECT_FALSE(IsLinear(first, last));
 }
 
 }  // namespace
