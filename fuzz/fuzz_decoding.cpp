@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "encode/font_mapping.hpp"
@@ -47,7 +48,13 @@ bool IsUtf8(const std::string& text) {
 std::string DecodeFromOddAddress(const std::vector<char16_t>& units) {
   std::string bytes(1, 'x');
   bytes.append(reinterpret_cast<const char*>(units.data()), units.size() * sizeof(char16_t));
-  return DecodeUtf16Text(bytes.data() + 1);
+  return std::string(DecodeText(TextForm::kUtf16, bytes.data() + 1));
+}
+
+std::string Quoted(std::string_view text) {
+  JsonOut out;
+  AppendQuoted(out, text);
+  return out.Text();
 }
 
 void CheckFontName(const std::string& name) {
@@ -70,29 +77,25 @@ void CheckHtml(const std::string& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const TimeBudget budget(size);
+  const TimeBudget budget;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   CheckFontName(bytes);
   CheckHtml(bytes);
-  SetEightBitIsUtf8(false);
-  const std::string decoded = DecodeCodePageText(bytes.c_str());
+  const std::string decoded(DecodeText(TextForm::kWindows1252, bytes.c_str()));
   FUZZ_CHECK(IsUtf8(decoded));
-  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(decoded.c_str())));
+  FUZZ_CHECK(IsGrammaticalJson(Quoted(decoded)));
 
   std::vector<char16_t> units;
   for (std::size_t i = 0; i + 1 < size; i += 2) {
     units.push_back(static_cast<char16_t>(data[i] | data[i + 1] << 8U));
   }
   units.push_back(0);
-  const std::string wide = DecodeUtf16Text(units.data());
+  const std::string wide(DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(units.data())));
   FUZZ_CHECK(IsUtf8(wide));
   FUZZ_CHECK(DecodeFromOddAddress(units) == wide);
 
-  SetEightBitIsUtf8(true);
-  FUZZ_CHECK(EightBitIsUtf8());
-  FUZZ_CHECK(DecodeCodePageText(bytes.c_str()) == bytes.c_str());
-  SetEightBitIsUtf8(false);
-  FUZZ_CHECK(IsGrammaticalJson(JsonQuote(bytes.c_str())));
+  FUZZ_CHECK(DecodeText(TextForm::kUtf8, bytes.c_str()).view() == bytes.c_str());
+  FUZZ_CHECK(IsGrammaticalJson(Quoted(bytes)));
   budget.Check();
   return 0;
 }

@@ -13,17 +13,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-extern "C" {
-#include <hash.h>
-}
 
 #include "document/document.hpp"
 #include "encode/text_decoding.hpp"
@@ -31,8 +25,9 @@ extern "C" {
 #include "entities/entity_context.hpp"
 #include "fuzz/check.hpp"
 #include "fuzz/fuzz_input.hpp"
+#include "reading/dxf_settling.hpp"
 #include "tests/support/json_grammar.hpp"
-#include "worker/dxf_settling.hpp"
+#include "tests/support/memory_drawing.hpp"
 
 namespace {
 
@@ -43,54 +38,43 @@ constexpr Handle kPlaceholderHandle = 0x1F;  // of the DXF reader's own block
 class DrawingBuilder {
  public:
   explicit DrawingBuilder(FuzzInput& input) : input_(input) {
-    objects_.reserve(kMaxObjects);
     unicodeText_ = input_.OneIn(2);
-    dwg_.header.version = static_cast<Dwg_Version_Type>(input_.Below(48));
-    dwg_.header_vars.INSUNITS = static_cast<BITCODE_BS>(input_.Word());
-    hasObjectMap_ = !input_.OneIn(16);
+    dwg().header.version = static_cast<Dwg_Version_Type>(input_.Below(48));
+    dwg().header_vars.INSUNITS = static_cast<BITCODE_BS>(input_.Word());
+    const bool hasObjectMap = !input_.OneIn(16);
     if (input_.OneIn(4)) {
       AddPlaceholder();
     }
-    while (!input_.IsEmpty() && objects_.size() < kMaxObjects) {
+    while (!input_.IsEmpty() && drawing_.objects().size() < kMaxObjects) {
       AddObject();
     }
-    dwg_.object = objects_.data();
-    dwg_.num_objects = static_cast<BITCODE_BL>(objects_.size());
     for (Dwg_Object_Ref* reference : modelSpaceReferences_) {
       reference->obj = Find(reference->absolute_ref);
     }
-    for (std::size_t i = 0; i < objects_.size(); ++i) {
-      if (objects_[i].handle.value != 0) {
-        hash_set(objectMap_, objects_[i].handle.value, i);
-      }
+    for (std::size_t i = 0; i < drawing_.objects().size(); ++i) {
+      drawing_.EnterHandle(i);
     }
-    dwg_.object_map = hasObjectMap_ ? objectMap_ : nullptr;
+    if (!hasObjectMap) {
+      dwg().object_map = nullptr;
+    }
   }
   ~DrawingBuilder() {
-    hash_free(objectMap_);
     for (const Dwg_Object_BLOCK_HEADER* block : blocks_) {
       std::free(block->name);
     }
-    for (std::size_t i = 0; i < dwg_.num_object_refs; ++i) {
-      std::free(dwg_.object_ref[i]);
+    for (std::size_t i = 0; i < dwg().num_object_refs; ++i) {
+      std::free(dwg().object_ref[i]);
     }
-    std::free(dwg_.object_ref);
-    std::free(dwg_.object_ordered_ref);
+    std::free(dwg().object_ref);
+    std::free(dwg().object_ordered_ref);
   }
   DrawingBuilder(const DrawingBuilder&) = delete;
   DrawingBuilder& operator=(const DrawingBuilder&) = delete;
 
-  Dwg_Data& dwg() { return dwg_; }
+  Dwg_Data& dwg() { return drawing_.data(); }
   bool unicodeText() const { return unicodeText_; }
 
  private:
-  template <typename T>
-  T* New() {
-    auto holder = std::make_shared<T>();
-    owned_.push_back(holder);
-    return holder.get();
-  }
-
   // An array of up to 12 values and its count; sometimes missing with a count.
   template <typename T, typename Count, typename Fill>
   void Array(T*& data, Count& count, Fill fill) {
@@ -99,13 +83,12 @@ class DrawingBuilder {
       count = static_cast<Count>(input_.Word() * 65537U);
       return;
     }
-    auto holder = std::make_shared<std::vector<T>>(input_.Below(13));
-    for (T& value : *holder) {
+    std::vector<T> values(input_.Below(13));
+    for (T& value : values) {
       fill(value);
     }
-    data = holder->data();
-    count = static_cast<Count>(holder->size());
-    owned_.push_back(holder);
+    count = static_cast<Count>(values.size());
+    data = drawing_.Array(std::move(values));
   }
 
   // In the drawing's form, with its terminating zeros; none for a missing text.
@@ -145,9 +128,7 @@ class DrawingBuilder {
     if (!stored) {
       return nullptr;
     }
-    auto holder = std::make_shared<std::vector<char>>(std::move(*stored));
-    owned_.push_back(holder);
-    return holder->data();
+    return drawing_.Array(std::move(*stored));
   }
 
   // A text for the library to free: what settles a drawing from DXF replaces it.
@@ -167,7 +148,7 @@ class DrawingBuilder {
   }
 
   Dwg_Object* Find(Handle handle) {
-    for (Dwg_Object& object : objects_) {
+    for (Dwg_Object& object : drawing_.objects()) {
       if (object.handle.value == handle && handle != 0) {
         return &object;
       }
@@ -181,7 +162,7 @@ class DrawingBuilder {
     if (input_.OneIn(6)) {
       return nullptr;
     }
-    auto* reference = New<Dwg_Object_Ref>();
+    Dwg_Object_Ref* reference = drawing_.Ref(0);
     const std::vector<Handle>& candidates = handlesByType_[type];
     reference->absolute_ref = candidates.empty() || input_.OneIn(4)
                                   ? AnyHandle()
@@ -212,18 +193,19 @@ class DrawingBuilder {
   }
 
   Dwg_Object& Begin(unsigned type) {
-    Dwg_Object object{};
-    object.fixedtype = static_cast<DWG_OBJECT_TYPE>(type);
-    object.type = static_cast<BITCODE_BS>(input_.OneIn(20) ? input_.Byte() : type);
-    object.index = static_cast<BITCODE_RL>(input_.OneIn(30) ? input_.Word() : objects_.size());
+    Dwg_Object& object = drawing_.Add(static_cast<DWG_OBJECT_TYPE>(type), 0);
+    if (input_.OneIn(20)) {
+      object.type = input_.Byte();
+    }
+    if (input_.OneIn(30)) {
+      object.index = input_.Word();
+    }
     object.handle.value = AnyHandle();
     static char entityName[] = "THING";
     static char blockName[] = "BLOCK";
     object.name = input_.OneIn(4) ? nullptr : input_.OneIn(4) ? blockName : entityName;
-    object.parent = &dwg_;
-    objects_.push_back(object);
     handlesByType_[object.fixedtype].push_back(object.handle.value);
-    return objects_.back();
+    return object;
   }
 
   template <typename T, typename FillData>
@@ -233,7 +215,7 @@ class DrawingBuilder {
     if (input_.OneIn(40)) {
       return;  // no entity data
     }
-    auto* entity = New<Dwg_Object_Entity>();
+    auto* entity = &drawing_.New<Dwg_Object_Entity>();
     object.tio.entity = entity;
     entity->ownerhandle = input_.OneIn(3) ? nullptr : Reference(OwnerType());
     entity->layer = Reference(DWG_TYPE_LAYER);
@@ -242,7 +224,7 @@ class DrawingBuilder {
     if (input_.OneIn(25)) {
       return;  // none of its type
     }
-    T* data = New<T>();
+    T* data = &drawing_.New<T>();
     entity->tio.*member = data;
     fill(*data);
   }
@@ -254,11 +236,11 @@ class DrawingBuilder {
     if (input_.OneIn(40)) {
       return;
     }
-    object.tio.object = New<Dwg_Object_Object>();
+    object.tio.object = &drawing_.New<Dwg_Object_Object>();
     if (input_.OneIn(25)) {
       return;
     }
-    T* data = New<T>();
+    T* data = &drawing_.New<T>();
     object.tio.object->tio.*member = data;
     fill(*data);
   }
@@ -323,7 +305,7 @@ class DrawingBuilder {
   // The block that the DXF reader starts every drawing with.
   void AddPlaceholder() {
     AddBlock();
-    Dwg_Object& object = objects_.back();
+    Dwg_Object& object = drawing_.last();
     object.handle.value = kPlaceholderHandle;
     auto* block = ObjectData(object, &ObjectTio::BLOCK_HEADER);
     if (!unicodeText_ && block != nullptr && block->name != nullptr && input_.OneIn(2)) {
@@ -736,26 +718,21 @@ class DrawingBuilder {
   }
 
   FuzzInput& input_;
-  Dwg_Data dwg_{};
+  MemoryDrawing drawing_{kMaxObjects};
   bool unicodeText_ = false;
-  bool hasObjectMap_ = true;
-  dwg_inthash* objectMap_ = hash_new(kMaxObjects);
   std::vector<Dwg_Object_Ref*> modelSpaceReferences_;
   std::vector<Dwg_Object_BLOCK_HEADER*> blocks_;
   std::map<DWG_OBJECT_TYPE, std::vector<Handle>> handlesByType_;
-  std::vector<Dwg_Object> objects_;
-  std::deque<std::shared_ptr<void>> owned_;
 };
 
-std::string Convert(DrawingBuilder& drawing, bool debugColors) {
+std::string Convert(DrawingBuilder& builder, bool isUtf8, bool verbose) {
+  const TextForm eightBit = isUtf8 ? TextForm::kUtf8 : TextForm::kWindows1252;
+  const Drawing drawing{.data = builder.dwg(),
+                        .textForm = builder.unicodeText() ? TextForm::kUtf16 : eightBit,
+                        .folder = "."};
   StageObserver observer;
   JsonOut out;
-  AppendDocument(out,
-                 {.dwg = drawing.dwg(),
-                  .unicodeText = drawing.unicodeText(),
-                  .debugColors = debugColors,
-                  .drawingFolder = "."},
-                 {}, observer);
+  AppendDocument(out, drawing, {.verbose = verbose}, {}, observer);
   return out.Text();
 }
 
@@ -764,17 +741,17 @@ std::string Convert(DrawingBuilder& drawing, bool debugColors) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzInput input(data, size);
   const std::uint8_t switches = input.Byte();
-  SetInputIsDxf((switches & 1U) != 0);
-  SetEightBitIsUtf8((switches & 2U) != 0);
+  const bool isUtf8 = (switches & 2U) != 0;
+  const bool verbose = (switches & 4U) != 0;
   DrawingBuilder drawing(input);
   if ((switches & 8U) != 0 && !drawing.unicodeText()) {
     SettleDxf(drawing.dwg());
   }
-  const TimeBudget budget(size);
-  const std::string document = Convert(drawing, (switches & 4U) != 0);
+  const TimeBudget budget;
+  const std::string document = Convert(drawing, isUtf8, verbose);
   budget.Check();
   FUZZ_CHECK(IsGrammaticalJson(document + "}"));
-  FUZZ_CHECK(Convert(drawing, (switches & 4U) != 0) == document);
+  FUZZ_CHECK(Convert(drawing, isUtf8, verbose) == document);
   // For the check of the documents against their schema.
   static const bool prints = std::getenv("DWG_FUZZ_PRINT") != nullptr;
   if (prints) {

@@ -10,8 +10,8 @@
 
 #include "document/document.hpp"
 #include "fuzz/check.hpp"
+#include "reading/drawing_file.hpp"
 #include "tests/support/json_grammar.hpp"
-#include "worker/drawing_file.hpp"
 
 namespace {
 
@@ -20,15 +20,12 @@ std::string InputPath() {
   return (folder / ("dwg_fuzz_" + std::to_string(getpid()) + DWG_FUZZ_EXTENSION)).string();
 }
 
-std::string Convert(DrawingFile& drawing) {
+std::string Convert(const DrawingFile& file) {
   StageObserver observer;
   JsonOut out;
-  AppendDocument(out,
-                 {.dwg = drawing.data(),
-                  .unicodeText = drawing.HasUnicodeText(),
-                  .debugColors = true,
-                  .drawingFolder = {}},
-                 {}, observer);
+  Drawing drawing = file.drawing();
+  drawing.folder.clear();  // whose files are none of the input
+  AppendDocument(out, drawing, {.verbose = true}, {}, observer);
   return out.Text();
 }
 

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzInput input(data, size);
   const double baseHeight = input.Double();
   const std::string text = input.Rest();
-  const TimeBudget budget(size);
+  const TimeBudget budget;
   MtextLayout layout;
   JsonOut out;
   const bool isWhole = AppendMtextHtml(out, text, baseHeight, layout);

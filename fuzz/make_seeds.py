@@ -51,6 +51,7 @@ def main():
         "fuzz_drawing": {},
         "fuzz_dwg": drawings(".dwg"),
         "fuzz_dxf": drawings(".dxf"),
+        "fuzz_dxf_front_end": drawings(".dxf"),
     }
     for target, inputs in seeds.items():
         (folder / target).mkdir(parents=True, exist_ok=True)
