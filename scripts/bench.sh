@@ -5,7 +5,7 @@
 #   scripts/bench.sh [OPTION...]    (those of bench/run_bench.py)
 #
 # DWG_CORPUS names the folder of real drawings; without it only those of the
-# tests are measured. Where npm is, a package that does the same job is measured,
+# tests are measured. Where npm is installed, a package that does the same job is measured
 # too. The results go to build/bench/results.json as well.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -15,7 +15,7 @@ require_cargo
 prepare_python
 build_preset release
 cmake -S "$root" -B "$root/build/bench" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-  -DDWG_BUILD_BENCH=ON -DDWG_MIMALLOC=ON >&2
+  -DDWG_BUILD_BENCH=ON -DDWG_MIMALLOC=ON -DDWG_CRASH_REPORTING=OFF >&2
 cmake --build "$root/build/bench" >&2
 
 drawings=()

@@ -3,6 +3,23 @@
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 
+# The folders of the worker's code, and the names of the fuzz targets.
+mapfile -t rooms < <(grep -E '^[a-z]' "$root/cmake/rooms.txt")
+mapfile -t fuzz_targets < <(grep -oE '^fuzz_[a-z_]+' "$root/fuzz/targets.txt")
+
+# our_sources PATTERN...: our files of that name, in any folder, as in '*.cpp'
+# and 'hosts/*.cpp', named from the root.
+our_sources() {
+  git -C "$root" ls-files --cached --others --exclude-standard -- "$@"
+}
+
+# The sources of the worker's rooms that compile here, and with LibreDWG alone: no
+# Windows sources, nothing that needs sentry-native or mimalloc.
+room_sources() {
+  our_sources "${rooms[@]/%//*.cpp}" |
+    grep -vE '(_win|_mimalloc|crash_reporting_(posix|sentry)|reading_memory_posix)\.cpp$'
+}
+
 # Messages go to standard error; standard output belongs to the result.
 say() { printf '== %s\n' "$*" >&2; }
 fail() { printf 'error: %s\n' "$*" >&2; exit 1; }

@@ -10,7 +10,6 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-all_targets=(fuzz_drawing fuzz_dwg fuzz_dxf fuzz_mtext fuzz_text_codes fuzz_decoding fuzz_number)
 sets=()
 lines=""
 folder="${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/fuzz"
@@ -29,7 +28,7 @@ tool() { command -v "$1" || command -v "$1-14" || fail "$1 is missing (package l
 profdata="$(tool llvm-profdata)"
 cov="$(tool llvm-cov)"
 
-build_preset coverage unit_tests "${all_targets[@]/%/_replay}"
+build_preset coverage unit_tests "${fuzz_targets[@]/%/_replay}"
 build="$root/build/coverage"
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
@@ -42,7 +41,7 @@ run_unit() {
 
 run_target() {
   local target="$1" inputs=() place
-  for place in "$work/seeds/$target" "$folder/corpus/$target" "$root/fuzz/corpus/$target" \
+  for place in "$work/seeds/$target" "$folder/corpus/$target" "$build/fuzz/corpus/$target" \
     "$root/fuzz/findings/$target"; do
     [ -n "$(ls -A "$place" 2>/dev/null)" ] && inputs+=("$place")
   done
@@ -54,12 +53,12 @@ run_target() {
 
 report() {
   local name="$1" objects=("$build/tests/unit_tests") target
-  for target in "${all_targets[@]}"; do
+  for target in "${fuzz_targets[@]}"; do
     objects+=(-object "$build/fuzz/${target}_replay")
   done
   "$profdata" merge -o "$work/$name.profdata" "$work/$name."*.profraw
   local sources=()
-  mapfile -t sources < <(cd "$root" && find worker document entities text encode -name '*.[ch]pp' |
+  mapfile -t sources < <(cd "$root" && find "${rooms[@]}" -name '*.[ch]pp' |
     sed "s|^|$root/|")
   say "$name"
   "$cov" report "${objects[@]}" -instr-profile="$work/$name.profdata" \
@@ -74,7 +73,7 @@ report() {
 for name in "${sets[@]}"; do
   case "$name" in
     unit) run_unit ;;
-    fuzz) for target in "${all_targets[@]}"; do run_target "$target" fuzz; done ;;
+    fuzz) for target in "${fuzz_targets[@]}"; do run_target "$target" fuzz; done ;;
     *) run_target "$name" "$name" ;;
   esac
   report "$name"

@@ -4,19 +4,18 @@
 #   scripts/fuzz.sh [TARGET...] [--seconds N] [--seed N] [--jobs N] [--folder F]
 #                   [--programs F]
 #
-# TARGETs are fuzz_drawing, fuzz_dwg, fuzz_dxf, fuzz_mtext, fuzz_text_codes,
-# fuzz_decoding and fuzz_number, all of them by default, for 60 seconds each.
-# The corpora and the findings stay in a folder outside the repository (--folder;
-# ~/.cache/dwg_import_worker/fuzz by default) and are taken up again by the next
-# run. --jobs runs so many targets at a time. --programs names a folder of built targets, for runs that shall not
-# change while the sources do; else the asan preset is built first.
+# TARGETs are names from fuzz/targets.txt, all of them by default, for 60 seconds
+# each. The corpora and the findings stay in a folder outside the repository
+# (--folder; ~/.cache/dwg_import_worker/fuzz by default) and are taken up again by
+# the next run. --jobs runs so many targets at a time. --programs names a folder of
+# built targets, for runs that must not change while the sources do; without it the asan
+# preset is built first.
 #
 # Fails when a finding is ours. Findings in LibreDWG are listed and end nothing:
 # every input runs in a child that may die.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-all_targets=(fuzz_drawing fuzz_dwg fuzz_dxf fuzz_mtext fuzz_text_codes fuzz_decoding fuzz_number)
 targets=()
 seconds=60
 seed=0
@@ -34,7 +33,7 @@ while [ $# -gt 0 ]; do
     *) targets+=("$1"); shift ;;
   esac
 done
-[ ${#targets[@]} -gt 0 ] || targets=("${all_targets[@]}")
+[ ${#targets[@]} -gt 0 ] || targets=("${fuzz_targets[@]}")
 
 if [ -z "$programs" ]; then
   build_preset asan "${targets[@]}"
@@ -44,7 +43,7 @@ mkdir -p "$folder"
 folder="$(cd "$folder" && pwd)"
 python3 "$root/fuzz/make_seeds.py" "$folder/seeds"
 
-# The dump of hatch boundaries is fuzzed along; the library leaks when it refuses.
+# The dump of hatch boundaries is fuzzed too; the library leaks when it refuses.
 export KVT_DWG_HATCH_DEBUG=1 ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1
 
 # The number of inputs that a log's run has executed.
@@ -55,7 +54,7 @@ executions() {
 run_target() {
   local target="$1" log="$folder/$1.log" max_len=4096
   local corpus="$folder/corpus/$target" crashes="$folder/crashes/$target"
-  case "$target" in fuzz_dwg | fuzz_dxf) max_len=65536 ;; esac
+  case "$target" in fuzz_dwg | fuzz_dxf | fuzz_dxf_front_end) max_len=65536 ;; esac
   mkdir -p "$corpus" "$crashes"
   local dictionary=()
   [ -e "$root/fuzz/dictionaries/$target.dict" ] &&

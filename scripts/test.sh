@@ -4,24 +4,20 @@
 #   scripts/test.sh [STAGE...]
 #
 # Stages, by default all of them in this order: checks dev clang analyze asan
-# fuzz release viewer windows.
+# fuzz release preview windows.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 test_packages=(clang llvm libclang-rt-14-dev clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
-               python3-venv
+               python3-venv valgrind
                libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1 libfreetype6
                libglib2.0-0 libx11-6 libbrotli1 libpng16-16)
 
-our_sources() {
-  git -C "$root" ls-files --cached --others --exclude-standard -- '*.cpp' '*.hpp'
-}
-
 stage_checks() {
   say "Format"
-  (cd "$root" && our_sources | xargs clang-format-14 --dry-run -Werror)
+  (cd "$root" && our_sources '*.[ch]pp' | xargs clang-format-14 --dry-run -Werror)
 }
 
 # run_ctest PRESET [OPTION...]
@@ -42,12 +38,7 @@ stage_clang() {
   say "Clang, warnings as errors: build, test, clang-tidy"
   build_preset dev-clang
   run_ctest dev-clang -LE documents
-  (
-    cd "$root"
-    our_sources | grep -E '^(worker|document|encode|entities|text)/.*\.cpp$' |
-      grep -vE '_win\.cpp$|crash_reporting_(posix|sentry)\.cpp$' |
-      xargs -P "$(nproc)" -n 4 clang-tidy-14 -p build/dev-clang --quiet
-  )
+  "$root/scripts/lint.sh" worker
 }
 
 stage_analyze() {
@@ -57,7 +48,7 @@ stage_analyze() {
 stage_asan() {
   say "Address and undefined-behaviour sanitizers: build and test"
   build_preset asan
-  # The library leaks when it refuses a drawing, and our tests hand it such.
+  # The library leaks when it refuses a drawing, and our tests give it such drawings.
   ASAN_OPTIONS=detect_leaks=0 run_ctest asan -LE documents
 }
 
@@ -88,16 +79,24 @@ stage_release() {
   )
 }
 
-stage_viewer() {
-  say "dwg_preview: build, unit tests, headless tests, pictures against ezdxf's"
+stage_preview() {
+  say "dwg_preview: build, unit tests, headless tests, pictures against ezdxf's, clang-tidy"
   install_packages qt6-base-dev fonts-liberation fonts-dejavu-core chromium chromium-driver
   build_preset dev dwg_import_worker
   (
     cd "$root"
-    cmake --preset viewer-dev -DDWG_PREVIEW_WORKER="$root/build/dev/dwg_import_worker" >&2
-    cmake --build build/viewer-dev >&2
+    cmake --preset preview-dev -DDWG_PREVIEW_WORKER="$root/build/dev/dwg_import_worker" >&2
+    cmake --build build/preview-dev >&2
   )
-  run_ctest viewer-dev
+  run_ctest preview-dev
+  "$root/scripts/lint.sh" preview
+  say "dwg_preview: unit tests and headless tests under sanitizers"
+  (
+    cd "$root"
+    cmake --preset preview-asan -DDWG_PREVIEW_WORKER="$root/build/dev/dwg_import_worker" >&2
+    cmake --build build/preview-asan >&2
+  )
+  run_ctest preview-asan -R '^preview_(unit_tests|headless)$'
 }
 
 stage_windows() {
@@ -107,7 +106,7 @@ stage_windows() {
 
 stages=("$@")
 [ ${#stages[@]} -gt 0 ] ||
-  stages=(checks dev clang analyze asan fuzz release viewer windows)
+  stages=(checks dev clang analyze asan fuzz release preview windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo

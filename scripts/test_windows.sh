@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Cross-builds the worker, crashpad_handler and the unit tests for 64-bit Windows
-# and runs them under wine: unit tests, golden documents, crash reporting. Says
-# what it installs when something is missing.
+# and runs them under wine: unit tests, golden documents, the drawings that
+# DWG_CORPUS names, crash reporting. Says what it installs when something is missing.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/windows_packages.sh"
@@ -40,6 +40,15 @@ say "Unit tests under wine"
 if [ -f "$root/tests/golden/run_golden.py" ] && compgen -G "$root/tests/golden/*/cases.json" >/dev/null; then
   say "Golden documents under wine"
   python3 "$root/tests/golden/run_golden.py" --worker "$build/dwg_import_worker.exe" --launcher wine
+fi
+
+if [ -n "${DWG_CORPUS:-}" ]; then
+  build_preset release dwg_import_worker
+  say "Real drawings under wine and on Linux"
+  python3 "$root/tests/corpus/compare_under_wine.py" --worker "$root/build/release/dwg_import_worker" \
+    --windows "$build/dwg_import_worker.exe"
+else
+  say "No real drawings under wine: DWG_CORPUS names no folder"
 fi
 
 say "Crash reporting under wine"
