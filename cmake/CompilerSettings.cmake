@@ -5,6 +5,8 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
 
 add_library(dwg_settings INTERFACE)
 if(MSVC)
@@ -36,10 +38,31 @@ if(DWG_COVERAGE)
   target_link_options(dwg_settings INTERFACE -fprofile-instr-generate)
 endif()
 
+# What makes a mistake in memory harder to use, for our code and for LibreDWG in
+# what users run: DWG_HARDENING_FLAGS, a list. tests/hardening reads the programs.
+set(DWG_HARDENING_FLAGS "")
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND MSVC)
+  set(DWG_HARDENING_FLAGS /GS /guard:cf)
+  target_link_options(dwg_settings INTERFACE /guard:cf /CETCOMPAT)
+elseif(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT DWG_SANITIZERS)
+  set(DWG_HARDENING_FLAGS -fstack-protector-strong)
+  if(NOT WIN32)
+    # In MinGW-w64 it needs a library of its own and finds little.
+    list(APPEND DWG_HARDENING_FLAGS -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    include(CheckCCompilerFlag)
+    foreach(flag -fcf-protection=full -mbranch-protection=standard)
+      string(MAKE_C_IDENTIFIER "DWG_HAS${flag}" has_flag)
+      check_c_compiler_flag(${flag} ${has_flag})
+      if(${has_flag})
+        list(APPEND DWG_HARDENING_FLAGS ${flag})
+      endif()
+    endforeach()
+  endif()
+endif()
+target_compile_options(dwg_settings INTERFACE ${DWG_HARDENING_FLAGS})
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT MSVC AND NOT DWG_SANITIZERS)
-  target_compile_options(dwg_settings INTERFACE
-    -fstack-protector-strong -ffunction-sections -fdata-sections)
-  target_compile_definitions(dwg_settings INTERFACE $<$<NOT:$<PLATFORM_ID:Windows>>:_FORTIFY_SOURCE=2>)
+  target_compile_options(dwg_settings INTERFACE -ffunction-sections -fdata-sections)
   # Half of LibreDWG is its writers, which are not called: without them less of
   # the program comes into memory.
   target_link_options(dwg_settings INTERFACE -Wl,--gc-sections)

@@ -3,6 +3,7 @@
 #include <dxf_from_memory.h>
 
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "encode/ascii.hpp"
@@ -10,7 +11,6 @@
 #include "reading/dxf/dxf_front_end.hpp"
 #include "reading/dxf_losses.hpp"
 #include "reading/dxf_settling.hpp"
-#include "reading/file_bytes.hpp"
 #include "reading/read_result.hpp"
 #include "reading/reading_memory.hpp"
 
@@ -38,13 +38,26 @@ DrawingFile::~DrawingFile() {
   Free();
 }
 
+void DrawingFile::Open() {
+  isOpened_ = true;
+  std::error_code error;
+  if (isDxf_) {
+    dxf_.emplace(path_);
+  } else if (std::filesystem::is_regular_file(path_, error)) {
+    dwg_.reset(std::fopen(path_.c_str(), "rb"));
+  }
+}
+
 void DrawingFile::Read() {
+  if (!isOpened_) {
+    Open();
+  }
   ReserveReadingMemory();
   data_->opts = DWG_OPTS_MINIMAL;
   if (isDxf_) {
     result_ = ReadDxf();
   } else {
-    result_ = dwg_read_file(path_.c_str(), data_.get());
+    result_ = ReadDwg();
   }
   if (HasFailed()) {
     return;
@@ -57,12 +70,18 @@ void DrawingFile::Read() {
   }
 }
 
+int DrawingFile::ReadDwg() {
+  // LibreDWG reads standard input by this name, and closes what it is given.
+  std::FILE* const stream = path_ == "-" ? stdin : dwg_.release();
+  return dwg_read_open_file(stream, path_.c_str(), data_.get());
+}
+
 int DrawingFile::ReadDxf() {
-  const FileBytes file(path_);
-  if (!file.IsRead() || file.bytes().empty()) {
+  const std::optional<FileBytes> file = std::exchange(dxf_, std::nullopt);
+  if (!file->IsRead() || file->bytes().empty()) {
     return DWG_ERR_IOERROR;
   }
-  const PreparedDxf prepared(file.bytes());
+  const PreparedDxf prepared(file->bytes());
   switch (prepared.outcome()) {
     // What LibreDWG's own reader says of such files.
     case PreparedDxf::Outcome::kNoDxf: return DWG_ERR_IOERROR;

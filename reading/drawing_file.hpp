@@ -8,12 +8,15 @@
 #include <dwg.h>
 
 #include <cstddef>
+#include <cstdio>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "entities/drawing.hpp"
+#include "reading/file_bytes.hpp"
 
 class DrawingFile {
  public:
@@ -24,7 +27,12 @@ class DrawingFile {
   DrawingFile(const DrawingFile&) = delete;
   DrawingFile& operator=(const DrawingFile&) = delete;
 
-  // Reads the file. Afterwards HasFailed tells whether there is a drawing.
+  // Opens the file, a DXF with all its bytes. From here on no further file is
+  // opened. A file that cannot be opened shows when it is read.
+  void Open();
+
+  // Reads the file, which is opened first if that has not been done. Afterwards
+  // HasFailed tells whether there is a drawing.
   void Read();
 
   // Gives the drawing's memory back. Harmless when repeated.
@@ -48,10 +56,18 @@ class DrawingFile {
   const std::vector<std::string>& warnings() const { return warnings_; }
 
  private:
+  struct CloseStream {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+  };
+
+  int ReadDwg();
   int ReadDxf();
 
   std::string path_;
   bool isDxf_;
+  bool isOpened_ = false;
+  std::unique_ptr<std::FILE, CloseStream> dwg_;
+  std::optional<FileBytes> dxf_;
   int result_ = 0;
   bool isFreed_ = false;
   std::unique_ptr<Dwg_Data> data_;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "reading/drawing_file.hpp"
 #include "reading/read_result.hpp"
 #include "worker/crash_reporting.hpp"
+#include "worker/sandbox.hpp"
 #include "worker/standard_streams.hpp"
 
 namespace {
@@ -138,11 +140,26 @@ void AppendTimedDocument(JsonOut& out, const DrawingFile& file, bool verbose,
   AppendTimings(out, timings);
 }
 
+// From here on the process can do nothing but what a conversion needs.
+void EnterSandbox() {
+  const SandboxMode mode = SandboxModeFrom(std::getenv("KVT_DWG_SANDBOX"));
+  if (mode == SandboxMode::kOff) {
+    return;
+  }
+  const std::string inForce = RestrictProcess();
+  if (mode == SandboxMode::kReported) {
+    std::fprintf(stderr, "[DWG worker] Sandbox: %s\n",
+                 inForce.empty() ? "nothing" : inForce.c_str());
+  }
+}
+
 int Convert(const char* path, bool verbose) {
   const Stopwatch stopwatch;
   Timings timings;
   std::fprintf(stderr, "[DWG worker] Starting import of: %s\n", path);
   DrawingFile file(path);
+  file.Open();
+  EnterSandbox();
   std::fprintf(stderr, "[DWG worker] Reading %s file...\n", file.isDxf() ? "DXF" : "DWG");
   file.Read();
   timings.read = stopwatch.Milliseconds();

@@ -132,8 +132,10 @@ def top_frame(run, worker, drawing):
 
 
 def check(worker, drawing, timeout, twice):
-    environments = [fill_environment(pattern) for pattern in FILL_PATTERNS] if twice \
-        else [sanitizer_environment()]
+    environments = [sanitizer_environment()]
+    if twice:
+        environments = [fill_environment(pattern) for pattern in FILL_PATTERNS]
+        environments[1]["KVT_DWG_SANDBOX"] = "0"
     run = run_worker(worker, drawing, timeout, environments[0])
     if run.timed_out:
         return Result(drawing, run, None, [f"ran for more than {timeout} s"])
@@ -151,7 +153,8 @@ def check(worker, drawing, timeout, twice):
     for environment in environments[1:]:
         other = run_worker(worker, drawing, timeout, environment)
         if TIMINGS.sub(b"", other.stdout) != TIMINGS.sub(b"", run.stdout):
-            problems.append("a second run under another memory pattern prints other bytes")
+            problems.append("a second run under another memory pattern, without the sandbox, "
+                            "prints other bytes")
     return Result(drawing, run, document, problems)
 
 
@@ -224,7 +227,8 @@ def main():
     parser.add_argument("--report", type=pathlib.Path,
                         help="write a page to read, and the table beside it as FILE.csv")
     parser.add_argument("--twice", action="store_true",
-                        help="run each drawing under two memory patterns and compare the bytes")
+                        help="run each drawing under two memory patterns, with and without the "
+                             "sandbox, and compare the bytes")
     options = parser.parse_args()
     if options.drawings is None:
         print("no folder of drawings given (--drawings or DWG_CORPUS)")
