@@ -1,121 +1,241 @@
 #!/usr/bin/env bash
-# Makes the packages that users get, in dist/: a tarball for Linux and a zip for
-# 64-bit Windows, each with the worker, crashpad_handler, the documents and the
-# licences of everything inside. The same commit gives the same bytes.
+# Makes the packages that users get, with SHA256SUMS, in dist/.
 #
-#   scripts/package.sh [--check] [linux] [windows]
+#   scripts/package.sh [--check] [--build FOLDER] [--windows-build FOLDER] [--out FOLDER] [TARGET...]
 #
-# --check makes every package twice and compares them, then unpacks it into an
-# empty folder and converts a drawing there (for Windows under wine).
+# TARGETs: linux (a tarball and a .deb), windows (a zip), python (a wheel for each
+# platform that is built) and node (one package with the programs of all platforms that
+# are built); by default linux, windows, python, node. linux and windows build first;
+# python and node pack what is built, Linux at least.
+#
+# Each package holds the worker, crashpad_handler, the licences of everything inside and
+# a bill of materials (SPDX); tarball, .deb and zip the pages, too. The same commit gives the
+# same bytes. --build and --windows-build name build folders that are up to date, instead
+# of build/release and build/windows, which are built first. --check makes every package
+# twice and compares them, and tries each as its users would (tests/packages).
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/windows_packages.sh"
 
 check=false
+out="$root/dist"
+linux_build=""
+windows_build=""
 targets=()
-for argument in "$@"; do
-  case "$argument" in
-    --check) check=true ;;
-    linux | windows) targets+=("$argument") ;;
-    *) fail "what is $argument? See the head of scripts/package.sh" ;;
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --check) check=true; shift ;;
+    --build) linux_build="$(cd "$2" && pwd)"; shift 2 ;;
+    --windows-build) windows_build="$(cd "$2" && pwd)"; shift 2 ;;
+    --out) out="$2"; shift 2 ;;
+    linux | windows | python | node) targets+=("$1"); shift ;;
+    *) fail "what is $1? See the head of scripts/package.sh" ;;
   esac
 done
-[ ${#targets[@]} -gt 0 ] || targets=(linux windows)
+[ ${#targets[@]} -gt 0 ] || targets=(linux windows python node)
+mkdir -p "$out"
+out="$(cd "$out" && pwd)"
 
 version="$(sed -n 's/^project(dwg_import_worker VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")"
 [ -n "$version" ] || fail "CMakeLists.txt does not tell the version"
 epoch="${SOURCE_DATE_EPOCH:-$(git -C "$root" log -1 --format=%ct)}"
+export SOURCE_DATE_EPOCH="$epoch"
+umask 022
+work="$(mktemp -d)"
+trap 'rm -rf "$work"' EXIT
 
 # package_of FILE: the Debian package that a file of this machine came with.
 package_of() { dpkg-query -S "$(readlink -f "$1")" | cut -d: -f1; }
 
-# runtime_license FILE NAME FOLDER: the licence of a library linked in statically.
-runtime_license() {
-  install -m 644 "/usr/share/doc/$(package_of "$1")/copyright" "$3/$2.txt"
-}
-
-# stage TARGET FOLDER: everything that goes into the package.
-stage() {
-  local target="$1" folder="$2" preset=release suffix=
-  if [ "$target" = windows ]; then
-    preset=windows
-    suffix=.exe
-  fi
-  mkdir -p "$folder/licenses" "$folder/docs"
-  install -m 755 "$root/build/$preset/dwg_import_worker$suffix" \
-    "$root/build/$preset/crashpad_handler$suffix" "$folder"
-  local document
-  for document in README.md CHANGELOG.md LICENSE; do
-    if [ -f "$root/$document" ]; then install -m 644 "$root/$document" "$folder"; fi
-  done
-  install -m 644 "$root"/docs/*.md "$folder/docs"
-  install -m 644 "$root/build/$preset"/licenses/*.txt "$folder/licenses"
-  if [ "$target" = windows ]; then
+# The libraries of this system that are linked in, each as: name, a file of it, licence.
+runtimes() {
+  if [ "$1" = windows ]; then
     local mingw=/usr/x86_64-w64-mingw32/lib
-    runtime_license "$mingw/libz.a" zlib "$folder/licenses"
-    runtime_license "$mingw/libmingwex.a" mingw-w64 "$folder/licenses"
-    runtime_license "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++.a)" gcc-runtime \
-      "$folder/licenses"
+    printf '%s\n' "zlib $mingw/libz.a Zlib" "mingw-w64 $mingw/libmingwex.a ZPL-2.1" \
+      "gcc-runtime $(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++.a) GPL-3.0-or-later WITH GCC-exception-3.1"
   else
-    runtime_license "$(g++ -print-file-name=libz.a)" zlib "$folder/licenses"
-    runtime_license "$(g++ -print-file-name=libstdc++.a)" gcc-runtime "$folder/licenses"
+    printf '%s\n' "zlib $(g++ -print-file-name=libz.a) Zlib" \
+      "gcc-runtime $(g++ -print-file-name=libstdc++.a) GPL-3.0-or-later WITH GCC-exception-3.1"
   fi
 }
 
-# pack TARGET FILE
-pack() {
-  local target="$1" file="$2" scratch name
-  scratch="$(mktemp -d)"
-  name="dwg_import_worker-$version"
-  stage "$target" "$scratch/$name"
-  if [ "$target" = windows ]; then
-    python3 "$root/scripts/reproducible_zip.py" "$scratch" "$file" "$epoch"
-  else
-    tar --create --sort=name --format=gnu --mtime="@$epoch" --owner=0 --group=0 --numeric-owner \
-      --mode=u+rwX,go+rX,go-w --directory="$scratch" "$name" | gzip -n -9 > "$file"
-  fi
-  rm -rf "$scratch"
+# bill PLATFORM PROGRAM...: prints the bill of materials.
+bill() {
+  local platform="$1" name file licence arguments=()
+  shift
+  while read -r name file licence; do
+    arguments+=(--runtime "$name=$(dpkg-query -W -f='${Version}' "$(package_of "$file")")=$licence")
+  done < <(runtimes "$platform")
+  python3 "$root/scripts/packaging/bill_of_materials.py" --version "$version" --epoch "$epoch" \
+    "${arguments[@]}" "$@"
 }
 
-# try_out TARGET FILE: unpacks into an empty folder and converts a drawing there.
-try_out() {
-  local target="$1" file="$2" scratch output
-  scratch="$(mktemp -d)"
-  if [ "$target" = windows ]; then
-    python3 -m zipfile -e "$file" "$scratch"
-    output="$(cd "$scratch/dwg_import_worker-$version" && WINEDEBUG=-all wine \
-      ./dwg_import_worker.exe "Z:${root//\//\\}\\examples\\plan.dwg" 2>/dev/null)"
-  else
-    tar -xzf "$file" -C "$scratch"
-    output="$(cd "$scratch/dwg_import_worker-$version" && env -i \
-      ./dwg_import_worker "$root/examples/plan.dwg" 2>/dev/null)"
-  fi
-  rm -rf "$scratch"
-  case "$output" in
-    '{"dwgVersion":'*'}}') say "The unpacked package for $target converts examples/plan.dwg" ;;
-    *) fail "the unpacked package for $target printed: ${output:0:200}" ;;
-  esac
+# install_tree PLATFORM BUILD FOLDER: what is installed, with the licences of libraries
+# of this system and the bill beside the other licences.
+install_tree() {
+  local platform="$1" build="$2" folder="$3" licenses documents name file
+  cmake --install "$build" --prefix "$folder" >/dev/null
+  licenses="$folder/share/doc/dwg_import_worker/licenses"
+  [ "$platform" = linux ] || licenses="$folder/licenses"
+  documents="$(dirname "$licenses")"
+  while read -r name file _; do
+    install -m 644 "/usr/share/doc/$(package_of "$file")/copyright" "$licenses/$name.txt"
+  done < <(runtimes "$platform")
+  local programs=()
+  mapfile -t programs < <(find "$folder" -type f \( -name 'dwg_import_worker' -o \
+    -name 'dwg_import_worker.exe' -o -name 'crashpad_handler*' \) | LC_ALL=C sort)
+  bill "$platform" "${programs[@]}" > "$documents/dwg_import_worker.spdx.json"
+  find "$folder" -type d -exec chmod 755 {} +
 }
 
-mkdir -p "$root/dist"
-for target in "${targets[@]}"; do
-  if [ "$target" = windows ]; then
-    install_packages "${build_packages[@]}" "${windows_packages[@]}"
-    require_cargo
-    build_preset windows dwg_import_worker
-    file="$root/dist/dwg_import_worker-$version-windows-x86_64.zip"
+# glibc_of TREE: the oldest that the programs start with.
+glibc_of() { python3 "$root/scripts/packaging/symbol_versions.py" "$1"/libexec/dwg_import_worker/*; }
+
+# pack_tarball TREE FILE
+pack_tarball() {
+  local name="dwg_import_worker-$version" scratch
+  scratch="$(mktemp -d -p "$work")"
+  cp -a "$1" "$scratch/$name"
+  tar --create --sort=name --format=gnu --mtime="@$epoch" --owner=0 --group=0 --numeric-owner \
+    --mode=u+rwX,go+rX,go-w --directory="$scratch" "$name" | xz -9 -T1 > "$2"
+}
+
+# pack_deb TREE FILE
+pack_deb() {
+  local scratch documents depends
+  scratch="$(mktemp -d -p "$work")"
+  mkdir -p "$scratch/package/DEBIAN" "$scratch/package/usr" "$scratch/shlibs/debian"
+  cp -a "$1/." "$scratch/package/usr"
+  documents="$scratch/package/usr/share/doc/dwg-import-worker"
+  mv "$scratch/package/usr/share/doc/dwg_import_worker" "$documents"
+  # Debian's names for them.
+  cp "$root/packaging/debian/copyright" "$documents/copyright"
+  rm "$documents/LICENSE"
+  gzip -9n < "$documents/CHANGELOG.md" > "$documents/changelog.gz"
+  rm "$documents/CHANGELOG.md"
+  gzip -9n "$scratch/package/usr/share/man/man1/"*.1
+  printf 'Source: dwg-import-worker\n\nPackage: dwg-import-worker\nArchitecture: any\n' \
+    > "$scratch/shlibs/debian/control"
+  depends="$(cd "$scratch/shlibs" && dpkg-shlibdeps -O "$scratch/package/usr/libexec/dwg_import_worker/"* \
+    2>/dev/null | sed -n 's/^shlibs:Depends=//p')"
+  [ -n "$depends" ] || fail "dpkg-shlibdeps does not say what the programs need"
+  # It looks at symbols only, not at the form of relocations.
+  depends="$(sed "s/libc6 (>= [0-9.]*)/libc6 (>= $(glibc_of "$1"))/" <<< "$depends")"
+  sed -e "s/@VERSION@/$version/" -e "s/@ARCHITECTURE@/$(dpkg --print-architecture)/" \
+    -e "s/@SIZE@/$(du -sk --apparent-size "$scratch/package/usr" | cut -f1)/" -e "s/@DEPENDS@/$depends/" \
+    "$root/packaging/debian/control.in" > "$scratch/package/DEBIAN/control"
+  (cd "$scratch/package" && find usr -type f -print0 | LC_ALL=C sort -z | xargs -0 md5sum > DEBIAN/md5sums)
+  find "$scratch/package" -exec touch -h -d "@$epoch" {} +
+  dpkg-deb --root-owner-group --threads-max=1 -Zxz --build "$scratch/package" "$2" >/dev/null
+}
+
+# pack_zip TREE FILE
+pack_zip() {
+  local scratch
+  scratch="$(mktemp -d -p "$work")"
+  cp -a "$1" "$scratch/dwg_import_worker-$version"
+  python3 "$root/scripts/reproducible_zip.py" "$scratch" "$2" "$epoch"
+}
+
+# programs_of TREE FOLDER: the two programs alone; extras_of TREE FOLDER: the licences
+# and the bill.
+programs_of() {
+  mkdir -p "$2"
+  find "$1" -type f \( -name 'dwg_import_worker' -o -name 'dwg_import_worker.exe' -o \
+    -name 'crashpad_handler*' \) -exec install -m 755 {} "$2" \;
+}
+extras_of() {
+  mkdir -p "$2"
+  cp -r "$(find "$1" -type d -name licenses)" "$2/licenses"
+  find "$1" -type f \( -name LICENSE -o -name dwg_import_worker.spdx.json \) -exec cp {} "$2" \;
+}
+
+# pack_wheel TREE FILE
+pack_wheel() {
+  local scratch
+  scratch="$(mktemp -d -p "$work")"
+  programs_of "$1" "$scratch/programs"
+  extras_of "$1" "$scratch/extras"
+  python3 "$root/scripts/packaging/make_wheel.py" --version "$version" --tag "$(wheel_tag "$1")" \
+    --epoch "$epoch" --programs "$scratch/programs" --extras "$scratch/extras" "$2"
+}
+wheel_tag() {
+  if [ -e "$1/dwg_import_worker.exe" ]; then
+    echo win_amd64
   else
-    install_packages "${build_packages[@]}"
-    require_cargo
-    build_preset release dwg_import_worker
-    file="$root/dist/dwg_import_worker-$version-linux-x86_64.tar.gz"
+    local glibc
+    glibc="$(glibc_of "$1")"
+    echo "manylinux_${glibc//./_}_$(uname -m)"
   fi
-  pack "$target" "$file"
+}
+
+# pack_node TREE FILE: TREE holds the trees of all platforms.
+pack_node() {
+  local scratch tree
+  scratch="$(mktemp -d -p "$work")"
+  mkdir "$scratch/package"
+  cp "$root"/packaging/node/{index.js,index.d.ts,README.md} "$scratch/package"
+  sed "s/@VERSION@/$version/" "$root/packaging/node/package.json" > "$scratch/package/package.json"
+  extras_of "$1/linux" "$scratch/package"
+  programs_of "$1/linux" "$scratch/package/programs/linux-x64"
+  if [ -d "$1/windows" ]; then
+    programs_of "$1/windows" "$scratch/package/programs/win32-x64"
+    extras_of "$1/windows" "$scratch/package/licenses/win32-x64"
+  fi
+  tar --create --sort=name --format=ustar --mtime="@$epoch" --owner=0 --group=0 --numeric-owner \
+    --mode=u+rwX,go+rX,go-w --directory="$scratch" package | gzip -n -9 > "$2"
+}
+
+# make KIND TREE FILE: with --check twice.
+made=()
+make_package() {
+  "pack_$1" "$2" "$out/$3"
   if $check; then
-    pack "$target" "$file.again"
-    cmp "$file" "$file.again" || fail "two packages of one build differ"
-    rm "$file.again"
-    try_out "$target" "$file"
+    "pack_$1" "$2" "$work/again"
+    cmp "$out/$3" "$work/again" || fail "two packages of one build differ: $3"
   fi
-  say "dist/$(basename "$file"): $(sha256sum < "$file" | cut -d' ' -f1)"
+  made+=("$3")
+}
+
+wants() { [[ " ${targets[*]} " == *" $1 "* ]]; }
+
+if [ -z "$linux_build" ]; then
+  linux_build="$root/build/release"
+  install_packages "${build_packages[@]}" dpkg-dev xz-utils
+  require_cargo
+  build_preset release dwg_import_worker
+fi
+mkdir -p "$work/trees"
+install_tree linux "$linux_build" "$work/trees/linux"
+if wants windows && [ -z "$windows_build" ]; then
+  windows_build="$root/build/windows"
+  install_packages "${build_packages[@]}" "${windows_packages[@]}"
+  require_cargo
+  build_preset windows dwg_import_worker
+fi
+if [ -n "$windows_build" ]; then
+  install_tree windows "$windows_build" "$work/trees/windows"
+fi
+
+if wants linux; then
+  make_package tarball "$work/trees/linux" "dwg_import_worker-$version-linux-$(uname -m).tar.xz"
+  make_package deb "$work/trees/linux" "dwg-import-worker_${version}_$(dpkg --print-architecture).deb"
+fi
+if wants windows; then
+  make_package zip "$work/trees/windows" "dwg_import_worker-$version-windows-x86_64.zip"
+fi
+if wants python; then
+  for tree in "$work"/trees/*; do
+    make_package wheel "$tree" "dwg_import_worker-$version-py3-none-$(wheel_tag "$tree").whl"
+  done
+fi
+if wants node; then
+  make_package node "$work/trees" "dwg-import-worker-$version.tgz"
+fi
+(cd "$out" && LC_ALL=C && sha256sum -- *"$version"* > SHA256SUMS)
+for file in "${made[@]}"; do
+  if $check; then
+    "$root/tests/packages/try_package.sh" "$out/$file"
+  fi
+  say "$(basename "$out")/$file: $(stat -c %s "$out/$file") bytes"
 done

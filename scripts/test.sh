@@ -4,7 +4,8 @@
 #   scripts/test.sh [STAGE...]
 #
 # Stages, by default all of them in this order: checks dev clang analyze asan
-# fuzz release preview windows.
+# fuzz release packages preview windows. fresh_root and rebuild run only when they are
+# named: the first needs the superuser and the network, the second builds everything anew.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
@@ -79,6 +80,30 @@ stage_release() {
   )
 }
 
+stage_packages() {
+  say "Packages: hardening, man pages, every package twice and tried"
+  install_packages dpkg-dev xz-utils man-db groff
+  build_preset release dwg_import_worker
+  (
+    cd "$root"
+    python3 tests/hardening/check_hardening.py build/release/dwg_import_worker
+    python3 tests/packages/check_manual.py
+    scripts/package.sh --check --build build/release --out build/packages linux python node
+  )
+}
+
+stage_fresh_root() {
+  say "The .deb in a fresh Debian root"
+  install_packages debootstrap dpkg-dev xz-utils
+  "$root/scripts/package.sh" --out "$root/build/packages" linux
+  python3 "$root/tests/packages/fresh_root.py" "$root"/build/packages/*.deb
+}
+
+stage_rebuild() {
+  say "The programs again, in another folder"
+  "$root/tests/packages/rebuild.sh"
+}
+
 stage_preview() {
   say "dwg_preview: build, unit tests, headless tests, pictures against ezdxf's, clang-tidy"
   install_packages qt6-base-dev fonts-liberation fonts-dejavu-core chromium chromium-driver
@@ -106,7 +131,7 @@ stage_windows() {
 
 stages=("$@")
 [ ${#stages[@]} -gt 0 ] ||
-  stages=(checks dev clang analyze asan fuzz release preview windows)
+  stages=(checks dev clang analyze asan fuzz release packages preview windows)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo

@@ -23,6 +23,9 @@ for program in dwg_import_worker crashpad_handler; do
   fi
 done
 
+say "Hardening"
+python3 "$root/tests/hardening/check_hardening.py" "$build/dwg_import_worker.exe"
+
 # A wine prefix of its own, so that nobody's settings matter.
 export WINEPREFIX="${DWG_WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/wine}"
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8

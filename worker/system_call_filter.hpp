@@ -13,15 +13,16 @@
 // listed. Needs no_new_privs.
 bool FilterSystemCalls();
 
-// The program of such a filter, which grows call by call.
+// The program of such a filter, which grows call by call. The kernel runs it for every
+// number that a call can have, once, when it is installed: so it should decide early.
 class FilterProgram {
  public:
   // Calls made for another machine's interface are refused. `auditArchitecture` is one of
   // the kernel's AUDIT_ARCH_ constants.
   explicit FilterProgram(std::uint32_t auditArchitecture);
 
-  // Lets a call through whatever its arguments are.
-  void Allow(long call);
+  // Lets calls through whatever their arguments are.
+  void Allow(std::vector<long> calls);
 
   // Lets a call through when the lower half of an argument, counted from 0, is
   // `value` in the bits of `mask`. Meant for arguments of which the kernel takes
@@ -32,6 +33,8 @@ class FilterProgram {
   std::span<sock_filter> Finish();
 
  private:
+  void AllowGroup(std::span<const long> sorted);
+
   std::vector<sock_filter> instructions_;
 };
 

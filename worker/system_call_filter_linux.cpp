@@ -5,9 +5,11 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <utility>
 
 #include "worker/system_call_filter.hpp"
 
@@ -16,7 +18,6 @@ namespace {
 constexpr std::uint32_t kRefuse = SECCOMP_RET_ERRNO | static_cast<std::uint32_t>(EPERM);
 constexpr std::uint32_t kAllBits = 0xFFFFFFFF;
 
-// In the order of how often a conversion makes them.
 constexpr std::array kCalls = {
     // Reading the drawing, writing the document, and memory for both.
     SYS_read, SYS_write, SYS_munmap, SYS_madvise, SYS_brk, SYS_mremap, SYS_lseek, SYS_pread64,
@@ -65,8 +66,8 @@ bool Install(std::span<sock_filter> instructions) {
                         .filter = instructions.data()};
   // Kernels before 5.16 slow a filtered process down, against attacks on what it
   // shares its memory with; it shares none.
-  for (const unsigned long flags : {SECCOMP_FILTER_FLAG_TSYNC | SECCOMP_FILTER_FLAG_SPEC_ALLOW,
-                                    SECCOMP_FILTER_FLAG_TSYNC}) {
+  for (const unsigned long flags :
+       {SECCOMP_FILTER_FLAG_TSYNC | SECCOMP_FILTER_FLAG_SPEC_ALLOW, SECCOMP_FILTER_FLAG_TSYNC}) {
     if (syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, flags, &program) == 0) {
       return true;
     }
@@ -82,12 +83,9 @@ bool FilterSystemCalls() {
     return false;
   }
   FilterProgram program(machine.auditArchitecture);
-  for (const long call : kCalls) {
-    program.Allow(call);
-  }
-  for (const long call : machine.further) {
-    program.Allow(call);
-  }
+  std::vector<long> calls(kCalls.begin(), kCalls.end());
+  calls.insert(calls.end(), machine.further.begin(), machine.further.end());
+  program.Allow(std::move(calls));
   AllowData(program);
   AllowOwnSignals(program);
   AllowOwnProperties(program);
@@ -128,16 +126,35 @@ FilterProgram::FilterProgram(std::uint32_t auditArchitecture) {
   instructions_ = {Load(offsetof(seccomp_data, arch)),
                    // The next but one is the first of the calls.
                    {.code = BPF_JMP | BPF_JEQ | BPF_K, .jt = 1, .jf = 0, .k = auditArchitecture},
-                   Return(kRefuse), Load(offsetof(seccomp_data, nr))};
+                   Return(kRefuse),
+                   Load(offsetof(seccomp_data, nr))};
 }
 
-void FilterProgram::Allow(long call) {
-  instructions_.push_back(UnlessEqualSkip(static_cast<std::uint32_t>(call), 1));
+void FilterProgram::Allow(std::vector<long> calls) {
+  constexpr std::size_t kGroup = 8;
+  std::sort(calls.begin(), calls.end());
+  for (std::size_t i = 0; i < calls.size(); i += kGroup) {
+    AllowGroup(std::span<const long>(calls).subspan(i, std::min(kGroup, calls.size() - i)));
+  }
+}
+
+// A larger number skips the group; an equal one jumps to its end, which lets it through.
+void FilterProgram::AllowGroup(std::span<const long> sorted) {
+  instructions_.push_back({.code = BPF_JMP | BPF_JGT | BPF_K,
+                           .jt = static_cast<std::uint8_t>(sorted.size() + 1),
+                           .jf = 0,
+                           .k = static_cast<std::uint32_t>(sorted.back())});
+  for (std::size_t i = 0; i < sorted.size(); ++i) {
+    const std::size_t left = sorted.size() - 1 - i;
+    instructions_.push_back({.code = BPF_JMP | BPF_JEQ | BPF_K,
+                             .jt = static_cast<std::uint8_t>(left),
+                             .jf = static_cast<std::uint8_t>(left == 0 ? 1 : 0),
+                             .k = static_cast<std::uint32_t>(sorted[i])});
+  }
   instructions_.push_back(Return(SECCOMP_RET_ALLOW));
 }
 
-void FilterProgram::AllowIf(long call, unsigned argument, std::uint32_t mask,
-                            std::uint32_t value) {
+void FilterProgram::AllowIf(long call, unsigned argument, std::uint32_t mask, std::uint32_t value) {
   const sock_filter test[] = {UnlessEqualSkip(static_cast<std::uint32_t>(call), 5),
                               Load(ArgumentOffset(argument)),
                               Statement(BPF_ALU | BPF_AND | BPF_K, mask),

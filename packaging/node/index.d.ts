@@ -1,0 +1,23 @@
+/** How a run ended. `document` is there for the kind "document" only. */
+export interface Result {
+  kind: 'document' | 'refused' | 'crashed' | 'timeout' | 'bad';
+  message: string;
+  document?: Record<string, unknown>;
+}
+
+export interface Options {
+  /** The worker is ended after so many seconds; 60 by default. */
+  seconds?: number;
+  /** How much address space it may take, on Linux; 2048 by default. */
+  megabytes?: number;
+  /** The worker is ended when its document grows beyond this; 256 MiB by default. */
+  maxBytes?: number;
+  /** Called with each line of progress. */
+  onProgress?: (line: string) => void;
+}
+
+/** Converts one drawing, DWG or DXF. Never rejects for what a drawing does. */
+export function convert(drawing: string, options?: Options): Promise<Result>;
+
+/** The path of the program for this system. */
+export function program(): string;
