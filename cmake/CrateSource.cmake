@@ -57,14 +57,39 @@ function(dwg_find_crate out crate version)
   set(${out} "${found}" PARENT_SCOPE)
 endfunction()
 
+# dwg_cargo_fetch(<folder>)
+# Fetches what the project in a folder names. Cargo before 1.68 would first clone the
+# whole index of crates, some hundred megabytes, unless it is told to use a feature that
+# was not stable then.
+function(dwg_cargo_fetch folder)
+  execute_process(COMMAND "${DWG_CARGO}" --version OUTPUT_VARIABLE text)
+  string(REGEX MATCH "[0-9]+\\.[0-9]+(\\.[0-9]+)?" version "${text}")
+  set(early "")
+  if(version AND version VERSION_LESS 1.68)
+    set(early RUSTC_BOOTSTRAP=1 CARGO_UNSTABLE_SPARSE_REGISTRY=true)
+  endif()
+  foreach(environment IN ITEMS "${early};CARGO_REGISTRIES_CRATES_IO_PROTOCOL=sparse" "")
+    execute_process(COMMAND "${CMAKE_COMMAND}" -E env ${environment} "${DWG_CARGO}" fetch
+                    WORKING_DIRECTORY "${folder}" RESULT_VARIABLE result)
+    if(result EQUAL 0)
+      return()
+    endif()
+  endforeach()
+  message(FATAL_ERROR
+    "cargo ${version} could not fetch the pinned sources (its messages are above). Fetching "
+    "was tried with 1.65, as in Debian 12, and with 1.95: if this one is older, install a newer "
+    "one, for example with rustup. Without network, name unpacked source trees: see "
+    "CONTRIBUTING.md.")
+endfunction()
+
 # dwg_crate_source(<out-var> <crate> <version>)
 # Sets <out-var> to the crate's checked source folder.
 function(dwg_crate_source out crate version)
   dwg_find_crate(found ${crate} ${version})
   if(NOT found)
     if(NOT DWG_CARGO)
-      message(FATAL_ERROR "cargo is needed to fetch ${crate} ${version}; install Rust 1.88 or "
-                          "newer, or name an unpacked source tree (see CONTRIBUTING.md)")
+      message(FATAL_ERROR "cargo is needed to fetch ${crate} ${version}; install it (Debian's "
+                          "package suffices), or name an unpacked source tree (see CONTRIBUTING.md)")
     endif()
     message(STATUS "Fetching ${crate} ${version}")
     set(fetch_dir "${CMAKE_BINARY_DIR}/fetch-${crate}")
@@ -72,11 +97,7 @@ function(dwg_crate_source out crate version)
     file(WRITE "${fetch_dir}/Cargo.toml"
          "[package]\nname = \"fetch\"\nversion = \"0.0.0\"\nedition = \"2021\"\n"
          "[workspace]\n[dependencies]\n${crate} = \"=${version}\"\n")
-    execute_process(COMMAND "${DWG_CARGO}" fetch WORKING_DIRECTORY "${fetch_dir}"
-                    RESULT_VARIABLE result)
-    if(NOT result EQUAL 0)
-      message(FATAL_ERROR "cargo fetch of ${crate} ${version} failed")
-    endif()
+    dwg_cargo_fetch("${fetch_dir}")
     dwg_find_crate(found ${crate} ${version})
   endif()
   if(NOT found)

@@ -53,11 +53,13 @@ install_packages() {
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-# Cargo only fetches the pinned sources, but it has to be there.
+# Cargo only fetches the pinned sources, but it has to be there. Debian 12's is new enough.
 require_cargo() {
-  command -v cargo >/dev/null || [ -x "${CARGO_HOME:-$HOME/.cargo}/bin/cargo" ] ||
-    fail "cargo (Rust 1.88 or newer) is needed to fetch the pinned sources"
+  has_cargo && return
+  install_packages cargo ca-certificates
+  has_cargo || fail "cargo is needed to fetch the pinned sources; rustup.rs says how to get it"
 }
+has_cargo() { command -v cargo >/dev/null || [ -x "${CARGO_HOME:-$HOME/.cargo}/bin/cargo" ]; }
 
 # build_preset PRESET [TARGET...]: configures and builds, with all
 # output on standard error.
