@@ -51,7 +51,7 @@ class Machine:
     def start(self, *words, **variables):
         """As nobody."""
         return subprocess.Popen(["chroot", f"--userspec={NOBODY}:{NOBODY}", self.folder, *words],
-                                env={"PATH": "/usr/bin:/bin", **variables}, stdin=subprocess.PIPE,
+                                env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", **variables}, stdin=subprocess.PIPE,
                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
     def files(self):
@@ -81,6 +81,8 @@ def install(machine, deb):
     quiet = {"env": {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"}}
     machine.run("apt-get", "update", "-qq", **quiet)
     machine.run("apt-get", "install", "-y", "-qq", "libcurl4", **quiet)
+    if (machine.folder / "usr/libexec/dwg_import_worker").exists():
+        machine.run("apt-get", "purge", "-y", "-qq", "dwg-import-worker", **quiet)
     before = machine.files()
     machine.run("apt-get", "install", "-y", "-qq", "/tmp/package.deb", **quiet)
     require(machine.files() - before, "the package has installed nothing")
