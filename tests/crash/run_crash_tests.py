@@ -387,6 +387,26 @@ class Tests:
         finally:
             worker.end_handlers()
 
+    def reports_come_out_of_the_sandbox(self):
+        """The other tests run in it, too, if the system has one."""
+        if self.wine:
+            return "what is in force on Windows cannot be seen from outside"
+        worker = self.worker()
+        with worker.in_a_run(KVT_SENTRY_DSN=refusing_dsn()) as process:
+            status = pathlib.Path(f"/proc/{process.pid}/status").read_text()
+            require(re.search(r"^Seccomp:\s*2$", status, re.MULTILINE), "it runs without a filter")
+            require(len(list(pathlib.Path(f"/proc/{process.pid}/task").iterdir())) == 1,
+                    "a thread was there before the sandbox, which Landlock does not cover")
+        require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+        return None
+
+    def folders_of_ended_runs_go_with_the_next(self):
+        worker = self.worker()
+        for _ in range(3):
+            worker.convert(KVT_SENTRY_DSN=refusing_dsn())
+            runs = list((worker.folder / "crashpad-db").glob("*.run"))
+            require(len(runs) <= 1, f"{len(runs)} folders of ended runs")
+
     def all(self):
         return (
             self.report_of_a_bad_access_arrives,
@@ -398,6 +418,8 @@ class Tests:
             self.missing_handler_leaves_the_run_working,
             self.unusable_settings_leave_the_run_working,
             self.unreachable_server_does_not_hold_up_a_run,
+            self.reports_come_out_of_the_sandbox,
+            self.folders_of_ended_runs_go_with_the_next,
         )
 
 
