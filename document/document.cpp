@@ -9,7 +9,7 @@
 #include "document/layouts.hpp"
 #include "document/model_space.hpp"
 #include "document/prepass.hpp"
-#include "encode/json_list.hpp"
+#include "document/warnings.hpp"
 #include "encode/json_text.hpp"
 #include "entities/entity_context.hpp"
 #include "entities/writer_memory.hpp"
@@ -28,22 +28,6 @@ constexpr std::array<ReleaseWord, 7> kReleaseWords = {{{R_14, "R14"},
                                                        {R_2010, "2010"},
                                                        {R_2013, "2013"},
                                                        {R_2018, "2018"}}};
-
-// Types in byte order of their names.
-void AddSkippedTypes(Findings& findings) {
-  for (const auto& [name, count] : findings.skippedTypes) {
-    findings.warnings.push_back("Skipped " + std::to_string(count) + " " + name +
-                                (count == 1 ? " entity" : " entities") + " (not yet supported)");
-  }
-}
-
-void AppendWarnings(JsonOut& out, const std::vector<std::string>& warnings) {
-  JsonList list(out, ",\"warnings\":[");
-  for (const std::string& warning : warnings) {
-    list.Quoted(warning);
-  }
-  list.Close();
-}
 
 // The key and its list, which `append` appends.
 void AppendSection(JsonOut& out, Stage stage, std::string_view key,
@@ -65,8 +49,7 @@ void AppendDocument(JsonOut& out, const Drawing& drawing, const DocumentOptions&
 
   Findings findings{.warnings = std::move(warnings), .skippedTypes = drawing.unknownEntities};
   WriterMemory memory;
-  const EntityContext context{.dwg = drawing.data,
-                              .textForm = drawing.textForm,
+  const EntityContext context{.drawing = drawing,
                               .tables = tables,
                               .verbose = options.verbose,
                               .findings = findings,
@@ -77,8 +60,7 @@ void AppendDocument(JsonOut& out, const Drawing& drawing, const DocumentOptions&
   AppendSection(out, Stage::kAssets, ",\"assets\":", AppendAssets, context, observer);
   AppendSection(out, Stage::kModelSpace, ",\"entities\":", AppendModelSpace, context, observer);
   AppendSection(out, Stage::kLayouts, ",\"layouts\":", AppendLayouts, context, observer);
-  AddSkippedTypes(findings);
-  AppendWarnings(out, findings.warnings);
+  AppendWarnings(out, findings);
 }
 
 std::string_view VersionWord(Dwg_Version_Type version) {

@@ -12,7 +12,8 @@ namespace {
 constexpr Rgb kUnknownColor = {128, 128, 128};
 constexpr std::int32_t kForeground = 7;
 
-// The colour index that the layer's fields agree on best; 0 when there is none.
+}  // namespace
+
 std::int32_t LayerColorIndex(const Dwg_Color& color) {
   const auto lowByte = static_cast<std::int32_t>(color.rgb & 0xFFU);
   if (ColorMethod(color) == kMethodIndexed && lowByte != 0) {
@@ -24,6 +25,8 @@ std::int32_t LayerColorIndex(const Dwg_Color& color) {
   const bool isBareIndex = (color.rgb & 0x00FFFF00U) == 0;
   return isBareIndex ? lowByte : 0;
 }
+
+namespace {
 
 Rgb LayerColor(const Dwg_Color& color) {
   if (ColorMethod(color) == kMethodTrueColor) {

@@ -1,6 +1,10 @@
 // The document's `layers` array.
 #pragma once
 
+#include <dwg.h>
+
+#include <cstdint>
+
 #include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
@@ -8,3 +12,6 @@
 // always red, green and blue, never a tag, by a rule of its own that differs
 // from the entities'; its frozen flag is not looked at.
 void AppendLayers(JsonOut& out, const EntityContext& context);
+
+// The colour index that the layer's fields agree on best; 0 when there is none.
+std::int32_t LayerColorIndex(const Dwg_Color& color);

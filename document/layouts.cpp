@@ -17,6 +17,8 @@ const Dwg_Object_LAYOUT* LayoutOf(Handle block, const LookupTables& tables) {
   return layout == nullptr ? nullptr : *layout;
 }
 
+}  // namespace
+
 std::string SheetName(Handle block, const Dwg_Object_LAYOUT* layout, const EntityContext& context) {
   std::string name(layout == nullptr ? std::string_view{} : context.Decode(layout->layout_name));
   if (!name.empty()) {
@@ -50,6 +52,8 @@ void AppendPlotSettings(JsonOut& out, const Dwg_Object_LAYOUT& layout) {
   AppendNumberKey(out, ",\"extMaxX\":", layout.EXTMAX.x);
   AppendNumberKey(out, ",\"extMaxY\":", layout.EXTMAX.y);
 }
+
+namespace {
 
 // A block without a handle owns nothing: under 0 are the entities without an
 // owner, which stand in model space.

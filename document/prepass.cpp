@@ -16,17 +16,6 @@
 
 namespace {
 
-// What polylines are written with.
-bool IsPolylinePart(const Dwg_Object& object) {
-  switch (object.fixedtype) {
-    case DWG_TYPE_SEQEND:
-    case DWG_TYPE_VERTEX_2D:
-    case DWG_TYPE_VERTEX_3D:
-    case DWG_TYPE_VERTEX_MESH: return true;
-    default: return false;
-  }
-}
-
 class Prepass {
  public:
   explicit Prepass(const Drawing& drawing) : drawing_(drawing) {}
@@ -60,16 +49,13 @@ class Prepass {
   }
 
  private:
-  std::string Decode(const char* text) const {
-    return std::string(DecodeText(drawing_.textForm, text));
-  }
+  std::string Decode(const char* text) const { return std::string(drawing_.Decode(text)); }
 
   // The layers section has a record for those whose raw type says so, too.
   void AddLayer(const Dwg_Object& object, const Dwg_Object_LAYER* layer) {
     if (layer != nullptr && layer->name != nullptr) {
       const auto* record = TableRecord(object, DWG_TYPE_LAYER, &ObjectTio::LAYER);
-      tables_.layers.Add(object.handle.value,
-                         LayerEntry(DecodeText(drawing_.textForm, layer->name), record));
+      tables_.layers.Add(object.handle.value, LayerEntry(drawing_.Decode(layer->name), record));
     }
   }
 
@@ -93,8 +79,8 @@ class Prepass {
         .overallScale = style->DIMSCALE,
         .arrowSize = style->DIMASZ,
         .textStyle = HandleOf(style->DIMTXSTY),
-        .textColor = ColorJsonOrEmpty(style->DIMCLRT),
-        .lineColor = ColorJsonOrEmpty(style->DIMCLRD),
+        .textColor = ColorJsonOrEmpty(style->DIMCLRT, drawing_.palette),
+        .lineColor = ColorJsonOrEmpty(style->DIMCLRD, drawing_.palette),
         .decimalPlaces = style->DIMDEC,
         .linearFactor = style->DIMLFAC,
         .rounding = style->DIMRND,

@@ -1,6 +1,5 @@
 #include "encode/palette.hpp"
 
-#include <array>
 #include <cstddef>
 
 #include "encode/json_text.hpp"
@@ -67,8 +66,8 @@ constexpr Rgb ShadeToRgb(int hueStep, Shade shade) {
   }
 }
 
-constexpr std::array<Rgb, 256> MakePalette() {
-  std::array<Rgb, 256> palette{};
+constexpr Palette MakePalette() {
+  Palette palette{};
   for (std::size_t i = 0; i < palette.size(); ++i) {
     if (i < 10) {
       palette[i] = kBasicColors[i];
@@ -81,17 +80,21 @@ constexpr std::array<Rgb, 256> MakePalette() {
   return palette;
 }
 
-constexpr std::array<Rgb, 256> kPalette = MakePalette();
+constexpr Palette kPalette = MakePalette();
 static_assert(kPalette[11] == Rgb{255, 50, 50} && kPalette[240] == Rgb{255, 0, 63});
 static_assert(kPalette[254] == Rgb{255, 255, 255} && kPalette[255] == Rgb{0, 0, 0});
 
 }  // namespace
 
-Rgb AciToRgb(std::int32_t index) {
+const Palette& DefaultPalette() {
+  return kPalette;
+}
+
+Rgb AciToRgb(std::int32_t index, const Palette& palette) {
   if (index < 0 || index > 255) {
     return {};
   }
-  return kPalette[static_cast<std::size_t>(index)];
+  return palette[static_cast<std::size_t>(index)];
 }
 
 Rgb RgbOfWord(std::uint32_t word) {

@@ -1,6 +1,7 @@
 // The colour-index (ACI) palette, and red, green and blue as JSON.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "encode/json_out.hpp"
@@ -13,9 +14,14 @@ struct Rgb {
   friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
-// The palette's colour of an index from 0 to 255; black for any other. The
-// channels are truncated, not rounded: consumers depend on these values.
-Rgb AciToRgb(std::int32_t index);
+// By colour index.
+using Palette = std::array<Rgb, 256>;
+
+// Its channels are truncated, not rounded: consumers depend on these values.
+const Palette& DefaultPalette();
+
+// The palette's colour of an index from 0 to 255; black for any other.
+Rgb AciToRgb(std::int32_t index, const Palette& palette = DefaultPalette());
 
 // Red, green and blue of a colour word 0xMMRRGGBB, M being the colour method.
 Rgb RgbOfWord(std::uint32_t word);

@@ -46,3 +46,15 @@ class DecodedText {
 // Windows-1252's five unassigned bytes become the code points of the same value,
 // a surrogate without its partner becomes U+FFFD, and UTF-8 is copied as it is.
 DecodedText DecodeText(TextForm form, const char* text);
+
+// A way to read a drawing's strings other than by their form alone.
+class TextDecoder {
+ public:
+  TextDecoder() = default;
+  virtual ~TextDecoder() = default;
+  TextDecoder(const TextDecoder&) = delete;
+  TextDecoder& operator=(const TextDecoder&) = delete;
+
+  // As DecodeText.
+  virtual DecodedText Decode(const char* text) const = 0;
+};

@@ -1,7 +1,6 @@
 #include "entities/color.hpp"
 
 #include "encode/json_text.hpp"
-#include "encode/palette.hpp"
 
 namespace {
 
@@ -23,7 +22,7 @@ std::int32_t AlphaValue(const Dwg_Color& color) {
   return 255 - color.alpha;
 }
 
-void AppendColor(JsonOut& out, const Dwg_Color& color) {
+void AppendColor(JsonOut& out, const Dwg_Color& color, const Palette& palette) {
   if (IsByLayer(color)) {
     out += "\"L\"";
     return;
@@ -37,17 +36,17 @@ void AppendColor(JsonOut& out, const Dwg_Color& color) {
     out += "\"W\"";
     return;
   }
-  AppendRgb(out, isTrueColor ? RgbOfWord(color.rgb) : AciToRgb(color.index));
+  AppendRgb(out, isTrueColor ? RgbOfWord(color.rgb) : AciToRgb(color.index, palette));
   if (HasExplicitAlpha(color)) {
     AppendIntKey(out, ",\"a\":", AlphaValue(color));
   }
   out += '}';
 }
 
-std::string ColorJsonOrEmpty(const Dwg_Color& color) {
+std::string ColorJsonOrEmpty(const Dwg_Color& color, const Palette& palette) {
   JsonOut out;
   if (!IsByLayer(color) && color.index != kIndexByBlock) {
-    AppendColor(out, color);
+    AppendColor(out, color, palette);
   }
   return out.Text();
 }

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "encode/json_out.hpp"
+#include "encode/palette.hpp"
 
 // The colour method in the top byte of a colour word.
 inline constexpr std::uint32_t kMethodTrueColor = 0xC2;
@@ -23,11 +24,11 @@ bool HasExplicitAlpha(const Dwg_Color& color);
 std::int32_t AlphaValue(const Dwg_Color& color);
 
 // The colour value; never empty.
-void AppendColor(JsonOut& out, const Dwg_Color& color);
+void AppendColor(JsonOut& out, const Dwg_Color& color, const Palette& palette = DefaultPalette());
 
 // The same as a text of its own, empty for a colour that is inherited by layer
 // or block.
-std::string ColorJsonOrEmpty(const Dwg_Color& color);
+std::string ColorJsonOrEmpty(const Dwg_Color& color, const Palette& palette = DefaultPalette());
 
 // Whether the colour is that of the layer.
 inline bool IsByLayer(const Dwg_Color& color) {

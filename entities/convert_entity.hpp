@@ -6,6 +6,12 @@
 
 #include "encode/json_list.hpp"
 #include "entities/entity_context.hpp"
+#include "entities/open_record.hpp"
+
+// Appends the object's record without its colour keys and its end, or nothing
+// when the object is not written. Types without a writer are counted in the
+// context.
+void AppendOpenRecord(const RecordSource<EntityContext>& source);
 
 // Appends one complete record, without its colour keys, or nothing when the
 // object is not written. Types without a writer are counted in the context;

@@ -33,6 +33,17 @@ inline bool IsInsert(const Dwg_Object& object) {
   return object.fixedtype == DWG_TYPE_INSERT || object.fixedtype == DWG_TYPE_MINSERT;
 }
 
+// Whether the object is written with the polyline that it is a part of.
+inline bool IsPolylinePart(const Dwg_Object& object) {
+  switch (object.fixedtype) {
+    case DWG_TYPE_SEQEND:
+    case DWG_TYPE_VERTEX_2D:
+    case DWG_TYPE_VERTEX_3D:
+    case DWG_TYPE_VERTEX_MESH: return true;
+    default: return false;
+  }
+}
+
 // The type's own data of an entity, as in EntityData(object, &Tio::LINE); null
 // when the object is no entity or has none.
 using EntityTio = decltype(Dwg_Object_Entity::tio);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "encode/text_decoding.hpp"
+#include "entities/drawing.hpp"
 #include "entities/findings.hpp"
 #include "entities/lookup_tables.hpp"
 
@@ -16,8 +17,7 @@ struct WriterMemory;
 
 struct EntityContext {
   // To read.
-  const Dwg_Data& dwg;
-  TextForm textForm;
+  const Drawing& drawing;
   const LookupTables& tables;
   bool verbose;  // colours carry their stored fields
 
@@ -27,8 +27,10 @@ struct EntityContext {
   // What single writers keep from one entity to the next; nobody else's matter.
   WriterMemory& memory;
 
+  const Dwg_Data& dwg() const { return drawing.data; }
+
   // A string of the drawing as UTF-8.
-  DecodedText Decode(const char* text) const { return DecodeText(textForm, text); }
+  DecodedText Decode(const char* text) const { return drawing.Decode(text); }
 
   void Warn(std::string warning) const { findings.warnings.push_back(std::move(warning)); }
 };

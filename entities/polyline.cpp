@@ -16,7 +16,7 @@ constexpr unsigned kPolylineClosed = 1;
 const VertexIndex& Vertices(const EntityContext& context) {
   auto& vertices = context.memory.vertices;
   if (!vertices) {
-    vertices.emplace(Objects(context.dwg));
+    vertices.emplace(Objects(context.dwg()));
   }
   return *vertices;
 }

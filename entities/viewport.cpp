@@ -52,10 +52,10 @@ void AppendFrozenLayers(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport,
 const Dwg_Object* ClipEntity(const Dwg_Entity_VIEWPORT& viewport, const Dwg_Object& object,
                              const EntityContext& context) {
   const Handle handle = ClipBoundaryOf(viewport);
-  if (handle == 0 || context.dwg.object_map == nullptr) {
+  if (handle == 0 || context.dwg().object_map == nullptr) {
     return nullptr;
   }
-  const Dwg_Object* clip = dwg_resolve_handle(&context.dwg, handle);
+  const Dwg_Object* clip = dwg_resolve_handle(&context.dwg(), handle);
   return clip == nullptr || clip == &object || !IsEntity(*clip) ? nullptr : clip;
 }
 

@@ -31,8 +31,11 @@ TextForm TextFormOf(const Dwg_Data& dwg, bool isDxf) {
 
 }  // namespace
 
-DrawingFile::DrawingFile(std::string path)
-    : path_(std::move(path)), isDxf_(HasDxfExtension(path_)), data_(std::make_unique<Dwg_Data>()) {}
+DrawingFile::DrawingFile(std::string path, ReadingScope scope)
+    : path_(std::move(path)),
+      isDxf_(HasDxfExtension(path_)),
+      scope_(scope),
+      data_(std::make_unique<Dwg_Data>()) {}
 
 DrawingFile::~DrawingFile() {
   Free();
@@ -88,7 +91,11 @@ int DrawingFile::ReadDxf() {
     case PreparedDxf::Outcome::kBrokenOff: return DWG_ERR_WRONGCRC | DWG_ERR_IOERROR;
     default: break;
   }
-  ReadNeededObjectsOnly();
+  if (scope_ == ReadingScope::kAll) {
+    ReadAllObjects();
+  } else {
+    ReadNeededObjectsOnly();
+  }
   const DxfLosses losses;
   // With any later target version the DXF reader recodes strings and then
   // loses its own layer and block references.

@@ -18,11 +18,17 @@
 #include "entities/drawing.hpp"
 #include "reading/file_bytes.hpp"
 
+// What is read of a drawing.
+enum class ReadingScope {
+  kPlainForm,  // what the plain form of the document needs
+  kAll,
+};
+
 class DrawingFile {
  public:
   // The format goes by the path's extension: DXF when that is ".dxf" in any
   // letter case, else DWG.
-  explicit DrawingFile(std::string path);
+  explicit DrawingFile(std::string path, ReadingScope scope = ReadingScope::kPlainForm);
   ~DrawingFile();
   DrawingFile(const DrawingFile&) = delete;
   DrawingFile& operator=(const DrawingFile&) = delete;
@@ -65,6 +71,7 @@ class DrawingFile {
 
   std::string path_;
   bool isDxf_;
+  ReadingScope scope_;
   bool isOpened_ = false;
   std::unique_ptr<std::FILE, CloseStream> dwg_;
   std::optional<FileBytes> dxf_;

@@ -10,6 +10,10 @@ void ReadNeededObjectsOnly() {
   dwg_dxf_want_objects(kNeeded.data(), kNeeded.size());
 }
 
+void ReadAllObjects() {
+  dwg_dxf_want_objects(nullptr, 0);
+}
+
 DxfLosses::DxfLosses() {
   dwg_dxf_on_skipped(
       [](void* user, const Dwg_DXF_Skipped* skipped) {

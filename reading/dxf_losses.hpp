@@ -12,6 +12,9 @@
 // document needs.
 void ReadNeededObjectsOnly();
 
+// Lets them read all objects again.
+void ReadAllObjects();
+
 // Counts from its construction on what the reads of this thread leave out, and
 // stops when it is destroyed. One at a time on a thread.
 class DxfLosses {

@@ -123,7 +123,7 @@ void AppendMtext(JsonOut& out, const Dwg_Entity_MTEXT& mtext, const EntityContex
   AppendNumberKey(out, ",\"y\":", mtext.ins_pt.y);
   out += ",\"html\":\"";
   MtextLayout layout;
-  AppendMtextHtml(out, text, height, layout);
+  AppendMtextHtml(out, text, height, layout, context.drawing.palette);
   out += '"';
   AppendQuotedKey(out, ",\"rawMtext\":", text);
   AppendNumberKey(out, ",\"width\":", mtext.rect_width);
@@ -132,8 +132,7 @@ void AppendMtext(JsonOut& out, const Dwg_Entity_MTEXT& mtext, const EntityContex
   AppendIntKey(out, ",\"attachment\":", mtext.attachment);
   AppendEntries(out, ",\"runs\":[", layout.runs, AppendRun);
   AppendEntries(out, ",\"blocks\":[", layout.blocks, AppendBlock);
-  const bool isEightBit = context.textForm != TextForm::kUtf16;
-  if (isEightBit && layout.nonWesternCharset && HasNonAscii(text)) {
+  if (context.drawing.MayMisreadText() && layout.nonWesternCharset && HasNonAscii(text)) {
     WarnOfCharset(origin.layer, context);
   }
   if (layout.obliqueCount > 0) {

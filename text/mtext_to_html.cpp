@@ -88,8 +88,9 @@ struct GroupFrame {
 
 class MtextScanner {
  public:
-  MtextScanner(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout)
-      : text_(text), baseHeight_(baseHeight), layout_(layout), html_(out) {}
+  MtextScanner(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout,
+               const Palette& palette)
+      : text_(text), baseHeight_(baseHeight), layout_(layout), palette_(palette), html_(out) {}
 
   bool Run() {
     html_.Markup("<p>");
@@ -268,7 +269,7 @@ class MtextScanner {
 
   void ColorIndex(std::string_view argument) {
     if (const auto index = ParseInt32(argument)) {
-      OpenColorSpan(AciToRgb(*index));
+      OpenColorSpan(AciToRgb(*index, palette_));
     }
   }
 
@@ -429,6 +430,7 @@ class MtextScanner {
   std::string_view text_;
   double baseHeight_;
   MtextLayout& layout_;
+  const Palette& palette_;
   std::size_t position_ = 0;
   HtmlLiteral html_;
   std::int32_t charPos_ = 0;
@@ -440,11 +442,12 @@ class MtextScanner {
 
 }  // namespace
 
-bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout) {
+bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout,
+                     const Palette& palette) {
   text = text.substr(0, text.find('\0'));
   if (text.empty()) {
     out += "<p></p>";
     return true;
   }
-  return MtextScanner(out, text, baseHeight, layout).Run();
+  return MtextScanner(out, text, baseHeight, layout, palette).Run();
 }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "encode/json_out.hpp"
+#include "encode/palette.hpp"
 
 // A stretch of characters with a format that HTML cannot express. Positions
 // and lengths count the characters of the resulting plain text in UTF-16
@@ -48,6 +49,8 @@ struct MtextLayout {
 
 // Appends the HTML as the inside of a JSON string literal. `text` is UTF-8 and
 // ends at its first NUL. `baseHeight` (drawing units) scales relative height
-// codes. `layout` is expected empty and is left alone when the text is empty. A
-// NUL that a code stands for ends the HTML, though not the layout: then false.
-bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout);
+// codes, `palette` gives the colours of colour codes. `layout` is expected empty and is left alone
+// when the text is empty. A NUL that a code stands for ends the HTML, though not the layout: then
+// false.
+bool AppendMtextHtml(JsonOut& out, std::string_view text, double baseHeight, MtextLayout& layout,
+                     const Palette& palette = DefaultPalette());

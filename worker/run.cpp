@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "complete/document.hpp"
 #include "document/document.hpp"
 #include "encode/json_text.hpp"
 #include "reading/drawing_file.hpp"
@@ -88,13 +89,20 @@ class Progress : public StageObserver {
   unsigned objectCount_;
 };
 
-bool IsVerbose(int argc, const char* const* argv) {
+// What stands behind the path, in any order; what is unknown has no effect.
+struct Options {
+  bool isVerbose = false;
+  bool isComplete = false;
+};
+
+Options OptionsOf(int argc, const char* const* argv) {
+  Options options;
   for (int i = 2; i < argc; ++i) {
-    if (std::string_view(argv[i]) == "--verbose") {
-      return true;
-    }
+    const std::string_view argument(argv[i]);
+    options.isVerbose = options.isVerbose || argument == "--verbose";
+    options.isComplete = options.isComplete || argument == "--complete";
   }
-  return false;
+  return options;
 }
 
 void AppendTimings(JsonOut& out, const Timings& timings) {
@@ -104,7 +112,7 @@ void AppendTimings(JsonOut& out, const Timings& timings) {
   AppendIntKey(out, ",\"assetsMs\":", timings.assets);
   AppendIntKey(out, ",\"entitiesMs\":", timings.entities);
   AppendIntKey(out, ",\"workerTotalMs\":", timings.total);
-  out += "}}";
+  out += '}';
 }
 
 // The whole text is there before its first byte is written.
@@ -126,7 +134,7 @@ int ReportFailedRead(const DrawingFile& file) {
   return 1;
 }
 
-void AppendTimedDocument(JsonOut& out, const DrawingFile& file, bool verbose,
+void AppendTimedDocument(JsonOut& out, const DrawingFile& file, const Options& options,
                          const Stopwatch& stopwatch, Timings& timings) {
   std::vector<std::string> warnings;
   if (file.result() != 0) {
@@ -135,9 +143,17 @@ void AppendTimedDocument(JsonOut& out, const DrawingFile& file, bool verbose,
   warnings.insert(warnings.end(), file.warnings().begin(), file.warnings().end());
   const Drawing drawing = file.drawing();
   Progress progress(stopwatch, timings, static_cast<unsigned>(drawing.data.num_objects));
-  AppendDocument(out, drawing, {.verbose = verbose}, std::move(warnings), progress);
+  const DocumentOptions documentOptions{.verbose = options.isVerbose};
+  JsonOut further;
+  if (options.isComplete) {
+    AppendCompleteDocument(out, further, drawing, documentOptions, std::move(warnings), progress);
+  } else {
+    AppendDocument(out, drawing, documentOptions, std::move(warnings), progress);
+  }
   timings.total = stopwatch.Milliseconds();
   AppendTimings(out, timings);
+  further.ForEachPiece([&out](std::string_view piece) { out += piece; });
+  out += '}';
 }
 
 // From here on the process can do nothing but what a conversion needs.
@@ -153,11 +169,11 @@ void EnterSandbox() {
   }
 }
 
-int Convert(const char* path, bool verbose) {
+int Convert(const char* path, const Options& options) {
   const Stopwatch stopwatch;
   Timings timings;
   std::fprintf(stderr, "[DWG worker] Starting import of: %s\n", path);
-  DrawingFile file(path);
+  DrawingFile file(path, options.isComplete ? ReadingScope::kAll : ReadingScope::kPlainForm);
   file.Open();
   EnterSandbox();
   std::fprintf(stderr, "[DWG worker] Reading %s file...\n", file.isDxf() ? "DXF" : "DWG");
@@ -170,7 +186,7 @@ int Convert(const char* path, bool verbose) {
   }
 
   JsonOut document;
-  AppendTimedDocument(document, file, verbose, stopwatch, timings);
+  AppendTimedDocument(document, file, options, stopwatch, timings);
   std::fprintf(stderr, "[DWG worker] JSON output size: %zu bytes\n", document.size());
   const bool isWritten = WriteLine(document);
   file.Free();
@@ -187,7 +203,7 @@ int CheckAndConvert(int argc, const char* const* argv) {
     std::fputs(kUsage, stdout);
     return 1;
   }
-  return Convert(argv[1], IsVerbose(argc, argv));
+  return Convert(argv[1], OptionsOf(argc, argv));
 }
 
 }  // namespace

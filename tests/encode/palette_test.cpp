@@ -16,15 +16,15 @@ void PrintTo(const PaletteCase& one, std::ostream* out) {
   *out << "index " << one.index;
 }
 
-class Palette : public testing::TestWithParam<PaletteCase> {};
+class PaletteColors : public testing::TestWithParam<PaletteCase> {};
 
 }  // namespace
 
-TEST_P(Palette, HasTheColorThatConsumersKnow) {
+TEST_P(PaletteColors, HasTheColorThatConsumersKnow) {
   EXPECT_EQ(AciToRgb(GetParam().index), GetParam().rgb);
 }
 
-INSTANTIATE_TEST_SUITE_P(Basic, Palette,
+INSTANTIATE_TEST_SUITE_P(Basic, PaletteColors,
                          testing::Values(PaletteCase{0, {0, 0, 0}}, PaletteCase{1, {255, 0, 0}},
                                          PaletteCase{2, {255, 255, 0}}, PaletteCase{3, {0, 255, 0}},
                                          PaletteCase{4, {0, 255, 255}}, PaletteCase{5, {0, 0, 255}},
@@ -34,13 +34,13 @@ INSTANTIATE_TEST_SUITE_P(Basic, Palette,
                                          PaletteCase{9, {128, 128, 128}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Greys, Palette,
+    Greys, PaletteColors,
     testing::Values(PaletteCase{250, {51, 51, 51}}, PaletteCase{251, {102, 102, 102}},
                     PaletteCase{252, {153, 153, 153}}, PaletteCase{253, {204, 204, 204}},
                     PaletteCase{254, {255, 255, 255}}, PaletteCase{255, {0, 0, 0}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Truncated, Palette,
+    Truncated, PaletteColors,
     testing::Values(PaletteCase{10, {255, 0, 0}}, PaletteCase{11, {255, 50, 50}},
                     PaletteCase{15, {191, 0, 0}}, PaletteCase{16, {127, 0, 0}},
                     PaletteCase{17, {63, 0, 0}}, PaletteCase{20, {255, 63, 0}},
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PaletteCase{130, {0, 255, 255}}, PaletteCase{170, {0, 0, 255}},
                     PaletteCase{210, {255, 0, 255}}, PaletteCase{240, {255, 0, 63}}));
 
-INSTANTIATE_TEST_SUITE_P(Outside, Palette,
+INSTANTIATE_TEST_SUITE_P(Outside, PaletteColors,
                          testing::Values(PaletteCase{-1, {0, 0, 0}}, PaletteCase{-32768, {0, 0, 0}},
                                          PaletteCase{256, {0, 0, 0}}, PaletteCase{257, {0, 0, 0}},
                                          PaletteCase{258, {0, 0, 0}},

@@ -15,8 +15,7 @@ Handle TestDrawing::AddLayer(Handle handle, const std::string& name) {
 }
 
 EntityContext TestDrawing::Context(bool verbose) {
-  return EntityContext{.dwg = data(),
-                       .textForm = textForm,
+  return EntityContext{.drawing = drawings_.emplace_back(drawing()),
                        .tables = tables,
                        .verbose = verbose,
                        .findings = findings,

@@ -51,5 +51,7 @@ class TestDrawing : public MemoryDrawing {
  private:
   std::string RecordOfLast(const std::string& layer);
 
-  std::deque<WriterMemory> memories_;  // of all contexts
+  // Of all contexts.
+  std::deque<Drawing> drawings_;
+  std::deque<WriterMemory> memories_;
 };

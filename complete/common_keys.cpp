@@ -1,0 +1,62 @@
+#include "complete/common_keys.hpp"
+
+#include <array>
+#include <charconv>
+#include <string>
+
+#include "encode/json_list.hpp"
+#include "encode/json_text.hpp"
+
+namespace {
+
+// How an entity tells its line type.
+constexpr unsigned kByBlock = 1;
+constexpr unsigned kContinuous = 2;
+
+void AppendLinetype(JsonOut& out, const Dwg_Object_Entity& entity, const CompleteContext& context) {
+  if (const std::string* name = context.tables.linetypes.Find(HandleOf(entity.ltype))) {
+    out += *name;
+    return;
+  }
+  switch (entity.ltype_flags) {
+    case kByBlock: out += "\"K\""; break;
+    case kContinuous: out += "\"Continuous\""; break;
+    default: out += "\"L\""; break;
+  }
+}
+
+}  // namespace
+
+void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle) {
+  if (handle == 0) {
+    return;
+  }
+  constexpr int kHexadecimal = 16;
+  std::array<char, kHexadecimal> digits{};
+  const char* end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), handle, kHexadecimal).ptr;
+  out += key;
+  out += '"';
+  for (const char* digit = digits.data(); digit != end; ++digit) {
+    out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
+  }
+  out += '"';
+}
+
+void AppendPointKey(JsonOut& out, std::string_view key, double x, double y, double z) {
+  out += key;
+  JsonList(out).Point(x, y, z);
+}
+
+void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
+                             const Dwg_Object_Entity& entity, const CompleteContext& context) {
+  AppendHandleKey(out, ",\"handle\":", object.handle.value);
+  AppendHandleKey(out,
+                  ",\"owner\":", context.tables.OwnerOf(entity, context.base.tables.modelSpace));
+  out += ",\"linetype\":";
+  AppendLinetype(out, entity, context);
+  AppendNumberKey(out, ",\"linetypeScale\":", entity.ltype_scale);
+  if (entity.invisible != 0) {
+    out += ",\"invisible\":true";
+  }
+}

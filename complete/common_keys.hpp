@@ -1,0 +1,22 @@
+// The further keys that every entity record of the complete form has, whatever its
+// type.
+#pragma once
+
+#include <dwg.h>
+
+#include <string_view>
+
+#include "complete/complete_context.hpp"
+#include "encode/json_out.hpp"
+
+// `handle`, `owner`, `linetype`, `linetypeScale` and, where it is set, `invisible`.
+// The line type is "L" by layer, "K" by block, as colours have it, or a name.
+void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
+                             const Dwg_Object_Entity& entity, const CompleteContext& context);
+
+// Appends `key` and the handle as drawings write it: hexadecimal digits in upper
+// case, quoted. Nothing for 0.
+void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle);
+
+// `key` and `[x,y,z]`.
+void AppendPointKey(JsonOut& out, std::string_view key, double x, double y, double z);

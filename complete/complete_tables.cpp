@@ -1,0 +1,96 @@
+#include "complete/complete_tables.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "encode/ascii.hpp"
+#include "encode/json_text.hpp"
+#include "entities/block_names.hpp"
+
+namespace {
+
+// What an entity without an owner is marked with.
+constexpr unsigned kInPaperSpace = 1;
+constexpr unsigned kInModelSpace = 2;
+
+std::string Quoted(std::string_view text) {
+  JsonOut out;
+  AppendQuoted(out, text);
+  return out.Text();
+}
+
+// The two table records that stand for what the layer or the block has.
+std::string LinetypeLiteral(std::string_view name) {
+  const std::string lower = LowerAscii(name);
+  if (lower == "bylayer") {
+    return "\"L\"";
+  }
+  return lower == "byblock" ? "\"K\"" : Quoted(name);
+}
+
+template <typename Record>
+void AddName(HandleMap<std::string>& names, Handle handle, const Record* record,
+             const Drawing& drawing, std::string (*literal)(std::string_view) = Quoted) {
+  if (record != nullptr && record->name != nullptr) {
+    names[handle] = literal(drawing.Decode(record->name));
+  }
+}
+
+void AddNames(CompleteTables& tables, const Dwg_Object& object, const Drawing& drawing) {
+  const Handle handle = object.handle.value;
+  switch (object.fixedtype) {
+    case DWG_TYPE_LTYPE:
+      return AddName(tables.linetypes, handle, ObjectData(object, &ObjectTio::LTYPE), drawing,
+                     LinetypeLiteral);
+    case DWG_TYPE_STYLE:
+      return AddName(tables.textStyles, handle, ObjectData(object, &ObjectTio::STYLE), drawing);
+    case DWG_TYPE_DIMSTYLE:
+      return AddName(tables.dimensionStyles, handle, ObjectData(object, &ObjectTio::DIMSTYLE),
+                     drawing);
+    default: return;
+  }
+}
+
+// The header's own reference; else the sheet whose block has the bare name.
+Handle ActiveSheet(const Drawing& drawing, const LookupTables& base) {
+  const auto& sheets = base.paperSpaces;
+  const Handle named = HandleOf(drawing.data.header_vars.BLOCK_RECORD_PSPACE);
+  if (std::find(sheets.begin(), sheets.end(), named) != sheets.end()) {
+    return named;
+  }
+  const auto active = std::find_if(sheets.begin(), sheets.end(), [&](Handle sheet) {
+    const std::string* name = base.blockNames.Find(sheet);
+    return name != nullptr && *name == kPaperSpaceName;
+  });
+  return active == sheets.end() ? 0 : *active;
+}
+
+}  // namespace
+
+Handle CompleteTables::OwnerOf(const Dwg_Object_Entity& entity, Handle modelSpace) const {
+  if (entity.ownerhandle != nullptr) {
+    return HandleOf(entity.ownerhandle);
+  }
+  if (entity.entmode == kInPaperSpace) {
+    return activeSheet;
+  }
+  return entity.entmode == kInModelSpace ? modelSpace : 0;
+}
+
+CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
+  CompleteTables tables;
+  tables.activeSheet = ActiveSheet(drawing, base);
+  EntitiesByOwner byOwner;
+  const auto objects = Objects(drawing.data);
+  byOwner.Reserve(objects.size());
+  for (const Dwg_Object& object : objects) {
+    AddNames(tables, object, drawing);
+    const Dwg_Object_Entity* entity = EntityOf(object);
+    if (entity != nullptr && !IsPolylinePart(object)) {
+      byOwner.Add(tables.OwnerOf(*entity, base.modelSpace), object);
+    }
+  }
+  byOwner.Finish();
+  base.entitiesByOwner = std::move(byOwner);
+  return tables;
+}

@@ -1,0 +1,32 @@
+// What the complete form looks up besides the tables of the pre-pass, keyed by
+// handle value.
+#pragma once
+
+#include <dwg.h>
+
+#include <string>
+#include <string_view>
+
+#include "entities/drawing.hpp"
+#include "entities/drawing_access.hpp"
+#include "entities/handle_map.hpp"
+#include "entities/lookup_tables.hpp"
+
+struct CompleteTables {
+  // Names as JSON literals; line types by layer and by block are "L" and "K".
+  HandleMap<std::string> linetypes;
+  HandleMap<std::string> textStyles;
+  HandleMap<std::string> dimensionStyles;
+
+  // The block that the active sheet's contents belong to; 0 when there is none.
+  Handle activeSheet = 0;
+
+  // The block or the entity that an entity belongs to. A DWG leaves the contents
+  // of model space and of the active sheet without an owner and marks them
+  // instead. 0 when nothing tells.
+  Handle OwnerOf(const Dwg_Object_Entity& entity, Handle modelSpace) const;
+};
+
+// `base` are the tables of the same drawing. Its groups of entities by owner are
+// made anew, with the contents of the active sheet under that sheet.
+CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base);

@@ -1,0 +1,75 @@
+#include "complete/convert_entity.hpp"
+
+#include <cstddef>
+
+#include "complete/common_keys.hpp"
+#include "complete/faces.hpp"
+#include "entities/convert_entity.hpp"
+#include "entities/open_record.hpp"
+#include "entities/walk_entities.hpp"
+
+namespace {
+
+using Source = RecordSource<CompleteContext>;
+
+// Appends a record up to its colour keys, or nothing. Types that stand here have
+// no record in the plain form, or one that the complete form corrects.
+void AppendOpenCompleteRecord(const Source& source) {
+  using Tio = EntityTio;
+  switch (source.object.fixedtype) {
+    case DWG_TYPE__3DFACE: return WriteRecord(source, "3DFACE", &Tio::_3DFACE, AppendFace);
+    case DWG_TYPE_TRACE: return WriteRecord(source, "TRACE", &Tio::TRACE, AppendTrace);
+    default:
+      return AppendOpenRecord({source.out, source.object, source.layer, source.context.base});
+  }
+}
+
+// Appends the keys that a type's record has behind the common ones.
+template <typename T, typename Writer>
+void Further(const Source& source, T* EntityTio::*member, Writer writer) {
+  if (const T* data = EntityData(source.object, member)) {
+    CallWriter(source, *data, writer);
+  }
+}
+
+void AppendFurtherKeys(const Source& source) {
+  using Tio = EntityTio;
+  switch (source.object.fixedtype) {
+    case DWG_TYPE_TRACE: return Further(source, &Tio::TRACE, AppendTraceFurtherKeys);
+    default: return;
+  }
+}
+
+void Convert(JsonOut& out, const Dwg_Object& object, const CompleteContext& context) {
+  const Dwg_Object_Entity* entity = EntityOf(object);
+  if (entity == nullptr) {
+    return;
+  }
+  const Source source{out, object, context.base.tables.layers.Of(*entity), context};
+  const std::size_t start = out.size();
+  AppendOpenCompleteRecord(source);
+  if (out.size() == start) {
+    return;
+  }
+  AppendCommonKeys(out, *entity, context.base.verbose, context.base.drawing.palette);
+  AppendCommonFurtherKeys(out, object, *entity, context);
+  AppendFurtherKeys(source);
+  EndRecord(out);
+}
+
+}  // namespace
+
+void AppendCompleteEntity(JsonList& list, const Dwg_Object& object,
+                          const CompleteContext& context) {
+  list.Item([&] { Convert(list.out(), object, context); });
+}
+
+void AppendCompleteEntityWithAttributes(JsonList& list, const Dwg_Object& object,
+                                        const CompleteContext& context) {
+  AppendCompleteEntity(list, object, context);
+  if (IsInsert(object)) {
+    WalkEntities(context.base.tables.OwnedBy(object), [&](const Dwg_Object& attribute) {
+      AppendCompleteEntity(list, attribute, context);
+    });
+  }
+}
