@@ -45,7 +45,11 @@ void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle) {
 
 void AppendPointKey(JsonOut& out, std::string_view key, double x, double y, double z) {
   out += key;
-  JsonList(out).Point(x, y, z);
+  JsonList coordinates(out);
+  for (const double coordinate : {x, y, z}) {
+    coordinates.Number(coordinate);
+  }
+  coordinates.Close();
 }
 
 void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
