@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "complete/common_keys.hpp"
+#include "complete/dimensions.hpp"
 #include "complete/faces.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/open_record.hpp"
@@ -19,6 +20,23 @@ void AppendOpenCompleteRecord(const Source& source) {
   switch (source.object.fixedtype) {
     case DWG_TYPE__3DFACE: return WriteRecord(source, "3DFACE", &Tio::_3DFACE, AppendFace);
     case DWG_TYPE_TRACE: return WriteRecord(source, "TRACE", &Tio::TRACE, AppendTrace);
+    case DWG_TYPE_DIMENSION_ANG2LN:
+      return WriteRecord(source, "DIMENSION_ANG2LN", &Tio::DIMENSION_ANG2LN,
+                         AppendTwoLineAngularDimension);
+    case DWG_TYPE_DIMENSION_ANG3PT:
+      return WriteRecord(source, "DIMENSION_ANG3PT", &Tio::DIMENSION_ANG3PT,
+                         AppendThreePointAngularDimension);
+    case DWG_TYPE_DIMENSION_DIAMETER:
+      return WriteRecord(source, "DIMENSION_DIAMETER", &Tio::DIMENSION_DIAMETER,
+                         AppendDiameterDimension);
+    case DWG_TYPE_DIMENSION_ORDINATE:
+      return WriteRecord(source, "DIMENSION_ORDINATE", &Tio::DIMENSION_ORDINATE,
+                         AppendOrdinateDimension);
+    case DWG_TYPE_ARC_DIMENSION:
+      return WriteRecord(source, "ARC_DIMENSION", &Tio::ARC_DIMENSION, AppendArcDimension);
+    case DWG_TYPE_LARGE_RADIAL_DIMENSION:
+      return WriteRecord(source, "LARGE_RADIAL_DIMENSION", &Tio::LARGE_RADIAL_DIMENSION,
+                         AppendJoggedDimension);
     default:
       return AppendOpenRecord({source.out, source.object, source.layer, source.context.base});
   }
@@ -36,6 +54,24 @@ void AppendFurtherKeys(const Source& source) {
   using Tio = EntityTio;
   switch (source.object.fixedtype) {
     case DWG_TYPE_TRACE: return Further(source, &Tio::TRACE, AppendTraceFurtherKeys);
+    case DWG_TYPE_DIMENSION_LINEAR:
+      return Further(source, &Tio::DIMENSION_LINEAR, AppendLinearDimensionFurtherKeys);
+    case DWG_TYPE_DIMENSION_ALIGNED:
+      return Further(source, &Tio::DIMENSION_ALIGNED, AppendAlignedDimensionFurtherKeys);
+    case DWG_TYPE_DIMENSION_RADIUS:
+      return Further(source, &Tio::DIMENSION_RADIUS, AppendRadiusDimensionFurtherKeys);
+    case DWG_TYPE_DIMENSION_DIAMETER:
+      return Further(source, &Tio::DIMENSION_DIAMETER, AppendDiameterDimensionFurtherKeys);
+    case DWG_TYPE_DIMENSION_ANG2LN:
+      return Further(source, &Tio::DIMENSION_ANG2LN, AppendTwoLineAngularFurtherKeys);
+    case DWG_TYPE_DIMENSION_ANG3PT:
+      return Further(source, &Tio::DIMENSION_ANG3PT, AppendThreePointAngularFurtherKeys);
+    case DWG_TYPE_DIMENSION_ORDINATE:
+      return Further(source, &Tio::DIMENSION_ORDINATE, AppendOrdinateFurtherKeys);
+    case DWG_TYPE_ARC_DIMENSION:
+      return Further(source, &Tio::ARC_DIMENSION, AppendArcDimensionFurtherKeys);
+    case DWG_TYPE_LARGE_RADIAL_DIMENSION:
+      return Further(source, &Tio::LARGE_RADIAL_DIMENSION, AppendJoggedFurtherKeys);
     default: return;
   }
 }

@@ -66,8 +66,10 @@ void AppendFormat(JsonOut& out, const DimStyleEntry& style) {
   }
 }
 
-// The keys that the dimension style adds; none when it is missing.
-void AppendStyleKeys(JsonOut& out, const Dwg_Object_Ref* reference, const LookupTables& tables) {
+}  // namespace
+
+void AppendDimensionStyleKeys(JsonOut& out, const Dwg_Object_Ref* reference,
+                              const LookupTables& tables) {
   const DimStyleEntry* style =
       reference == nullptr ? nullptr : tables.dimStyles.Find(reference->absolute_ref);
   if (style == nullptr) {
@@ -78,31 +80,19 @@ void AppendStyleKeys(JsonOut& out, const Dwg_Object_Ref* reference, const Lookup
   AppendFormat(out, *style);
 }
 
-// What ends the record of every kind.
-template <typename Dimension>
-void AppendTail(JsonOut& out, const Dimension& dimension, const EntityContext& context) {
-  AppendNumberKey(out, ",\"measurement\":", dimension.act_measurement);
-  AppendQuotedKey(out, ",\"userText\":", context.Decode(dimension.user_text));
-  AppendNumberKey(out, ",\"textMidX\":", dimension.text_midpt.x);
-  AppendNumberKey(out, ",\"textMidY\":", dimension.text_midpt.y);
-  AppendStyleKeys(out, dimension.dimstyle, context.tables);
-}
-
-}  // namespace
-
 void AppendLinearDimension(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
                            const EntityContext& context) {
   AppendExtensionLines(out, dimension);
   AppendDefinitionPoint(out, dimension);
   AppendNumberKey(out, ",\"dimRotationRad\":", dimension.dim_rotation);
-  AppendTail(out, dimension, context);
+  AppendDimensionTail(out, dimension, context);
 }
 
 void AppendAlignedDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& dimension,
                             const EntityContext& context) {
   AppendExtensionLines(out, dimension);
   AppendDefinitionPoint(out, dimension);
-  AppendTail(out, dimension, context);
+  AppendDimensionTail(out, dimension, context);
 }
 
 void AppendRadiusDimension(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dimension,
@@ -111,5 +101,5 @@ void AppendRadiusDimension(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dime
   AppendNumberKey(out, ",\"arcX\":", dimension.first_arc_pt.x);
   AppendNumberKey(out, ",\"arcY\":", dimension.first_arc_pt.y);
   AppendNumberKey(out, ",\"leaderLen\":", dimension.leader_len);
-  AppendTail(out, dimension, context);
+  AppendDimensionTail(out, dimension, context);
 }

@@ -7,6 +7,7 @@
 #include <dwg.h>
 
 #include "encode/json_out.hpp"
+#include "encode/json_text.hpp"
 #include "entities/entity_context.hpp"
 
 void AppendLinearDimension(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
@@ -15,3 +16,17 @@ void AppendAlignedDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& di
                             const EntityContext& context);
 void AppendRadiusDimension(JsonOut& out, const Dwg_Entity_DIMENSION_RADIUS& dimension,
                            const EntityContext& context);
+
+// The keys that a dimension style adds; none when it is missing.
+void AppendDimensionStyleKeys(JsonOut& out, const Dwg_Object_Ref* reference,
+                              const LookupTables& tables);
+
+// What ends the record of every kind of dimension.
+template <typename Dimension>
+void AppendDimensionTail(JsonOut& out, const Dimension& dimension, const EntityContext& context) {
+  AppendNumberKey(out, ",\"measurement\":", dimension.act_measurement);
+  AppendQuotedKey(out, ",\"userText\":", context.Decode(dimension.user_text));
+  AppendNumberKey(out, ",\"textMidX\":", dimension.text_midpt.x);
+  AppendNumberKey(out, ",\"textMidY\":", dimension.text_midpt.y);
+  AppendDimensionStyleKeys(out, dimension.dimstyle, context.tables);
+}
