@@ -2,9 +2,17 @@
 
 #include <cstddef>
 
+#include "complete/block_array.hpp"
 #include "complete/common_keys.hpp"
 #include "complete/dimensions.hpp"
 #include "complete/faces.hpp"
+#include "complete/helix.hpp"
+#include "complete/meshes.hpp"
+#include "complete/multilines.hpp"
+#include "complete/obsolete.hpp"
+#include "complete/scenery.hpp"
+#include "complete/symbols.hpp"
+#include "complete/table.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/open_record.hpp"
 #include "entities/walk_entities.hpp"
@@ -37,6 +45,32 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_LARGE_RADIAL_DIMENSION:
       return WriteRecord(source, "LARGE_RADIAL_DIMENSION", &Tio::LARGE_RADIAL_DIMENSION,
                          AppendJoggedDimension);
+    case DWG_TYPE_MLINE: return WriteRecord(source, "MLINE", &Tio::MLINE, AppendMultiline);
+    case DWG_TYPE_SHAPE: return WriteRecord(source, "SHAPE", &Tio::SHAPE, AppendShape);
+    case DWG_TYPE_TOLERANCE:
+      return WriteRecord(source, "TOLERANCE", &Tio::TOLERANCE, AppendTolerance);
+    case DWG_TYPE_TABLE: return WriteRecord(source, "ACAD_TABLE", &Tio::TABLE, AppendTable);
+    case DWG_TYPE_POLYLINE_MESH:
+      return WriteRecord(source, "POLYLINE_MESH", &Tio::POLYLINE_MESH, AppendPolygonMesh);
+    case DWG_TYPE_POLYLINE_PFACE:
+      return WriteRecord(source, "POLYLINE_PFACE", &Tio::POLYLINE_PFACE, AppendPolyfaceMesh);
+    case DWG_TYPE_MESH: return WriteRecord(source, "MESH", &Tio::MESH, AppendSubdivisionMesh);
+    case DWG_TYPE_HELIX: return WriteRecord(source, "HELIX", &Tio::HELIX, AppendHelix);
+    case DWG_TYPE_MINSERT: return WriteRecord(source, "INSERT", &Tio::MINSERT, AppendBlockArray);
+    case DWG_TYPE__3DLINE:
+      return WriteRecord(source, "3DLINE", &Tio::_3DLINE, AppendSpatialLine);
+    case DWG_TYPE_REPEAT: return WriteRecord(source, "REPEAT", &Tio::REPEAT, AppendRepeatStart);
+    case DWG_TYPE_ENDREP: return WriteRecord(source, "ENDREP", &Tio::ENDREP, AppendRepeatEnd);
+    case DWG_TYPE_LIGHT: return WriteRecord(source, "LIGHT", &Tio::LIGHT, AppendLight);
+    case DWG_TYPE_SECTIONOBJECT:
+      return WriteRecord(source, "SECTIONOBJECT", &Tio::SECTIONOBJECT, AppendSectionPlane);
+    case DWG_TYPE_POINTCLOUD:
+      return WriteRecord(source, "POINTCLOUD", &Tio::POINTCLOUD, AppendPointCloud);
+    case DWG_TYPE_POINTCLOUDEX:
+      return WriteRecord(source, "POINTCLOUDEX", &Tio::POINTCLOUDEX, AppendPointCloudEx);
+    case DWG_TYPE_GEOPOSITIONMARKER:
+      return WriteRecord(source, "GEOPOSITIONMARKER", &Tio::GEOPOSITIONMARKER,
+                         AppendGeographicMarker);
     default:
       return AppendOpenRecord({source.out, source.object, source.layer, source.context.base});
   }
@@ -72,6 +106,11 @@ void AppendFurtherKeys(const Source& source) {
       return Further(source, &Tio::ARC_DIMENSION, AppendArcDimensionFurtherKeys);
     case DWG_TYPE_LARGE_RADIAL_DIMENSION:
       return Further(source, &Tio::LARGE_RADIAL_DIMENSION, AppendJoggedFurtherKeys);
+    case DWG_TYPE_SHAPE: return Further(source, &Tio::SHAPE, AppendShapeFurtherKeys);
+    case DWG_TYPE_TOLERANCE: return Further(source, &Tio::TOLERANCE, AppendToleranceFurtherKeys);
+    case DWG_TYPE_TABLE: return Further(source, &Tio::TABLE, AppendTableFurtherKeys);
+    case DWG_TYPE_HELIX: return Further(source, &Tio::HELIX, AppendHelixFurtherKeys);
+    case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendBlockArrayFurtherKeys);
     default: return;
   }
 }

@@ -37,13 +37,20 @@ void AppendInsert(JsonOut& out, const Dwg_Entity_INSERT& insert, const EntityCon
   }
 }
 
+std::string_view AppendFirstCell(JsonOut& out, const Dwg_Entity_MINSERT& insert,
+                                 const EntityContext& context) {
+  const std::string_view block = ReferencedBlock(insert.block_header, context.tables);
+  if (!block.empty()) {
+    AppendReference(out, insert, block);
+  }
+  return block;
+}
+
 void AppendArrayedInsert(JsonOut& out, const Dwg_Entity_MINSERT& insert,
                          const EntityContext& context) {
-  const std::string_view block = ReferencedBlock(insert.block_header, context.tables);
-  if (block.empty()) {
-    return;
+  const std::string_view block = AppendFirstCell(out, insert, context);
+  if (!block.empty()) {
+    context.Warn("MINSERT \"" + std::string(block) +
+                 "\" treated as single INSERT (grid not supported)");
   }
-  context.Warn("MINSERT \"" + std::string(block) +
-               "\" treated as single INSERT (grid not supported)");
-  AppendReference(out, insert, block);
 }

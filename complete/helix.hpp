@@ -1,0 +1,14 @@
+// Records of HELIX: a SPLINE's keys, and how the helix was made.
+#pragma once
+
+#include <dwg.h>
+
+#include "complete/complete_context.hpp"
+#include "encode/json_out.hpp"
+
+void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteContext& context,
+                 const EntityOrigin& origin);
+
+// Its axis (base point and vector), start, radius, turns and height of a turn, in the
+// world's system.
+void AppendHelixFurtherKeys(JsonOut& out, const Dwg_Entity_HELIX& helix);

@@ -1,0 +1,228 @@
+#include "complete/table.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "complete/common_keys.hpp"
+#include "complete/lookup.hpp"
+#include "complete/plane_keys.hpp"
+#include "encode/fast/portable_math.hpp"
+#include "encode/json_list.hpp"
+#include "encode/json_text.hpp"
+#include "entities/color.hpp"
+#include "entities/drawing_access.hpp"
+
+namespace {
+
+// Both forms' cells.
+constexpr unsigned kTextCell = 1;
+constexpr unsigned kBlockCell = 2;
+
+// Which of its properties a cell of the old form sets for itself.
+constexpr unsigned kOwnAlignment = 1;
+constexpr unsigned kOwnBackground = 4;
+constexpr unsigned kOwnContentColor = 8;
+constexpr unsigned kOwnTextHeight = 32;
+
+// Counts that a damaged file makes larger than what is there end at the arrays.
+template <typename T>
+void AppendNumbers(JsonOut& out, std::string_view key, std::span<const T> items,
+                   double (*value)(const T&)) {
+  JsonList list(out, key);
+  for (const T& item : items) {
+    list.Number(value(item));
+  }
+  list.Close();
+}
+
+double Itself(const BITCODE_BD& value) {
+  return value;
+}
+
+void AppendPlace(JsonOut& out, std::size_t row, std::size_t column) {
+  AppendIntKey(out, "{\"row\":", static_cast<std::int64_t>(row));
+  AppendIntKey(out, ",\"column\":", static_cast<std::int64_t>(column));
+}
+
+void AppendText(JsonOut& out, const char* text, const CompleteContext& context) {
+  AppendQuotedKey(out, ",\"text\":", context.Decode(text));
+}
+
+void AppendCellBlock(JsonOut& out, const Dwg_Object_Ref* block, double scale,
+                     const CompleteContext& context) {
+  if (const std::string* name = BlockName(block, context)) {
+    AppendQuotedKey(out, ",\"blockName\":", *name);
+    AppendNumberKey(out, ",\"blockScale\":", scale);
+  }
+}
+
+bool HasText(const char* text, const CompleteContext& context) {
+  return text != nullptr && !context.Decode(text).view().empty();
+}
+
+// From release 2007 on a cell's text is a value.
+const char* TextOf(const char* text, const Dwg_TABLE_value& value,
+                   const CompleteContext& context) {
+  if (HasText(text, context)) {
+    return text;
+  }
+  return HasText(value.value_string, context) ? value.value_string : value.data_string;
+}
+
+void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
+  const Palette& palette = context.base.drawing.palette;
+  const unsigned own = cell.additional_data_flag == 0 ? 0U : cell.cell_flag_override;
+  if (cell.cell_alignment != 0 || (own & kOwnAlignment) != 0) {
+    AppendIntKey(out, ",\"alignment\":", cell.cell_alignment);
+  }
+  if (cell.text_height > 0 || (own & kOwnTextHeight) != 0) {
+    AppendNumberKey(out, ",\"textHeight\":", cell.text_height);
+  }
+  if ((own & kOwnBackground) != 0) {
+    out += ",\"background\":";
+    AppendColor(out, cell.bg_color, palette);
+  }
+  if ((own & kOwnContentColor) != 0) {
+    out += ",\"textColor\":";
+    AppendColor(out, cell.content_color, palette);
+  }
+  if (const std::string* style = context.tables.textStyles.Find(HandleOf(cell.text_style))) {
+    out += ",\"textStyle\":";
+    out += *style;
+  }
+}
+
+void AppendOldCell(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
+  if (cell.is_merged_value != 0) {
+    out += ",\"isMerged\":true";
+  }
+  if (cell.merged_width_flag > 1 || cell.merged_height_flag > 1) {
+    AppendIntKey(out, ",\"columns\":", cell.merged_width_flag);
+    AppendIntKey(out, ",\"rows\":", cell.merged_height_flag);
+  }
+  if (cell.type == kBlockCell) {
+    AppendCellBlock(out, cell.block_handle, cell.block_scale, context);
+  } else {
+    AppendText(out, TextOf(cell.text_value, cell.value, context), context);
+  }
+  if (cell.rotation != 0) {
+    AppendNumberKey(out, ",\"rotationRad\":", cell.rotation);
+  }
+  AppendOwnFormat(out, cell, context);
+  out += '}';
+}
+
+void AppendOldForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
+  AppendNumbers(out, ",\"columnWidths\":[",
+                SpanOf<BITCODE_BD>(table.col_widths, table.num_cols), Itself);
+  AppendNumbers(out, ",\"rowHeights\":[",
+                SpanOf<BITCODE_BD>(table.row_heights, table.num_rows), Itself);
+  const std::size_t columns = table.num_cols;
+  const auto cells = SpanOf(table.cells, columns == 0 ? 0 : table.num_cells);
+  JsonList list(out, ",\"cells\":[");
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    list.Item([&] {
+      AppendPlace(out, i / columns, i % columns);
+      AppendOldCell(out, cells[i], context);
+    });
+  }
+  list.Close();
+}
+
+void AppendNewCell(JsonOut& out, const Dwg_TableCell& cell, const CompleteContext& context) {
+  constexpr BITCODE_BL kBlockContent = 4;
+  for (const auto& content : SpanOf(cell.cell_contents, cell.num_cell_contents)) {
+    if (content.type == kBlockContent) {
+      AppendCellBlock(out, content.handle, content.content_format.block_scale, context);
+      break;
+    }
+    const char* text = TextOf(nullptr, content.value, context);
+    if (HasText(text, context)) {
+      AppendText(out, text, context);
+      break;
+    }
+  }
+  const Dwg_ContentFormat& format = cell.cellstyle.content_format;
+  if (format.cell_alignment != 0) {
+    AppendIntKey(out, ",\"alignment\":", format.cell_alignment);
+  }
+  if (format.text_height > 0) {
+    AppendNumberKey(out, ",\"textHeight\":", format.text_height);
+  }
+  if (format.rotation != 0) {
+    AppendNumberKey(out, ",\"rotationRad\":", format.rotation);
+  }
+  out += '}';
+}
+
+void AppendMergedRanges(JsonOut& out, const Dwg_FormattedTableData& data) {
+  JsonList ranges(out, ",\"merged\":[");
+  for (const auto& range : SpanOf(data.merged_cells, data.num_merged_cells)) {
+    ranges.Item([&] {
+      AppendIntKey(out, "{\"row\":", range.top_row);
+      AppendIntKey(out, ",\"column\":", range.left_col);
+      AppendIntKey(out, ",\"lastRow\":", range.bottom_row);
+      AppendIntKey(out, ",\"lastColumn\":", range.right_col);
+      out += '}';
+    });
+  }
+  ranges.Close();
+}
+
+void AppendNewForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
+  const auto columns = SpanOf(table.tdata.cols, table.tdata.num_cols);
+  const auto rows = SpanOf(table.tdata.rows, table.tdata.num_rows);
+  AppendNumbers<Dwg_TableDataColumn>(out, ",\"columnWidths\":[", columns,
+                                     [](const Dwg_TableDataColumn& column) {
+                                       return double{column.width};
+                                     });
+  AppendNumbers<Dwg_TableRow>(out, ",\"rowHeights\":[", rows,
+                              [](const Dwg_TableRow& row) { return double{row.height}; });
+  JsonList list(out, ",\"cells\":[");
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    const auto cells = SpanOf(rows[row].cells, rows[row].num_cells);
+    for (std::size_t column = 0; column < cells.size(); ++column) {
+      list.Item([&] {
+        AppendPlace(out, row, column);
+        AppendNewCell(out, cells[column], context);
+      });
+    }
+  }
+  list.Close();
+  AppendMergedRanges(out, table.fdata);
+}
+
+}  // namespace
+
+void AppendTable(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
+  if (const std::string* block = BlockName(table.block_header, context)) {
+    AppendQuotedKey(out, ",\"blockName\":", *block);
+  }
+  AppendNumberKey(out, ",\"x\":", table.ins_pt.x);
+  AppendNumberKey(out, ",\"y\":", table.ins_pt.y);
+  AppendNumberKey(out, ",\"rotationRad\":", table.rotation);
+  AppendNumberKey(out, ",\"scaleX\":", table.scale.x);
+  AppendNumberKey(out, ",\"scaleY\":", table.scale.y);
+  AppendNumberKey(out, ",\"scaleZ\":", table.scale.z);
+  if (table.cells == nullptr && table.tdata.rows != nullptr) {
+    AppendNewForm(out, table, context);
+  } else {
+    AppendOldForm(out, table, context);
+  }
+}
+
+void AppendTableFurtherKeys(JsonOut& out, const Dwg_Entity_TABLE& table,
+                            const CompleteContext& context) {
+  const BITCODE_3BD& direction = table.cells == nullptr ? table.hor_dir : table.horiz_direction;
+  AppendPointKey(out, ",\"position\":", table.ins_pt.x, table.ins_pt.y, table.ins_pt.z);
+  AppendPointKey(out, ",\"horizontalDirection\":", direction.x, direction.y, direction.z);
+  const auto* style =
+      ReferencedObject(table.tablestyle, DWG_TYPE_TABLESTYLE, &ObjectTio::TABLESTYLE, context);
+  if (style != nullptr) {
+    AppendQuotedKey(out, ",\"tableStyle\":", context.Decode(style->name));
+  }
+  AppendPlaneKeys(out, 0, 0, table.extrusion);
+}
