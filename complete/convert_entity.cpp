@@ -6,13 +6,16 @@
 #include "complete/common_keys.hpp"
 #include "complete/dimensions.hpp"
 #include "complete/faces.hpp"
+#include "complete/foreign.hpp"
 #include "complete/helix.hpp"
 #include "complete/meshes.hpp"
 #include "complete/multilines.hpp"
 #include "complete/obsolete.hpp"
 #include "complete/scenery.hpp"
+#include "complete/solids.hpp"
 #include "complete/symbols.hpp"
 #include "complete/table.hpp"
+#include "complete/underlays.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/open_record.hpp"
 #include "entities/walk_entities.hpp"
@@ -20,6 +23,18 @@
 namespace {
 
 using Source = RecordSource<CompleteContext>;
+
+// The library has no data of its own for them.
+void AppendUnknownEntity(const Source& source) {
+  JsonOut& out = source.out;
+  const std::size_t start = out.size();
+  BeginRecord(out, "UNKNOWN_ENT", source.layer.quoted);
+  const std::size_t keys = out.size();
+  CallWriter(source, *EntityOf(source.object), AppendUnknown);
+  if (out.size() == keys) {
+    out.Truncate(start);
+  }
+}
 
 // Appends a record up to its colour keys, or nothing. Types that stand here have
 // no record in the plain form, or one that the complete form corrects.
@@ -50,6 +65,34 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_TOLERANCE:
       return WriteRecord(source, "TOLERANCE", &Tio::TOLERANCE, AppendTolerance);
     case DWG_TYPE_TABLE: return WriteRecord(source, "ACAD_TABLE", &Tio::TABLE, AppendTable);
+    case DWG_TYPE_PROXY_ENTITY:
+      return WriteRecord(source, "PROXY_ENTITY", &Tio::PROXY_ENTITY, AppendProxy);
+    case DWG_TYPE_UNKNOWN_ENT: return AppendUnknownEntity(source);
+    case DWG_TYPE__3DSOLID: return WriteRecord(source, "3DSOLID", &Tio::_3DSOLID, AppendSolid3d);
+    case DWG_TYPE_REGION: return WriteRecord(source, "REGION", &Tio::REGION, AppendSolid3d);
+    case DWG_TYPE_BODY: return WriteRecord(source, "BODY", &Tio::BODY, AppendSolid3d);
+    case DWG_TYPE_PLANESURFACE:
+      return WriteRecord(source, "PLANESURFACE", &Tio::PLANESURFACE,
+                         AppendSurface<Dwg_Entity_PLANESURFACE>);
+    case DWG_TYPE_EXTRUDEDSURFACE:
+      return WriteRecord(source, "EXTRUDEDSURFACE", &Tio::EXTRUDEDSURFACE,
+                         AppendSurface<Dwg_Entity_EXTRUDEDSURFACE>);
+    case DWG_TYPE_LOFTEDSURFACE:
+      return WriteRecord(source, "LOFTEDSURFACE", &Tio::LOFTEDSURFACE,
+                         AppendSurface<Dwg_Entity_LOFTEDSURFACE>);
+    case DWG_TYPE_REVOLVEDSURFACE:
+      return WriteRecord(source, "REVOLVEDSURFACE", &Tio::REVOLVEDSURFACE,
+                         AppendSurface<Dwg_Entity_REVOLVEDSURFACE>);
+    case DWG_TYPE_SWEPTSURFACE:
+      return WriteRecord(source, "SWEPTSURFACE", &Tio::SWEPTSURFACE,
+                         AppendSurface<Dwg_Entity_SWEPTSURFACE>);
+    case DWG_TYPE_NURBSURFACE:
+      return WriteRecord(source, "NURBSURFACE", &Tio::NURBSURFACE,
+                         AppendSurface<Dwg_Entity_NURBSURFACE>);
+    case DWG_TYPE_DWFUNDERLAY:
+      return WriteRecord(source, "DWFUNDERLAY", &Tio::DWFUNDERLAY, AppendUnderlay);
+    case DWG_TYPE_DGNUNDERLAY:
+      return WriteRecord(source, "DGNUNDERLAY", &Tio::DGNUNDERLAY, AppendUnderlay);
     case DWG_TYPE_POLYLINE_MESH:
       return WriteRecord(source, "POLYLINE_MESH", &Tio::POLYLINE_MESH, AppendPolygonMesh);
     case DWG_TYPE_POLYLINE_PFACE:
@@ -109,6 +152,10 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_SHAPE: return Further(source, &Tio::SHAPE, AppendShapeFurtherKeys);
     case DWG_TYPE_TOLERANCE: return Further(source, &Tio::TOLERANCE, AppendToleranceFurtherKeys);
     case DWG_TYPE_TABLE: return Further(source, &Tio::TABLE, AppendTableFurtherKeys);
+    case DWG_TYPE_DWFUNDERLAY:
+      return Further(source, &Tio::DWFUNDERLAY, AppendUnderlayFurtherKeys);
+    case DWG_TYPE_DGNUNDERLAY:
+      return Further(source, &Tio::DGNUNDERLAY, AppendUnderlayFurtherKeys);
     case DWG_TYPE_HELIX: return Further(source, &Tio::HELIX, AppendHelixFurtherKeys);
     case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendBlockArrayFurtherKeys);
     default: return;

@@ -10,7 +10,7 @@
 #include "complete/lookup.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "entities/color.hpp"
+#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -159,7 +159,7 @@ void AppendElement(JsonOut& out, const Dwg_MLINESTYLE_line* style, Vertices vert
   if (style == nullptr) {
     out += "\"K\",\"linetype\":\"K\"";
   } else {
-    AppendColor(out, style->color, context.base.drawing.palette);
+    AppendPropertyColor(out, style->color, context);
     out += ",\"linetype\":";
     AppendElementLinetype(out, *style, context);
   }
@@ -204,7 +204,7 @@ void AppendStyle(JsonOut& out, const Dwg_Object_MLINESTYLE& style, unsigned flag
   AppendQuotedKey(out, ",\"style\":", context.Decode(style.name));
   if ((style.flag & kFilled) != 0) {
     out += ",\"fillColor\":";
-    AppendColor(out, style.fill_color, context.base.drawing.palette);
+    AppendPropertyColor(out, style.fill_color, context);
   }
   AppendBoolKey(out, ",\"showsMiters\":", (style.flag & kShowsMiters) != 0);
   const unsigned start = (flags & kNoStartCaps) != 0 ? 0 : style.flag / kStartCaps;

@@ -6,7 +6,7 @@
 #include "complete/common_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "entities/color.hpp"
+#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -53,7 +53,7 @@ void AppendLight(JsonOut& out, const Dwg_Entity_LIGHT& light, const CompleteCont
   AppendSpatialPoint(out, ",\"target\":", light.target);
   AppendNumberKey(out, ",\"intensity\":", light.intensity);
   out += ",\"lightColor\":";
-  AppendColor(out, light.light_color, context.base.drawing.palette);
+  AppendPropertyColor(out, light.light_color, context);
   AppendNumberKey(out, ",\"hotspotRad\":", light.hotspot_angle);
   AppendNumberKey(out, ",\"falloffRad\":", light.falloff_angle);
   AppendBoolKey(out, ",\"plotsGlyph\":", light.plot_glyph != 0);
@@ -70,7 +70,7 @@ void AppendSectionPlane(JsonOut& out, const Dwg_Entity_SECTIONOBJECT& section,
   AppendNumberKey(out, ",\"topHeight\":", section.top_height);
   AppendNumberKey(out, ",\"bottomHeight\":", section.bottom_height);
   out += ",\"indicatorColor\":";
-  AppendColor(out, section.indicator_color, context.base.drawing.palette);
+  AppendPropertyColor(out, section.indicator_color, context);
 }
 
 void AppendPointCloud(JsonOut& out, const Dwg_Entity_POINTCLOUD& cloud,

@@ -146,7 +146,9 @@ void AppendShape(JsonOut& out, const Dwg_Entity_SHAPE& shape, const CompleteCont
   AppendNumberKey(out, ",\"rotationRad\":", shape.rotation);
   AppendNumberKey(out, ",\"widthFactor\":", shape.width_factor);
   AppendNumberKey(out, ",\"obliqueRad\":", shape.oblique_angle);
-  if (shape.style_id != 0) {
+  // The library's DXF reader has no place for the name that stands there instead.
+  const bool isFromDxf = (context.dwg().opts & DWG_OPTS_INDXF) != 0;
+  if (shape.style_id != 0 && !isFromDxf) {
     AppendIntKey(out, ",\"shapeNumber\":", shape.style_id);
   }
   const auto* style =
@@ -186,8 +188,9 @@ void AppendToleranceFurtherKeys(JsonOut& out, const Dwg_Entity_TOLERANCE& tolera
                                 const CompleteContext& context) {
   AppendPointKey(out, ",\"position\":", tolerance.ins_pt.x, tolerance.ins_pt.y,
                  tolerance.ins_pt.z);
-  AppendPointKey(out, ",\"xDirection\":", tolerance.x_direction.x, tolerance.x_direction.y,
-                 tolerance.x_direction.z);
+  const BITCODE_3BD& axis = tolerance.x_direction;
+  const bool isMissing = axis.x == 0 && axis.y == 0 && axis.z == 0;
+  AppendPointKey(out, ",\"xDirection\":", isMissing ? 1 : axis.x, axis.y, axis.z);
   if (const std::string* name =
           context.tables.dimensionStyles.Find(HandleOf(tolerance.dimstyle))) {
     out += ",\"dimensionStyle\":";

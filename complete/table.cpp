@@ -12,7 +12,7 @@
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "entities/color.hpp"
+#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -73,7 +73,6 @@ const char* TextOf(const char* text, const Dwg_TABLE_value& value,
 }
 
 void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
-  const Palette& palette = context.base.drawing.palette;
   const unsigned own = cell.additional_data_flag == 0 ? 0U : cell.cell_flag_override;
   if (cell.cell_alignment != 0 || (own & kOwnAlignment) != 0) {
     AppendIntKey(out, ",\"alignment\":", cell.cell_alignment);
@@ -83,11 +82,11 @@ void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteCon
   }
   if ((own & kOwnBackground) != 0) {
     out += ",\"background\":";
-    AppendColor(out, cell.bg_color, palette);
+    AppendPropertyColor(out, cell.bg_color, context);
   }
   if ((own & kOwnContentColor) != 0) {
     out += ",\"textColor\":";
-    AppendColor(out, cell.content_color, palette);
+    AppendPropertyColor(out, cell.content_color, context);
   }
   if (const std::string* style = context.tables.textStyles.Find(HandleOf(cell.text_style))) {
     out += ",\"textStyle\":";
@@ -96,13 +95,6 @@ void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteCon
 }
 
 void AppendOldCell(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
-  if (cell.is_merged_value != 0) {
-    out += ",\"isMerged\":true";
-  }
-  if (cell.merged_width_flag > 1 || cell.merged_height_flag > 1) {
-    AppendIntKey(out, ",\"columns\":", cell.merged_width_flag);
-    AppendIntKey(out, ",\"rows\":", cell.merged_height_flag);
-  }
   if (cell.type == kBlockCell) {
     AppendCellBlock(out, cell.block_handle, cell.block_scale, context);
   } else {
@@ -113,6 +105,31 @@ void AppendOldCell(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteConte
   }
   AppendOwnFormat(out, cell, context);
   out += '}';
+}
+
+void AppendRange(JsonOut& out, std::uint64_t row, std::uint64_t column, std::uint64_t lastRow,
+                 std::uint64_t lastColumn) {
+  AppendIntKey(out, "{\"row\":", static_cast<std::int64_t>(row));
+  AppendIntKey(out, ",\"column\":", static_cast<std::int64_t>(column));
+  AppendIntKey(out, ",\"lastRow\":", static_cast<std::int64_t>(lastRow));
+  AppendIntKey(out, ",\"lastColumn\":", static_cast<std::int64_t>(lastColumn));
+  out += '}';
+}
+
+// A cell that covers others says how many columns and rows it has.
+void AppendCoveringCells(JsonOut& out, std::span<const Dwg_TABLE_Cell> cells,
+                         std::size_t columns) {
+  JsonList ranges(out, ",\"merged\":[");
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const std::uint64_t width = std::max<std::uint64_t>(cells[i].merged_width_flag, 1);
+    const std::uint64_t height = std::max<std::uint64_t>(cells[i].merged_height_flag, 1);
+    if (width > 1 || height > 1) {
+      const std::size_t row = i / columns;
+      const std::size_t column = i % columns;
+      ranges.Item([&] { AppendRange(out, row, column, row + height - 1, column + width - 1); });
+    }
+  }
+  ranges.Close();
 }
 
 void AppendOldForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
@@ -130,6 +147,7 @@ void AppendOldForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteCo
     });
   }
   list.Close();
+  AppendCoveringCells(out, cells, columns);
 }
 
 void AppendNewCell(JsonOut& out, const Dwg_TableCell& cell, const CompleteContext& context) {
@@ -162,11 +180,7 @@ void AppendMergedRanges(JsonOut& out, const Dwg_FormattedTableData& data) {
   JsonList ranges(out, ",\"merged\":[");
   for (const auto& range : SpanOf(data.merged_cells, data.num_merged_cells)) {
     ranges.Item([&] {
-      AppendIntKey(out, "{\"row\":", range.top_row);
-      AppendIntKey(out, ",\"column\":", range.left_col);
-      AppendIntKey(out, ",\"lastRow\":", range.bottom_row);
-      AppendIntKey(out, ",\"lastColumn\":", range.right_col);
-      out += '}';
+      AppendRange(out, range.top_row, range.left_col, range.bottom_row, range.right_col);
     });
   }
   ranges.Close();
@@ -204,9 +218,6 @@ void AppendTable(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteCont
   AppendNumberKey(out, ",\"x\":", table.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", table.ins_pt.y);
   AppendNumberKey(out, ",\"rotationRad\":", table.rotation);
-  AppendNumberKey(out, ",\"scaleX\":", table.scale.x);
-  AppendNumberKey(out, ",\"scaleY\":", table.scale.y);
-  AppendNumberKey(out, ",\"scaleZ\":", table.scale.z);
   if (table.cells == nullptr && table.tdata.rows != nullptr) {
     AppendNewForm(out, table, context);
   } else {

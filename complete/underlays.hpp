@@ -1,0 +1,16 @@
+// Records of DWF and DGN underlays, and of PDF underlays whose file is missing.
+#pragma once
+
+#include <dwg.h>
+
+#include "complete/complete_context.hpp"
+#include "encode/json_out.hpp"
+
+// The keys of a PDF underlay's record; `path` is the declared one when no file was
+// found, `found` says which. Nothing for an underlay that is turned off or has no
+// definition.
+void AppendUnderlay(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay,
+                    const CompleteContext& context);
+
+// Contrast and fading, how it is shown, and the outline that it is clipped by.
+void AppendUnderlayFurtherKeys(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay);
