@@ -11,6 +11,7 @@
 #include "complete/meshes.hpp"
 #include "complete/multilines.hpp"
 #include "complete/obsolete.hpp"
+#include "complete/ole_frame.hpp"
 #include "complete/scenery.hpp"
 #include "complete/solids.hpp"
 #include "complete/symbols.hpp"
@@ -93,6 +94,10 @@ void AppendOpenCompleteRecord(const Source& source) {
       return WriteRecord(source, "DWFUNDERLAY", &Tio::DWFUNDERLAY, AppendUnderlay);
     case DWG_TYPE_DGNUNDERLAY:
       return WriteRecord(source, "DGNUNDERLAY", &Tio::DGNUNDERLAY, AppendUnderlay);
+    case DWG_TYPE_OLE2FRAME:
+      return WriteRecord(source, "OLE2FRAME", &Tio::OLE2FRAME, AppendOle2Frame);
+    case DWG_TYPE_OLEFRAME:
+      return WriteRecord(source, "OLEFRAME", &Tio::OLEFRAME, AppendOleFrame);
     case DWG_TYPE_POLYLINE_MESH:
       return WriteRecord(source, "POLYLINE_MESH", &Tio::POLYLINE_MESH, AppendPolygonMesh);
     case DWG_TYPE_POLYLINE_PFACE:

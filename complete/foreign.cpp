@@ -21,7 +21,7 @@ const Dwg_Class* ClassAt(std::size_t number, const CompleteContext& context) {
              : &classes[number - kFirstClass];
 }
 
-// Both names are stored one byte a character.
+// One byte a character, whatever form the drawing's texts have.
 std::string NameOf(const char* text) {
   return text == nullptr ? std::string{} : std::string(DecodeText(TextForm::kWindows1252, text));
 }
@@ -32,7 +32,7 @@ void AppendForeign(JsonOut& out, const Dwg_Object_Entity& entity, const Dwg_Clas
   const std::string name = known == nullptr ? std::string{} : NameOf(known->dxfname);
   if (!name.empty()) {
     AppendQuotedKey(out, ",\"className\":", name);
-    AppendQuotedKey(out, ",\"cppName\":", NameOf(known->cppname));
+    AppendQuotedKey(out, ",\"cppName\":", context.Decode(known->cppname));
   }
   const std::size_t keys = out.size();
   AppendStoredGraphics(out, StoredGraphics(entity), context);
