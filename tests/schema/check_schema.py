@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""Holds documents against docs/document.schema.json.
+"""Holds documents against docs/document.schema.json, and those of the complete form
+against docs/document-complete.schema.json.
 
 Without arguments: every golden document must be valid, and every planted
-mistake must be rejected. With --worker and --drawings: the documents of every
-drawing in a folder, too. With --fuzz-replay and --fuzz-inputs: those of the kept
-inputs of the fuzz target that makes up whole drawings.
+mistake must be rejected. With --worker: the complete documents of the repository's
+own drawings; with --drawings as well, both documents of every drawing in a folder.
+With --fuzz-replay and --fuzz-inputs: those of the kept inputs of the fuzz target
+that makes up whole drawings.
 """
 
 import argparse
@@ -20,6 +22,9 @@ import jsonschema_rs
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCHEMA = json.loads((ROOT / "docs" / "document.schema.json").read_text(encoding="utf-8"))
+COMPLETE_SCHEMA = json.loads(
+    (ROOT / "docs" / "document-complete.schema.json").read_text(encoding="utf-8"))
+OWN_DRAWINGS = ROOT / "tests" / "drawings"
 # Only a hang reaches it.
 TIMEOUT_SECONDS = 600
 
@@ -40,10 +45,10 @@ def golden_documents():
         yield f"{path.parent.parent.name}/{path.stem}", parse(path.read_bytes())
 
 
-def corpus_documents(worker, drawings):
+def corpus_documents(worker, drawings, *arguments):
     for path in sorted(pathlib.Path(drawings).rglob("*")):
         if path.suffix.lower() in (".dwg", ".dxf") and path.is_file():
-            run = subprocess.run([worker, str(path), "--verbose"], capture_output=True,
+            run = subprocess.run([worker, str(path), "--verbose", *arguments], capture_output=True,
                                  timeout=TIMEOUT_SECONDS, check=False)
             if run.returncode in (0, 1):
                 yield str(path.relative_to(drawings)), parse(run.stdout)
@@ -71,6 +76,19 @@ def minimal():
             "warnings": ["w"],
             "timings": {key: 0 for key in ("dwgReadMs", "prepassMs", "layersMs", "assetsMs",
                                            "entitiesMs", "workerTotalMs")}}
+
+
+def minimal_complete():
+    """The same in the complete form."""
+    document = {"form": {"name": "complete", "version": "2.0.0"}, **minimal(),
+                "header": {"LTSCALE": 1}}
+    further = {"handle": "2A", "owner": "1F", "linetype": "L", "linetypeScale": 1}
+    for section in ("assets", "layouts"):
+        document[section][0]["entities"][0].update(further)
+    document["entities"][0].update(further)
+    document["layers"][0].update({"frozen": False, "plotted": True, "linetype": "Continuous"})
+    document["layouts"][0].update({"block": "2B", "active": True})
+    return document
 
 
 def put(path, value):
@@ -132,6 +150,28 @@ PLANTED_RECORDS = {
 }
 
 
+PLANTED_COMPLETE = {
+    "a document without its form": put(["form"], DELETE),
+    "the form of another version": put(["form", "version"], "1.0.0"),
+    "no header variables": put(["header"], DELETE),
+    "a layer that is neither frozen nor thawed": put(["layers", 0, "frozen"], DELETE),
+    "a record without a line type": put(["entities", 0, "linetype"], DELETE),
+    "a handle in lower case": put(["entities", 0, "handle"], "2a"),
+    "a visible record that says so": put(["entities", 0, "invisible"], False),
+    "a further coordinate as a text": put(["entities", 0, "elevation"], "0"),
+    "a record of a type without a name": put(["entities", 0, "type"], "LINES"),
+    "a plain key that is missing": put(["entities", 0, "endX"], DELETE),
+    "a sheet that tells not whether it is active": put(["layouts", 0, "active"], DELETE),
+}
+
+
+def planted_complete_documents():
+    for name, plant in PLANTED_COMPLETE.items():
+        document = minimal_complete()
+        plant(document)
+        yield name, document
+
+
 def planted_documents():
     for name, plant in PLANTED.items():
         document = minimal()
@@ -141,6 +181,40 @@ def planted_documents():
         document = minimal()
         document["entities"] = [{"layer": "0", **record, "color": "L", "lw": "L"}]
         yield name, document
+
+
+def faults(validator, document):
+    """What is wrong with a complete document, one text a fault. An error of the whole
+    document would say no more than that one of its records fits no type, so records
+    are held against the schema one by one where there is one."""
+    if validator.is_valid(document):
+        return
+    records = jsonschema_rs.Draft202012Validator(
+        {**COMPLETE_SCHEMA, "oneOf": [{"$ref": "#/$defs/listedRecord"}]})
+    lists = [document.get("entities", [])]
+    lists += [part["entities"] for part in document.get("assets", []) + document.get("layouts", [])]
+    found = False
+    for record in (record for records_of_list in lists for record in records_of_list):
+        if not records.is_valid(record):
+            found = True
+            yield f"record {json.dumps(record)[:300]}"
+    if not found:
+        yield from (f"{error.message[:200]} at {error.instance_path}"
+                    for error in validator.iter_errors(document))
+
+
+def check_complete(options, expect):
+    validator = jsonschema_rs.Draft202012Validator(COMPLETE_SCHEMA)
+    jsonschema_rs.meta.validate(COMPLETE_SCHEMA)
+    expect(validator.is_valid(minimal_complete()), "the minimal complete document is rejected")
+    for name, document in planted_complete_documents():
+        expect(not validator.is_valid(document), f"accepted in the complete form: {name}")
+    if not options.worker:
+        return
+    for folder in filter(None, (OWN_DRAWINGS, options.drawings)):
+        for name, document in corpus_documents(options.worker, folder, "--complete"):
+            fault = next(faults(validator, document), None)
+            expect(fault is None, f"complete form of {name}: {fault}")
 
 
 def main():
@@ -178,6 +252,7 @@ def main():
     for name, document in documents:
         error = next(validator.iter_errors(document), None)
         expect(error is None, f"{name}: {str(error)[:400]}")
+    check_complete(options, expect)
     print(f"{passed} passed, {failed} failed")
     return 1 if failed else 0
 
