@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "complete/common_keys.hpp"
+#include "complete/block_keys.hpp"
 #include "complete/convert_entity.hpp"
 #include "document/assets.hpp"
 #include "encode/json_list.hpp"
@@ -21,7 +21,7 @@ void AppendBlock(JsonOut& out, const Dwg_Object& object, const Dwg_Object_BLOCK_
     }
   });
   entities.Close();
-  AppendHandleKey(out, ",\"handle\":", object.handle.value);
+  AppendBlockKeys(out, object, block, context);
   out += '}';
 }
 

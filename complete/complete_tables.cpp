@@ -36,17 +36,46 @@ void AddName(HandleMap<std::string>& names, Handle handle, const Record* record,
   }
 }
 
-void AddNames(CompleteTables& tables, const Dwg_Object& object, const Drawing& drawing) {
+// A group's name stands in the dictionary that holds it.
+void AddGroupNames(CompleteTables& tables, const Dwg_Object_DICTIONARY* dictionary,
+                   const Drawing& drawing) {
+  if (drawing.data.object_map == nullptr || dictionary == nullptr || dictionary->texts == nullptr || dictionary->itemhandles == nullptr) {
+    return;
+  }
+  for (std::size_t i = 0; i < dictionary->numitems; ++i) {
+    const Handle handle = HandleOf(dictionary->itemhandles[i]);
+    const Dwg_Object* item = handle == 0 ? nullptr : dwg_resolve_handle_silent(&drawing.data, handle);
+    if (item != nullptr && item->fixedtype == DWG_TYPE_GROUP) {
+      tables.groups[handle] = Quoted(drawing.Decode(dictionary->texts[i]));
+    }
+  }
+}
+
+void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& drawing) {
   const Handle handle = object.handle.value;
+  SectionObjects& objects = tables.objects;
   switch (object.fixedtype) {
     case DWG_TYPE_LTYPE:
+      objects.linetypes.push_back(&object);
       return AddName(tables.linetypes, handle, ObjectData(object, &ObjectTio::LTYPE), drawing,
                      LinetypeLiteral);
     case DWG_TYPE_STYLE:
+      objects.textStyles.push_back(&object);
       return AddName(tables.textStyles, handle, ObjectData(object, &ObjectTio::STYLE), drawing);
     case DWG_TYPE_DIMSTYLE:
+      objects.dimensionStyles.push_back(&object);
       return AddName(tables.dimensionStyles, handle, ObjectData(object, &ObjectTio::DIMSTYLE),
                      drawing);
+    case DWG_TYPE_UCS:
+      objects.coordinateSystems.push_back(&object);
+      return AddName(tables.coordinateSystems, handle, ObjectData(object, &ObjectTio::UCS),
+                     drawing);
+    case DWG_TYPE_VIEW:
+      objects.views.push_back(&object);
+      return AddName(tables.views, handle, ObjectData(object, &ObjectTio::VIEW), drawing);
+    case DWG_TYPE_GROUP: return objects.groups.push_back(&object);
+    case DWG_TYPE_DICTIONARY:
+      return AddGroupNames(tables, ObjectData(object, &ObjectTio::DICTIONARY), drawing);
     default: return;
   }
 }
@@ -84,7 +113,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   const auto objects = Objects(drawing.data);
   byOwner.Reserve(objects.size());
   for (const Dwg_Object& object : objects) {
-    AddNames(tables, object, drawing);
+    AddObject(tables, object, drawing);
     const Dwg_Object_Entity* entity = EntityOf(object);
     if (entity != nullptr && !IsPolylinePart(object)) {
       byOwner.Add(tables.OwnerOf(*entity, base.modelSpace), object);

@@ -6,17 +6,33 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "entities/drawing.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
 #include "entities/lookup_tables.hpp"
 
+// The objects that sections of their own are written from, in stored order.
+struct SectionObjects {
+  std::vector<const Dwg_Object*> linetypes;
+  std::vector<const Dwg_Object*> textStyles;
+  std::vector<const Dwg_Object*> dimensionStyles;
+  std::vector<const Dwg_Object*> views;
+  std::vector<const Dwg_Object*> coordinateSystems;
+  std::vector<const Dwg_Object*> groups;
+};
+
 struct CompleteTables {
   // Names as JSON literals; line types by layer and by block are "L" and "K".
   HandleMap<std::string> linetypes;
   HandleMap<std::string> textStyles;
   HandleMap<std::string> dimensionStyles;
+  HandleMap<std::string> coordinateSystems;
+  HandleMap<std::string> views;
+  HandleMap<std::string> groups;
+
+  SectionObjects objects;
 
   // The block that the active sheet's contents belong to; 0 when there is none.
   Handle activeSheet = 0;

@@ -16,6 +16,7 @@
 #include "complete/solids.hpp"
 #include "complete/symbols.hpp"
 #include "complete/table.hpp"
+#include "complete/text_keys.hpp"
 #include "complete/underlays.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/open_record.hpp"
@@ -96,8 +97,7 @@ void AppendOpenCompleteRecord(const Source& source) {
       return WriteRecord(source, "DGNUNDERLAY", &Tio::DGNUNDERLAY, AppendUnderlay);
     case DWG_TYPE_OLE2FRAME:
       return WriteRecord(source, "OLE2FRAME", &Tio::OLE2FRAME, AppendOle2Frame);
-    case DWG_TYPE_OLEFRAME:
-      return WriteRecord(source, "OLEFRAME", &Tio::OLEFRAME, AppendOleFrame);
+    case DWG_TYPE_OLEFRAME: return WriteRecord(source, "OLEFRAME", &Tio::OLEFRAME, AppendOleFrame);
     case DWG_TYPE_POLYLINE_MESH:
       return WriteRecord(source, "POLYLINE_MESH", &Tio::POLYLINE_MESH, AppendPolygonMesh);
     case DWG_TYPE_POLYLINE_PFACE:
@@ -105,8 +105,7 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_MESH: return WriteRecord(source, "MESH", &Tio::MESH, AppendSubdivisionMesh);
     case DWG_TYPE_HELIX: return WriteRecord(source, "HELIX", &Tio::HELIX, AppendHelix);
     case DWG_TYPE_MINSERT: return WriteRecord(source, "INSERT", &Tio::MINSERT, AppendBlockArray);
-    case DWG_TYPE__3DLINE:
-      return WriteRecord(source, "3DLINE", &Tio::_3DLINE, AppendSpatialLine);
+    case DWG_TYPE__3DLINE: return WriteRecord(source, "3DLINE", &Tio::_3DLINE, AppendSpatialLine);
     case DWG_TYPE_REPEAT: return WriteRecord(source, "REPEAT", &Tio::REPEAT, AppendRepeatStart);
     case DWG_TYPE_ENDREP: return WriteRecord(source, "ENDREP", &Tio::ENDREP, AppendRepeatEnd);
     case DWG_TYPE_LIGHT: return WriteRecord(source, "LIGHT", &Tio::LIGHT, AppendLight);
@@ -157,12 +156,15 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_SHAPE: return Further(source, &Tio::SHAPE, AppendShapeFurtherKeys);
     case DWG_TYPE_TOLERANCE: return Further(source, &Tio::TOLERANCE, AppendToleranceFurtherKeys);
     case DWG_TYPE_TABLE: return Further(source, &Tio::TABLE, AppendTableFurtherKeys);
-    case DWG_TYPE_DWFUNDERLAY:
-      return Further(source, &Tio::DWFUNDERLAY, AppendUnderlayFurtherKeys);
-    case DWG_TYPE_DGNUNDERLAY:
-      return Further(source, &Tio::DGNUNDERLAY, AppendUnderlayFurtherKeys);
+    case DWG_TYPE_DWFUNDERLAY: return Further(source, &Tio::DWFUNDERLAY, AppendUnderlayFurtherKeys);
+    case DWG_TYPE_DGNUNDERLAY: return Further(source, &Tio::DGNUNDERLAY, AppendUnderlayFurtherKeys);
     case DWG_TYPE_HELIX: return Further(source, &Tio::HELIX, AppendHelixFurtherKeys);
     case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendBlockArrayFurtherKeys);
+    case DWG_TYPE_TEXT: return Further(source, &Tio::TEXT, AppendTextFurtherKeys);
+    case DWG_TYPE_ATTRIB: return Further(source, &Tio::ATTRIB, AppendAttributeFurtherKeys);
+    case DWG_TYPE_ATTDEF:
+      return Further(source, &Tio::ATTDEF, AppendAttributeDefinitionFurtherKeys);
+    case DWG_TYPE_MTEXT: return Further(source, &Tio::MTEXT, AppendMtextFurtherKeys);
     default: return;
   }
 }

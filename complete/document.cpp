@@ -9,6 +9,7 @@
 #include "complete/palette.hpp"
 #include "complete/sections.hpp"
 #include "complete/spaces.hpp"
+#include "complete/text_decoder.hpp"
 #include "document/prepass.hpp"
 #include "document/warnings.hpp"
 #include "encode/json_text.hpp"
@@ -27,13 +28,26 @@ void AppendSection(JsonOut& out, Stage stage, std::string_view key,
   observer.End(stage);
 }
 
-// The same drawing, its colour indices as CAD programs show them.
-Drawing AsShown(const Drawing& drawing) {
+// How the drawing's text was read.
+void AppendCodePage(JsonOut& out, const TextReading& reading) {
+  AppendQuotedKey(out, ",\"codePage\":{\"name\":", reading.form);
+  AppendQuotedKey(out, ",\"by\":", reading.by);
+  if (!reading.named.empty()) {
+    AppendQuotedKey(out, ",\"named\":", DecodeText(TextForm::kWindows1252, reading.named.c_str()));
+  }
+  out += '}';
+}
+
+// The same drawing, its text as it means it, its colour indices as CAD programs show
+// them.
+Drawing AsShown(const Drawing& drawing, const TextDecoder& decoder) {
   return {.data = drawing.data,
           .textForm = drawing.textForm,
+          .storedText = drawing.storedText,
+          .dxfHeader = drawing.dxfHeader,
           .folder = drawing.folder,
           .unknownEntities = drawing.unknownEntities,
-          .decoder = drawing.decoder,
+          .decoder = &decoder,
           .palette = ScreenPalette()};
 }
 
@@ -43,7 +57,8 @@ void AppendCompleteDocument(JsonOut& out, JsonOut& further, const Drawing& drawi
                             const DocumentOptions& options, std::vector<std::string> warnings,
                             StageObserver& observer) {
   observer.Begin(Stage::kPrepass);
-  const Drawing shown = AsShown(drawing);
+  const DrawingTextDecoder decoder(drawing.textForm, drawing.storedText);
+  const Drawing shown = AsShown(drawing, decoder);
   LookupTables baseTables = BuildLookupTables(shown);
   const CompleteTables tables = BuildCompleteTables(shown, baseTables);
   observer.End(Stage::kPrepass);
@@ -64,6 +79,7 @@ void AppendCompleteDocument(JsonOut& out, JsonOut& further, const Drawing& drawi
   AppendSection(out, Stage::kModelSpace, ",\"entities\":", AppendCompleteModelSpace, context,
                 observer);
   AppendSection(out, Stage::kLayouts, ",\"layouts\":", AppendCompleteLayouts, context, observer);
+  AppendCodePage(further, decoder.reading());
   AppendFurtherSections(further, context);
   AppendWarnings(out, findings);
 }

@@ -1,19 +1,22 @@
 #include "complete/sections.hpp"
 
-#include "complete/common_keys.hpp"
-#include "encode/json_text.hpp"
-
-namespace {
-
-// What drawing needs of the drawing's variables, under the names that DXF gives them.
-void AppendHeaderVariables(JsonOut& out, const CompleteContext& context) {
-  const Dwg_Header_Variables& vars = context.dwg().header_vars;
-  AppendNumberKey(out, ",\"header\":{\"LTSCALE\":", vars.LTSCALE);
-  out += '}';
-}
-
-}  // namespace
+#include "complete/dimension_styles.hpp"
+#include "complete/groups.hpp"
+#include "complete/header_variables.hpp"
+#include "complete/linetypes.hpp"
+#include "complete/properties.hpp"
+#include "complete/text_styles.hpp"
+#include "complete/thumbnail.hpp"
+#include "complete/views.hpp"
 
 void AppendFurtherSections(JsonOut& out, const CompleteContext& context) {
   AppendHeaderVariables(out, context);
+  AppendLinetypes(out, context);
+  AppendTextStyles(out, context);
+  AppendDimensionStyles(out, context);
+  AppendViews(out, context);
+  AppendCoordinateSystems(out, context);
+  AppendGroups(out, context);
+  AppendProperties(out, context);
+  AppendThumbnail(out, context);
 }

@@ -2,6 +2,7 @@
 
 #include "complete/common_keys.hpp"
 #include "complete/convert_entity.hpp"
+#include "complete/sheet_keys.hpp"
 #include "document/layouts.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -39,6 +40,9 @@ void AppendSheet(JsonOut& out, Handle block, const CompleteContext& context) {
   entities.Close();
   AppendHandleKey(out, ",\"block\":", block);
   AppendBoolKey(out, ",\"active\":", block == context.tables.activeSheet);
+  if (layout != nullptr) {
+    AppendSheetKeys(out, *layout, context);
+  }
   out += '}';
 }
 

@@ -17,6 +17,15 @@ enum class TextForm {
   kUtf16,        // 16-bit, of a DWG from 2007 on
 };
 
+// What reading tells of a drawing's strings beyond their form, for those who read them
+// by it.
+struct StoredText {
+  std::string codePage;        // as the drawing names it; empty when it names none
+  bool isUtf8 = false;         // all of a DXF file, and it has more than ASCII
+  bool hasLongUtf8 = false;    // with characters of three bytes or more
+  bool hasCaretCodes = false;  // ^J and ^M stand for line feeds and carriage returns
+};
+
 // One Windows-1252 byte as UTF-8.
 std::string DecodeWindows1252Byte(unsigned char byte);
 
@@ -30,6 +39,12 @@ class DecodedText {
   DecodedText& operator=(const DecodedText&) = delete;
 
   std::string_view view() const { return view_; }
+
+  // The text, for whoever keeps it; this is empty afterwards.
+  std::string Take() {
+    return owned_.data() == view_.data() ? std::move(owned_) : std::string(view_);
+  }
+
   // It is one, whatever it had to do for that.
   // NOLINTNEXTLINE(google-explicit-constructor)
   operator std::string_view() const { return view_; }

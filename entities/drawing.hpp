@@ -5,15 +5,31 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "encode/palette.hpp"
 #include "encode/text_decoding.hpp"
 
+// What the header of a DXF file names: its variables, without their dollar signs, and
+// those that are texts with their values, in the order of the file.
+struct DxfHeader {
+  std::set<std::string, std::less<>> names;
+  std::vector<std::pair<std::string, std::string>> texts;
+};
+
 struct Drawing {
   Dwg_Data& data;
   TextForm textForm = TextForm::kWindows1252;
+
+  // Told of drawings that were read for all that they hold.
+  StoredText storedText = {};
+  const DxfHeader* dxfHeader = nullptr;  // of a DXF file
 
   // Where files beside the drawing are; empty when that is not known.
   std::filesystem::path folder = {};

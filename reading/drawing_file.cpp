@@ -1,5 +1,6 @@
 #include "reading/drawing_file.hpp"
 
+#include <dwg_dxf_text.h>
 #include <dxf_from_memory.h>
 
 #include <filesystem>
@@ -9,10 +10,12 @@
 #include "encode/ascii.hpp"
 #include "reading/dwg_settling.hpp"
 #include "reading/dxf/dxf_front_end.hpp"
+#include "reading/dxf/dxf_header.hpp"
 #include "reading/dxf_losses.hpp"
 #include "reading/dxf_settling.hpp"
 #include "reading/read_result.hpp"
 #include "reading/reading_memory.hpp"
+#include "reading/stored_text.hpp"
 
 namespace {
 
@@ -70,6 +73,7 @@ void DrawingFile::Read() {
     SettleDxf(*data_);
   } else {
     SettleDwg(*data_, TextFormOf(*data_, isDxf_));
+    storedText_ = StoredTextOfDwg(*data_);
   }
 }
 
@@ -96,11 +100,16 @@ int DrawingFile::ReadDxf() {
   } else {
     ReadNeededObjectsOnly();
   }
+  dwg_dxf_keep_text_codes(scope_ == ReadingScope::kAll ? 1 : 0);
   const DxfLosses losses;
   // With any later target version the DXF reader recodes strings and then
   // loses its own layer and block references.
   data_->header.version = R_10;
   const int result = dxf_read_memory(prepared.text().data(), prepared.text().size(), data_.get());
+  if (scope_ == ReadingScope::kAll && !IsFatalResult(result)) {
+    storedText_ = StoredTextOfDxf(*data_, prepared.text());
+    dxfHeader_ = HeaderOfDxf(prepared.text());
+  }
   unknownEntities_ = losses.unknownEntities();
   DxfRepairs repairs = prepared.repairs();
   repairs.AddAll(losses.unreadable(),
@@ -126,6 +135,8 @@ bool DrawingFile::HasFailed() const {
 Drawing DrawingFile::drawing() const {
   return {.data = *data_,
           .textForm = TextFormOf(*data_, isDxf_),
+          .storedText = storedText_,
+          .dxfHeader = isDxf_ ? &dxfHeader_ : nullptr,
           .folder = std::filesystem::path(path_).parent_path(),
           .unknownEntities = unknownEntities_};
 }

@@ -80,4 +80,6 @@ class DrawingFile {
   std::unique_ptr<Dwg_Data> data_;
   std::vector<std::string> warnings_;
   std::map<std::string, std::size_t> unknownEntities_;
+  StoredText storedText_;
+  DxfHeader dxfHeader_;
 };

@@ -16,7 +16,9 @@ Dwg_Object_Entity Entity(int index, int lineweight) {
 }
 
 std::string CommonKeys(const Dwg_Object_Entity& entity, bool verbose = false) {
-  return Written(AppendCommonKeys, entity, verbose);
+  JsonOut out;
+  AppendCommonKeys(out, entity, verbose);
+  return out.Text();
 }
 
 }  // namespace
