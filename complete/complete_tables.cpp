@@ -51,10 +51,27 @@ void AddGroupNames(CompleteTables& tables, const Dwg_Object_DICTIONARY* dictiona
   }
 }
 
+// Those that the pre-pass takes.
+void AddLayer(SectionObjects& objects, const Dwg_Object& object, const Dwg_Object_LAYER* layer) {
+  if (layer != nullptr && layer->name != nullptr) {
+    objects.layers.push_back(&object);
+  }
+}
+
+void AddApplication(CompleteTables& tables, Handle handle, const Dwg_Object_APPID* application,
+                    const Drawing& drawing) {
+  if (application != nullptr && application->name != nullptr &&
+      drawing.Decode(application->name).view() == "AcAecLayerStandard") {
+    tables.layerStandard = handle;
+  }
+}
+
 void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& drawing) {
   const Handle handle = object.handle.value;
   SectionObjects& objects = tables.objects;
   switch (object.fixedtype) {
+    case DWG_TYPE_LAYER:
+      return AddLayer(objects, object, ObjectData(object, &ObjectTio::LAYER));
     case DWG_TYPE_LTYPE:
       objects.linetypes.push_back(&object);
       return AddName(tables.linetypes, handle, ObjectData(object, &ObjectTio::LTYPE), drawing,
@@ -73,6 +90,8 @@ void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& 
     case DWG_TYPE_VIEW:
       objects.views.push_back(&object);
       return AddName(tables.views, handle, ObjectData(object, &ObjectTio::VIEW), drawing);
+    case DWG_TYPE_APPID:
+      return AddApplication(tables, handle, ObjectData(object, &ObjectTio::APPID), drawing);
     case DWG_TYPE_GROUP: return objects.groups.push_back(&object);
     case DWG_TYPE_DICTIONARY:
       return AddGroupNames(tables, ObjectData(object, &ObjectTio::DICTIONARY), drawing);

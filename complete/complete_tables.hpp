@@ -15,6 +15,7 @@
 
 // The objects that sections of their own are written from, in stored order.
 struct SectionObjects {
+  std::vector<const Dwg_Object*> layers;  // as in the layer table
   std::vector<const Dwg_Object*> linetypes;
   std::vector<const Dwg_Object*> textStyles;
   std::vector<const Dwg_Object*> dimensionStyles;
@@ -33,6 +34,9 @@ struct CompleteTables {
   HandleMap<std::string> groups;
 
   SectionObjects objects;
+
+  // Of the application that describes layers; 0 without it.
+  Handle layerStandard = 0;
 
   // The block that the active sheet's contents belong to; 0 when there is none.
   Handle activeSheet = 0;

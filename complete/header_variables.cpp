@@ -1,6 +1,7 @@
 #include "complete/header_variables.hpp"
 
 #include <array>
+#include <cstdint>
 
 #include "complete/variables.hpp"
 
@@ -14,6 +15,13 @@ void AppendMeasurement(JsonOut& out, const Vars& vars, const CompleteContext& co
   const bool isElsewhere =
       context.base.drawing.dxfHeader == nullptr && dwg.header.version >= R_2000b;
   AppendInt(out, isElsewhere ? dwg.Template.MEASUREMENT : vars.MEASUREMENT);
+}
+
+// LibreDWG has no sign for it, and cuts that of a DXF file to 16 bits.
+void AppendTimeZone(JsonOut& out, const Vars& vars, const CompleteContext& /*context*/) {
+  const bool isCut = vars.TIMEZONE > 0x7FFF && vars.TIMEZONE <= 0xFFFF;
+  AppendInt(out, isCut ? static_cast<std::int16_t>(vars.TIMEZONE)
+                       : static_cast<std::int32_t>(vars.TIMEZONE));
 }
 
 constexpr std::array kVariables = {
@@ -129,7 +137,7 @@ constexpr std::array kVariables = {
     Variable<Vars>{"TEXTSTYLE", R_INVALID, AppendMember<Vars, &Vars::TEXTSTYLE>},
     Variable<Vars>{"THICKNESS", R_INVALID, AppendMember<Vars, &Vars::THICKNESS>},
     Variable<Vars>{"TILEMODE", R_11b1, AppendMember<Vars, &Vars::TILEMODE>},
-    Variable<Vars>{"TIMEZONE", R_2007a, AppendMember<Vars, &Vars::TIMEZONE>},
+    Variable<Vars>{"TIMEZONE", R_2007a, AppendTimeZone},
     Variable<Vars>{"TRACEWID", R_INVALID, AppendMember<Vars, &Vars::TRACEWID>},
     Variable<Vars>{"TREEDEPTH", R_11b1, AppendMember<Vars, &Vars::TREEDEPTH>},
     Variable<Vars>{"UCSBASE", R_2000b, AppendMember<Vars, &Vars::UCSBASE>},

@@ -1,8 +1,10 @@
 #include "complete/layers.hpp"
 
 #include <string>
+#include <utility>
 
 #include "complete/common_keys.hpp"
+#include "complete/extended_data.hpp"
 #include "document/layers.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -23,7 +25,32 @@ Rgb LayerColor(const Dwg_Color& color, const Palette& palette) {
   return AciToRgb(index == 0 ? kForeground : index, palette);
 }
 
-void AppendLayer(JsonOut& out, const LayerEntry& entry, const CompleteContext& context) {
+// Releases before 2000 have no lineweights.
+BITCODE_RC LayerLineweight(const Dwg_Object_LAYER& layer, const Dwg_Data& dwg) {
+  constexpr BITCODE_RC kDefault = 31;
+  return dwg.header.version < R_2000b ? kDefault : layer.linewt;
+}
+
+bool IsPlotted(const Dwg_Object_LAYER& layer, const Dwg_Data& dwg) {
+  return dwg.header.version < R_2000b || layer.plotflag != 0;
+}
+
+// The second text that a program for building design attaches to layers.
+void AppendDescription(JsonOut& out, const Dwg_Object& object, const CompleteContext& context) {
+  std::string description;
+  for (const Dwg_Eed& item : ExtendedDataOf(object, context.tables.layerStandard)) {
+    std::string text = ExtendedText(item, context);
+    if (!text.empty()) {
+      description = std::move(text);
+    }
+  }
+  if (!description.empty()) {
+    AppendQuotedKey(out, ",\"description\":", description);
+  }
+}
+
+void AppendLayer(JsonOut& out, const LayerEntry& entry, const Dwg_Object& object,
+                 const CompleteContext& context) {
   const Dwg_Object_LAYER& layer = *entry.record;
   out += "{\"name\":";
   out += entry.quoted;
@@ -32,7 +59,7 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const CompleteContext& c
   out += ",\"color\":";
   AppendRgb(out, LayerColor(layer.color, context.base.drawing.palette));
   out += "},\"lw\":";
-  AppendLineweight(out, layer.linewt);
+  AppendLineweight(out, LayerLineweight(layer, context.dwg()));
   if (HasExplicitAlpha(layer.color)) {
     AppendIntKey(out, ",\"alpha\":", AlphaValue(layer.color));
   }
@@ -40,11 +67,12 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const CompleteContext& c
     AppendColorDebug(out, layer.color);
   }
   AppendBoolKey(out, ",\"frozen\":", layer.frozen != 0 || (layer.flag & kFrozenFlag) != 0);
-  AppendBoolKey(out, ",\"plotted\":", layer.plotflag != 0);
-  if (const std::string* name = context.tables.linetypes.Find(HandleOf(layer.ltype))) {
-    out += ",\"linetype\":";
-    out += *name;
-  }
+  AppendBoolKey(out, ",\"plotted\":", IsPlotted(layer, context.dwg()));
+  const std::string* linetype = context.tables.linetypes.Find(HandleOf(layer.ltype));
+  out += ",\"linetype\":";
+  out += linetype == nullptr ? "\"Continuous\"" : *linetype;
+  AppendHandleKey(out, ",\"handle\":", object.handle.value);
+  AppendDescription(out, object, context);
   out += '}';
 }
 
@@ -52,9 +80,11 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const CompleteContext& c
 
 void AppendCompleteLayers(JsonOut& out, const CompleteContext& context) {
   JsonList list(out);
-  for (const LayerEntry& layer : context.base.tables.layers.All()) {
-    if (layer.record != nullptr && !layer.name.empty()) {
-      list.Item([&] { AppendLayer(out, layer, context); });
+  const auto& layers = context.base.tables.layers.All();
+  const auto& objects = context.tables.objects.layers;
+  for (std::size_t i = 0; i < layers.size() && i < objects.size(); ++i) {
+    if (layers[i].record != nullptr && !layers[i].name.empty()) {
+      list.Item([&] { AppendLayer(out, layers[i], *objects[i], context); });
     }
   }
   list.Close();

@@ -27,9 +27,11 @@ void AppendPlotWindow(JsonOut& out, const Dwg_Object_PLOTSETTINGS& plot) {
   corners.Close();
 }
 
+// LibreDWG's names of the first two fields are not what they hold.
 void AppendPlotting(JsonOut& out, const Dwg_Object_PLOTSETTINGS& plot,
                     const CompleteContext& context) {
-  AppendQuotedKey(out, ",\"plotDevice\":", context.Decode(plot.printer_cfg_file));
+  AppendQuotedKey(out, ",\"pageSetup\":", context.Decode(plot.printer_cfg_file));
+  AppendQuotedKey(out, ",\"plotDevice\":", context.Decode(plot.paper_size));
   AppendQuotedKey(out, ",\"paperSize\":", context.Decode(plot.canonical_media_name));
   AppendQuotedKey(out, ",\"plotStyleSheet\":", context.Decode(plot.stylesheet));
   AppendIntKey(out, ",\"plotFlags\":", plot.plot_flags);

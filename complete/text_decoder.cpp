@@ -27,8 +27,8 @@ std::size_t OrdinaryLength(std::string_view text) {
   return CountWithout(
       text,
       [](ByteWord word) {
-        return (word & AllBytes(0x80)) | BytesEqual(word, '\\') | BytesEqual(word, '%') |
-               BytesEqual(word, '^');
+        return (word & AllBytes(0x80)) |
+               Found(word, BytesEqual(word, '\\') | BytesEqual(word, '%') | BytesEqual(word, '^'));
       },
       [](char byte) {
         return static_cast<unsigned char>(byte) >= 0x80 || byte == '\\' || byte == '%' ||

@@ -42,6 +42,14 @@ void AppendShape(JsonOut& out, const Text& text, const CompleteContext& context)
   AppendFlag(out, ",\"mirroredY\":", (text.generation & kUpsideDown) != 0);
 }
 
+// LibreDWG has two fields for it, of which its DXF reader sets the one that in a DWG is
+// the version of the record.
+template <typename Text>
+bool IsLocked(const Text& attribute, const CompleteContext& context) {
+  const bool isDxf = context.base.drawing.dxfHeader != nullptr;
+  return (isDxf ? attribute.is_locked_in_block : attribute.lock_position_flag) != 0;
+}
+
 template <typename Text>
 void AppendAttributeKeys(JsonOut& out, const Text& attribute, const CompleteContext& context) {
   if (attribute.horiz_alignment != 0 || attribute.vert_alignment != 0) {
@@ -52,7 +60,7 @@ void AppendAttributeKeys(JsonOut& out, const Text& attribute, const CompleteCont
   }
   AppendShape(out, attribute, context);
   AppendIntKey(out, ",\"fieldLength\":", attribute.field_length);
-  AppendFlag(out, ",\"lockedPosition\":", attribute.lock_position_flag != 0);
+  AppendFlag(out, ",\"lockedPosition\":", IsLocked(attribute, context));
   constexpr unsigned kSingleLine = 1;
   AppendFlag(out, ",\"multiline\":", attribute.mtext_type > kSingleLine);
   AppendPlaneKeys(out, attribute.elevation, attribute.thickness, attribute.extrusion);

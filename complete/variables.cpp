@@ -1,5 +1,6 @@
 #include "complete/variables.hpp"
 
+#include <cstdint>
 #include <string>
 
 #include "entities/color.hpp"
@@ -8,8 +9,29 @@ void AppendValue(JsonOut& out, const char* text, const CompleteContext& context)
   AppendQuoted(out, context.Decode(text));
 }
 
+namespace {
+
+// Colours of tables since release 2004 have a word with a method instead of an index.
+Dwg_Color Settled(Dwg_Color color) {
+  constexpr std::uint32_t kMethodByLayer = 0xC0;
+  constexpr BITCODE_BSd kIndexByLayer = 256;
+  constexpr BITCODE_BSd kIndexTrueColor = 257;
+  if (color.index != 0) {
+    return color;
+  }
+  switch (ColorMethod(color)) {
+    case kMethodByLayer: color.index = kIndexByLayer; break;
+    case kMethodTrueColor: color.index = kIndexTrueColor; break;
+    case kMethodIndexed: color.index = static_cast<BITCODE_BSd>(color.rgb & 0xFFU); break;
+    default: break;
+  }
+  return color;
+}
+
+}  // namespace
+
 void AppendValue(JsonOut& out, const Dwg_Color& color, const CompleteContext& context) {
-  AppendColor(out, color, context.base.drawing.palette);
+  AppendColor(out, Settled(color), context.base.drawing.palette);
 }
 
 void AppendValue(JsonOut& out, const Dwg_Object_Ref* reference, const CompleteContext& context) {
