@@ -20,6 +20,14 @@ inline std::string LowerAscii(std::string_view text) {
   return out;
 }
 
+inline std::string UpperAscii(std::string_view text) {
+  std::string out(text);
+  for (char& c : out) {
+    c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  }
+  return out;
+}
+
 // Whether `text` begins with `prefix`, which is given in lower case, without
 // regard to the letter case of `text`.
 constexpr bool StartsWithIgnoringCase(std::string_view text, std::string_view prefix) {

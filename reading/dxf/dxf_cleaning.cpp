@@ -13,6 +13,7 @@
 namespace {
 
 constexpr char kEndOfFileByte = '\x1A';
+constexpr int kVariableCode = 9;
 
 // Whether carriage returns end lines on their own, and not only with a line
 // feed behind them.
@@ -48,6 +49,12 @@ class Lines {
   std::size_t size() const { return lines_.size(); }
   std::string_view operator[](std::size_t i) const { return lines_[i]; }
 
+  // Leaves out every second line where all of these are blank.
+  void JoinDoubledEnds(DxfRepairs& repairs);
+
+  // The line of the file, from 1.
+  std::size_t NumberOf(std::size_t i) const { return i * stride_ + 1; }
+
  private:
   std::size_t BehindEnd(std::string_view text, std::size_t end, DxfRepairs& repairs) const {
     if (text[end] == '\n') {
@@ -63,6 +70,7 @@ class Lines {
   }
 
   bool hasLoneReturns_;
+  std::size_t stride_ = 1;  // lines of the file for each
   std::vector<std::string_view> lines_;
 };
 
@@ -70,6 +78,24 @@ bool IsBlankLine(std::string_view line) {
   return std::all_of(line.begin(), line.end(), [](char c) {
     return c == ' ' || c == '\t' || c == '\0' || c == kEndOfFileByte;
   });
+}
+
+void Lines::JoinDoubledEnds(DxfRepairs& repairs) {
+  constexpr std::size_t kFewest = 8;
+  if (lines_.size() < kFewest) {
+    return;
+  }
+  for (std::size_t i = 1; i < lines_.size(); i += 2) {
+    if (!IsBlankLine(lines_[i])) {
+      return;
+    }
+  }
+  repairs.Add(DxfRepair::kStrayLines, 2, lines_.size() / 2);
+  for (std::size_t i = 0; i < lines_.size(); i += 2) {
+    lines_[i / 2] = lines_[i];
+  }
+  lines_.resize((lines_.size() + 1) / 2);
+  stride_ = 2;
 }
 
 bool IsPlainCode(std::string_view line) {
@@ -104,7 +130,10 @@ bool IsLikely(int code, std::string_view value) {
              : code == kSubclass ? !ParseDxfCode(value).has_value()
                                  : true;
     case DxfValueKind::kHandle: return ParseDxfHandle(value).has_value();
-    default: return MendDxfValue(kind, value).flaw != DxfValueFlaw::kBad;
+    default:
+      // "3.0" is an integer that some programs write.
+      return ParseDxfCode(value).has_value() ||
+             MendDxfValue(kind, value).flaw != DxfValueFlaw::kBad;
   }
 }
 
@@ -118,6 +147,7 @@ class Cleaner {
  public:
   explicit Cleaner(std::string_view text) : lines_(text, out_.repairs) {
     out_.text.reserve(text.size());
+    lines_.JoinDoubledEnds(out_.repairs);
   }
 
   CleanedDxf Run() {
@@ -137,25 +167,43 @@ class Cleaner {
   }
 
  private:
-  void Report(DxfRepair kind, std::size_t line) { out_.repairs.Add(kind, line + 1); }
+  void Report(DxfRepair kind, std::size_t line) { out_.repairs.Add(kind, lines_.NumberOf(line)); }
 
-  // Whether pairs begin there: three of them, or one that begins a record, or
-  // what is left.
+  // Whether pairs begin there, blank lines and codes below 0 between them
+  // forgiven: three of them, or one that begins a record, or what is left.
   bool BeginsPairs(std::size_t at) const {
     constexpr int kEnough = 3;
-    for (int i = 0; i < kEnough; ++i, at += 2) {
+    constexpr int kMostForgiven = 4;
+    int count = 0;
+    for (int forgiven = 0; count < kEnough;) {
       if (at >= lines_.size()) {
-        return i != 0;
+        return count != 0;
       }
       const auto code = ParseDxfCode(lines_[at]);
-      if (!code || at + 1 >= lines_.size() || !IsLikely(*code, lines_[at + 1])) {
+      const bool isBlank = IsBlankLine(lines_[at]);
+      if (isBlank || (code && *code < 0)) {
+        at += isBlank ? 1 : 2;
+        if (++forgiven > kMostForgiven) {
+          return false;
+        }
+        continue;
+      }
+      if (!code || at + 1 >= lines_.size() || !IsLikelyAhead(*code, lines_[at + 1])) {
         return false;
       }
       if (*code == 0) {
         return true;
       }
+      ++count;
+      at += 2;
     }
     return true;
+  }
+
+  // An empty value is read as 0.
+  static bool IsLikelyAhead(int code, std::string_view value) {
+    return IsLikely(code, value) ||
+           (IsBlankLine(value) && KindOfDxfCode(code) != DxfValueKind::kNone && code != 0);
   }
 
   void TakePair(int code) {
@@ -296,12 +344,19 @@ class Cleaner {
     std::string value = pair.value;
     const auto nulCount = static_cast<std::size_t>(std::count(value.begin(), value.end(), '\0'));
     if (nulCount != 0) {
-      out_.repairs.Add(DxfRepair::kNulBytes, pair.line + 2, nulCount);
+      out_.repairs.Add(DxfRepair::kNulBytes, lines_.NumberOf(pair.line + 1), nulCount);
       std::erase(value, '\0');
     }
     if (pair.code == 0 || IsTitle(pair)) {
       WriteName(pair, value);
       return;
+    }
+    if (pair.code == kVariableCode && IsInHeader()) {
+      WriteVariable(pair, value);
+      return;
+    }
+    if (IsDxfNameCode(record_, pair.code)) {
+      value = UsualDxfName(value);
     }
     std::string_view rest = value;
     while (rest.size() > kMostDxfValueBytes && record_ == "MTEXT" && pair.code <= 3) {
@@ -313,8 +368,11 @@ class Cleaner {
       Report(DxfRepair::kLongTexts, pair.line + 1);
       rest = rest.substr(0, kMostDxfValueBytes);
     }
-    WritePair(pair, rest);
+    WritePair(pair, IsDxfNameCode(record_, pair.code) ? TrimmedDxfEnd(rest) : rest);
   }
+
+  // Where variables stand, with and without the section's beginning.
+  bool IsInHeader() const { return record_.empty() || record_ == "SECTION" || record_ == "ENDSEC"; }
 
   // The name of a section or table.
   bool IsTitle(const LoosePair& pair) const {
@@ -332,8 +390,17 @@ class Cleaner {
     WritePair(pair, name);
   }
 
+  // The name of a header variable.
+  void WriteVariable(const LoosePair& pair, const std::string& value) {
+    const std::string name = UsualDxfVariable(value);
+    if (name != value) {
+      Report(DxfRepair::kRecordNames, pair.line + 1);
+    }
+    WritePair(pair, name);
+  }
+
   void WritePair(const LoosePair& pair, std::string_view value) {
-    out_.lines.Add(pairCount_++, pair.line + 1);
+    out_.lines.Add(pairCount_++, lines_.NumberOf(pair.line));
     out_.text += std::to_string(pair.code);
     out_.text += '\n';
     out_.text += value.substr(0, kMostDxfValueBytes);

@@ -42,6 +42,29 @@ char32_t UnitAt(std::string_view bytes, std::size_t at, bool isBigEndian) {
                      : static_cast<char32_t>(second << kByte | first);
 }
 
+// Whether every second of the first bytes is NUL, from the one at `first` on,
+// and the others are not.
+bool AlternatesWithNul(std::string_view bytes, std::size_t first) {
+  constexpr std::size_t kEnough = 8;
+  if (bytes.size() < kEnough) {
+    return false;
+  }
+  for (std::size_t i = 0; i < kEnough; ++i) {
+    if ((bytes[i] == '\0') != (i % 2 == first)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool IsBigEndianText(std::string_view bytes) {
+  return bytes.starts_with(kBigEndianMark) || AlternatesWithNul(bytes, 0);
+}
+
+bool HasUtf16Mark(std::string_view bytes) {
+  return bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark);
+}
+
 bool IsTail(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
@@ -72,16 +95,16 @@ bool HasUtf8Mark(std::string_view bytes) {
   return bytes.starts_with(kUtf8Mark);
 }
 
-bool HasUtf16Mark(std::string_view bytes) {
-  return bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark);
+bool IsUtf16(std::string_view bytes) {
+  return HasUtf16Mark(bytes) || AlternatesWithNul(bytes, 0) || AlternatesWithNul(bytes, 1);
 }
 
 std::string Utf8FromUtf16(std::string_view bytes) {
-  const bool isBigEndian = bytes.starts_with(kBigEndianMark);
+  const bool isBigEndian = IsBigEndianText(bytes);
   constexpr std::size_t kUnit = 2;
   std::string out;
   out.reserve(bytes.size() / kUnit);
-  for (std::size_t at = kUnit; at + 1 < bytes.size(); at += kUnit) {
+  for (std::size_t at = HasUtf16Mark(bytes) ? kUnit : 0; at + 1 < bytes.size(); at += kUnit) {
     const char32_t unit = UnitAt(bytes, at, isBigEndian);
     if (unit < kHighFirst || unit > kLowLast) {
       AppendUtf8(out, unit);

@@ -8,10 +8,11 @@
 bool HasUtf8Mark(std::string_view bytes);
 inline constexpr std::size_t kUtf8MarkSize = 3;
 
-// Whether the file begins with the byte-order mark of 16-bit characters.
-bool HasUtf16Mark(std::string_view bytes);
+// Whether the file consists of 16-bit characters: it begins with their
+// byte-order mark, or with some that are ASCII.
+bool IsUtf16(std::string_view bytes);
 
-// What follows that mark, as UTF-8. Halves of a character that stand alone
+// These, without the mark, as UTF-8. Halves of a character that stand alone
 // become the replacement character.
 std::string Utf8FromUtf16(std::string_view bytes);
 

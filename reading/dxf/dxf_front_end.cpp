@@ -37,7 +37,7 @@ void PreparedDxf::Prepare() {
   if (IsBinaryDxf(bytes_)) {
     decoded_ = TextFromBinaryDxf(bytes_, repairs_);
     read_ = decoded_;
-  } else if (HasUtf16Mark(bytes_)) {
+  } else if (IsUtf16(bytes_)) {
     repairs_.Add(DxfRepair::kUtf16Text, 1);
     decoded_ = Utf8FromUtf16(bytes_);
     read_ = decoded_;

@@ -72,14 +72,6 @@ bool IsWellKnown(std::string_view name) {
          DxfSectionOfRecord(name) != DxfSection::kUnknown;
 }
 
-std::string UpperAscii(std::string_view text) {
-  std::string out(text);
-  for (char& c : out) {
-    c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  }
-  return out;
-}
-
 bool IsSpace(std::string_view name, std::string_view space) {
   return name.size() == space.size() + 1 && (name[0] == '*' || name[0] == '$') &&
          LowerAscii(name.substr(1)) == space;
@@ -126,8 +118,31 @@ constexpr std::array<std::string_view, 34> kPlainSubclasses = {"AcDbEntity",
                                                                "AcDbEmbeddedObject",
                                                                "AcDbBlockRefs"};
 
+constexpr std::array<std::string_view, 10> kDimensionSubclasses = {"AcDbEntity",
+                                                                   "AcDbDimension",
+                                                                   "AcDbAlignedDimension",
+                                                                   "AcDbRotatedDimension",
+                                                                   "AcDbRadialDimension",
+                                                                   "AcDbDiametricDimension",
+                                                                   "AcDbOrdinateDimension",
+                                                                   "AcDb2LineAngularDimension",
+                                                                   "AcDb3PointAngularDimension",
+                                                                   "AcDbArcDimension"};
+
 bool IsKnownSubclass(std::string_view recordName, std::string_view subclass) {
+  if (recordName == "DIMENSION") {
+    return Holds(kDimensionSubclasses, subclass);
+  }
   return Holds(kPlainSubclasses, subclass) || !Holds(kPlainTypes, recordName);
+}
+
+// The reader looks for a layer only before the lists of these.
+bool HasLists(std::string_view recordName) {
+  return recordName == "LWPOLYLINE" || recordName == "HATCH";
+}
+
+bool HasBlankEnd(std::string_view value) {
+  return !value.empty() && TrimmedDxfEnd(value).size() != value.size();
 }
 
 struct TypeSubclass {
@@ -203,11 +218,80 @@ bool IsDxfSpace(std::string_view name) {
          StartsWithIgnoringCase(name, "$paper_space");
 }
 
+std::span<const DxfRequiredGroup> DxfRequiredGroups(std::string_view recordName) {
+  static constexpr std::array<DxfRequiredGroup, 7> kGroups = {{{"ELLIPSE", 41, "0.0"},
+                                                               {"ELLIPSE", 42, "6.283185307179586"},
+                                                               {"IMAGE", 70, "3"},
+                                                               {"MTEXT", 71, "1"},
+                                                               {"SOLID", 13, {}},
+                                                               {"SPLINE", 71, "3"},
+                                                               {"TRACE", 13, {}}}};
+  const auto isOfType = [recordName](const DxfRequiredGroup& group) {
+    return group.record == recordName;
+  };
+  const auto first = std::find_if(kGroups.begin(), kGroups.end(), isOfType);
+  return {first, std::find_if_not(first, kGroups.end(), isOfType)};
+}
+
+DxfListCodes DxfListOfType(std::string_view recordName) {
+  if (recordName == "HATCH") {
+    return {.count = 91, .item = 92};
+  }
+  if (recordName == "LEADER") {
+    return {.count = 76, .item = 10};
+  }
+  return recordName == "WIPEOUT" || recordName == "IMAGE" ? DxfListCodes{.count = 91, .item = 14}
+                                                          : DxfListCodes{};
+}
+
+bool IsDxfNameCode(std::string_view recordName, int code) {
+  constexpr int kName = 2;
+  constexpr int kSecondName = 3;
+  constexpr int kLineType = 6;
+  constexpr int kStyle = 7;
+  constexpr int kLayer = 8;
+  switch (code) {
+    case kName:
+      return IsDxfTable(recordName) || recordName == "BLOCK" || recordName == "INSERT" ||
+             recordName == "ATTRIB" || recordName == "ATTDEF";
+    case kSecondName:
+      return recordName == "BLOCK" || recordName == "STYLE" || recordName == "DIMENSION" ||
+             recordName == "LEADER";
+    case kLineType:
+    case kStyle:
+    case kLayer: {
+      const DxfSection section = DxfSectionOfRecord(recordName);
+      return section == DxfSection::kTables || section == DxfSection::kBlocks ||
+             section == DxfSection::kEntities;
+    }
+    default: return false;
+  }
+}
+
+std::string UsualDxfName(std::string_view name) {
+  const std::string_view trimmed = TrimmedDxfEnd(name);
+  constexpr std::string_view kModelSpace = "*Model_Space";
+  constexpr std::string_view kPaperSpace = "*Paper_Space";
+  if (trimmed.starts_with('*') && IsDxfModelSpace(trimmed)) {
+    return std::string(kModelSpace);
+  }
+  if (StartsWithIgnoringCase(trimmed, "*paper_space")) {
+    return std::string(kPaperSpace).append(trimmed.substr(kPaperSpace.size()));
+  }
+  return std::string(trimmed);
+}
+
+std::string UsualDxfVariable(std::string_view name) {
+  return UpperAscii(TrimmedDxf(name));
+}
+
 DxfRecord DxfRecord::Begin(const DxfPair& pair) {
   DxfRecord record;
   record.name = pair.value;
   record.begin = pair.begin;
   record.isDimStyle_ = pair.value == "DIMSTYLE";
+  record.requiredGroups_ = (1U << DxfRequiredGroups(pair.value).size()) - 1;
+  record.list_ = DxfListOfType(pair.value);
   return record;
 }
 
@@ -221,8 +305,75 @@ DxfRecord::Meaning DxfRecord::NoteOwner(std::string_view value) {
   return Meaning::kOwner;
 }
 
-DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
+DxfRecord::Meaning DxfRecord::NoteLayer(std::string_view value) {
+  if (hasLayer) {
+    return Meaning::kOther;
+  }
+  hasLayer = true;
+  layer = value;
+  if (IsBehindCommonPart() && HasLists(name)) {
+    hasMisplacedProperty = true;
+    return Meaning::kMisplacedProperty;
+  }
+  return Meaning::kLayer;
+}
+
+DxfRecord::Meaning DxfRecord::NoteSubclass(std::string_view value) {
+  if (!IsKnownSubclass(name, value)) {
+    hasUnknownSubclass = true;
+    return Meaning::kUnknownSubclass;
+  }
+  ++subclassCount;
+  hasEntityMarker = hasEntityMarker || value == "AcDbEntity";
+  hasDimensionMarker =
+      hasDimensionMarker || (value.ends_with("Dimension") && value != "AcDbDimension");
+  return Meaning::kOther;
+}
+
+// Groups 2 and 3.
+void DxfRecord::NoteName(const DxfPair& pair) {
   constexpr int kTitle = 2;
+  hasOddName =
+      hasOddName || (IsDxfNameCode(name, pair.code) &&
+                     (HasBlankEnd(pair.value) ||
+                      (pair.value.starts_with('*') && UsualDxfName(pair.value) != pair.value)));
+  if (pair.code == kTitle && (title.data() == nullptr || hasSecondName)) {
+    title = pair.value;
+    hasSecondName = false;
+  } else if (title.data() == nullptr && name == "BLOCK") {
+    title = pair.value;
+    hasSecondName = true;
+  }
+}
+
+void DxfRecord::NoteGroup(const DxfPair& pair) {
+  if (requiredGroups_ != 0) {
+    const auto groups = DxfRequiredGroups(name);
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+      foundGroups_ |= groups[i].code == pair.code ? 1U << i : 0U;
+    }
+  }
+  if (list_.count == 0) {
+    return;
+  }
+  if (pair.code == list_.item) {
+    ++itemCount;
+  } else if (pair.code == list_.count && !hasCount) {
+    hasCount = true;
+    saidCount_ = ParseDxfCode(pair.value).value_or(-1);
+  }
+}
+
+DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
+  if (requiredGroups_ != 0 || list_.count != 0) {
+    NoteGroup(pair);
+  }
+  constexpr int kTitle = 2;
+  constexpr int kSecondName = 3;
+  constexpr int kLineType = 6;
+  constexpr int kStyle = 7;
+  constexpr int kColumns = 70;
+  constexpr int kRows = 71;
   constexpr int kHandleCode = 5;
   constexpr int kLayerCode = 8;
   constexpr int kPaperCode = 67;
@@ -232,10 +383,16 @@ DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
   constexpr int kOwnerCode = 330;
   switch (pair.code) {
     case kTitle:
-      if (title.data() == nullptr) {
-        title = pair.value;
-      }
-      return Meaning::kOther;
+    case kSecondName: NoteName(pair); return Meaning::kOther;
+    case kLineType:
+    case kStyle:
+      hasOddName = hasOddName || (HasBlankEnd(pair.value) && IsDxfNameCode(name, pair.code));
+      break;
+    case kColumns:
+    case kRows:
+      isArray = isArray || (name == "INSERT" && TrimmedDxf(pair.value) != "1" &&
+                            TrimmedDxf(pair.value) != "0");
+      break;
     case kHandleCode:
     case kDimStyleHandle:
       if (isDimStyle_ != (pair.code == kDimStyleHandle) || hasHandle) {
@@ -245,22 +402,10 @@ DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
       handle = ParseDxfHandle(pair.value).value_or(0);
       return Meaning::kHandle;
     case kOwnerCode: return NoteOwner(pair.value);
-    case kSubclass:
-      if (!IsKnownSubclass(name, pair.value)) {
-        hasUnknownSubclass = true;
-        return Meaning::kUnknownSubclass;
-      }
-      ++subclassCount;
-      return Meaning::kOther;
+    case kSubclass: return NoteSubclass(pair.value);
     case kGroup: groupDepth = pair.value.starts_with('{') ? 1 : 0; return Meaning::kOther;
     case kPaperCode: isInPaper = TrimmedDxf(pair.value) == "1"; break;
-    case kLayerCode:
-      if (hasLayer) {
-        return Meaning::kOther;
-      }
-      hasLayer = true;
-      layer = pair.value;
-      return Meaning::kLayer;
+    case kLayerCode: return NoteLayer(pair.value);
     default: break;
   }
   if (subclassCount > 1 && IsMovableDxfProperty(name, pair.code)) {
@@ -275,7 +420,15 @@ bool IsPlainDxfType(std::string_view recordName) {
 }
 
 bool LacksDxfSubclasses(const DxfRecord& record) {
+  if (record.name == "DIMENSION") {
+    return !record.hasDimensionMarker;
+  }
   return record.subclassCount == 0 && IsPlainDxfType(record.name);
+}
+
+bool LacksDxfEntityMarker(const DxfRecord& record) {
+  return record.subclassCount != 0 && !record.hasEntityMarker &&
+         DxfSectionOfRecord(record.name) == DxfSection::kEntities;
 }
 
 std::string_view DxfSubclassOfType(std::string_view recordName) {
@@ -285,6 +438,26 @@ std::string_view DxfSubclassOfType(std::string_view recordName) {
     }
   }
   return {};
+}
+
+DxfDimensionSubclasses DxfSubclassesOfDimension(int kind) {
+  constexpr std::array<DxfDimensionSubclasses, 7> kSubclasses = {
+      {{"AcDbAlignedDimension", "AcDbRotatedDimension"},
+       {"AcDbAlignedDimension", {}},
+       {"AcDb2LineAngularDimension", {}},
+       {"AcDbDiametricDimension", {}},
+       {"AcDbRadialDimension", {}},
+       {"AcDb3PointAngularDimension", {}},
+       {"AcDbOrdinateDimension", {}}}};
+  return kind < 0 || kind >= static_cast<int>(kSubclasses.size())
+             ? DxfDimensionSubclasses{}
+             : kSubclasses.at(static_cast<std::size_t>(kind));
+}
+
+bool IsSharedDxfDimensionCode(int code) {
+  constexpr std::array kShared = {1,  2,  3,  10, 11, 20, 21, 30,  31,  41,  42, 51,
+                                  53, 70, 71, 72, 73, 74, 75, 210, 220, 230, 280};
+  return std::find(kShared.begin(), kShared.end(), code) != kShared.end();
 }
 
 bool IsCommonDxfCode(int code) {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,16 @@ std::string DxfRecordName(std::string_view written);
 // to the case of ASCII letters and to blanks at the end.
 std::string DxfNameKey(std::string_view name);
 
+// Whether a group of a record is the name of something in a table or block, in
+// which blanks at the end mean nothing.
+bool IsDxfNameCode(std::string_view recordName, int code);
+
+// Without blanks at the end; names of spaces in the usual spelling.
+std::string UsualDxfName(std::string_view name);
+
+// The name of a header variable without blanks around it and in capitals.
+std::string UsualDxfVariable(std::string_view name);
+
 // The two names that blocks have for a space, R12 and earlier with a dollar.
 bool IsDxfModelSpace(std::string_view name);
 bool IsDxfPaperSpace(std::string_view name);
@@ -49,13 +60,29 @@ bool IsDxfPaperSpace(std::string_view name);
 // Whether a block is model space or any sheet.
 bool IsDxfSpace(std::string_view name);
 
+// A group that a type of entity cannot do without, and what it means when it is
+// missing; empty: the corner of a triangle, which is the one before it.
+struct DxfRequiredGroup {
+  std::string_view record;
+  int code;
+  std::string_view value;
+};
+std::span<const DxfRequiredGroup> DxfRequiredGroups(std::string_view recordName);
+
+// Which group counts which other; 0 for types without such a list.
+struct DxfListCodes {
+  int count = 0;
+  int item = 0;
+};
+DxfListCodes DxfListOfType(std::string_view recordName);
+
 struct DxfRecord {
   std::string_view name;
   std::size_t begin = 0;
   std::uint64_t handle = 0;
   std::uint64_t owner = 0;
   std::string_view layer;
-  std::string_view title;  // the first group 2
+  std::string_view title;  // the first group 2, for a BLOCK without one its group 3
   int groupDepth = 0;      // of application groups
   int subclassCount = 0;
   bool hasHandle = false;
@@ -64,6 +91,17 @@ struct DxfRecord {
   bool isInPaper = false;
   bool hasMisplacedProperty = false;
   bool hasUnknownSubclass = false;
+  bool hasEntityMarker = false;     // AcDbEntity
+  bool hasDimensionMarker = false;  // of one kind of dimension
+  bool isArray = false;             // more than one row or column
+  bool hasSecondName = false;       // the title is of group 3
+  bool hasOddName = false;          // a name to be written as UsualDxfName has it
+  bool hasCount = false;            // of its list
+  long long itemCount = 0;          // of it
+
+  bool LacksGroups() const { return foundGroups_ != requiredGroups_; }
+  bool HasWrongCount() const { return list_.count != 0 && saidCount_ != itemCount; }
+  DxfListCodes list() const { return list_; }
 
   // Starts with the pair of code 0.
   static DxfRecord Begin(const DxfPair& pair);
@@ -81,18 +119,41 @@ struct DxfRecord {
 
  private:
   Meaning NoteOwner(std::string_view value);
+  Meaning NoteLayer(std::string_view value);
+  Meaning NoteSubclass(std::string_view value);
+  void NoteName(const DxfPair& pair);
+  void NoteGroup(const DxfPair& pair);
+  bool IsBehindCommonPart() const { return subclassCount > (hasEntityMarker ? 1 : 0); }
   bool isDimStyle_ = false;
+  unsigned requiredGroups_ = 0;  // bits by DxfRequiredGroups
+  unsigned foundGroups_ = 0;
+  DxfListCodes list_;
+  long long saidCount_ = 0;
 };
 
 // Whether entities of that type have few parts, of which all are known, and
 // give none of the common codes a meaning of their own.
 bool IsPlainDxfType(std::string_view recordName);
 
-// Whether an entity without any subclass markers lacks them.
+// Whether an entity without subclass markers of its own part lacks them.
 bool LacksDxfSubclasses(const DxfRecord& record);
+
+// Whether only the marker of the common part is missing.
+bool LacksDxfEntityMarker(const DxfRecord& record);
 
 // The marker of a type that has one part of its own; empty for others.
 std::string_view DxfSubclassOfType(std::string_view recordName);
+
+// The markers of a kind of dimension (group 70, bits 0 to 2) before and behind its
+// own groups; empty for others.
+struct DxfDimensionSubclasses {
+  std::string_view before;
+  std::string_view behind;
+};
+DxfDimensionSubclasses DxfSubclassesOfDimension(int kind);
+
+// Whether a group belongs to the part that all kinds of dimensions have.
+bool IsSharedDxfDimensionCode(int code);
 
 // Whether a code belongs to the common part of every entity.
 bool IsCommonDxfCode(int code);

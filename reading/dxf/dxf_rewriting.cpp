@@ -5,6 +5,7 @@
 #include <charconv>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "reading/dxf/dxf_encoding.hpp"
@@ -29,12 +30,14 @@ struct WholeRecord {
   std::vector<DxfPair> pairs;  // without comments
   std::vector<DxfRecord::Meaning> meanings;
   std::size_t end = 0;
+  std::size_t firstItem = 0;  // of its list; 0: none
   bool hasComments = false;
 
   void Begin(const DxfPair& pair) {
     facts = DxfRecord::Begin(pair);
     pairs.assign(1, pair);
     meanings.assign(1, DxfRecord::Meaning::kOther);
+    firstItem = 0;
     hasComments = false;
   }
 
@@ -42,6 +45,9 @@ struct WholeRecord {
     if (pair.code == kDxfComment) {
       hasComments = true;
       return;
+    }
+    if (firstItem == 0 && pair.code != 0 && pair.code == facts.list().item) {
+      firstItem = pairs.size();
     }
     pairs.push_back(pair);
     meanings.push_back(facts.Note(pair));
@@ -53,6 +59,7 @@ struct RecordForm {
   std::uint64_t handle = 0;
   std::optional<std::uint64_t> owner{};
   std::optional<std::string_view> layer{};
+  std::string_view flags{};  // group 70, when the record has none
 };
 
 class Rewriter {
@@ -305,6 +312,15 @@ class Rewriter {
 
   // Any record.
 
+  // One that neither the file nor a new record has.
+  std::uint64_t NewHandle() {
+    std::uint64_t handle = handles_.Take();
+    while (!seen_.Insert(handle)) {
+      handle = handles_.Take();
+    }
+    return handle;
+  }
+
   // The handle that a record is written with, a new one if it has none of its
   // own.
   std::uint64_t HandleFor(const DxfRecord& record) {
@@ -312,11 +328,11 @@ class Rewriter {
       if (!isOld_) {
         Report(DxfRepair::kMissingHandles, record.begin);
       }
-      return handles_.Take();
+      return NewHandle();
     }
     if (!seen_.Insert(record.handle)) {
       Report(DxfRepair::kRepeatedHandles, record.begin);
-      return handles_.Take();
+      return NewHandle();
     }
     return record.handle;
   }
@@ -340,7 +356,9 @@ class Rewriter {
     const bool isSame = facts.handle == form.handle &&
                         (!form.owner || (facts.hasOwner && facts.owner == *form.owner)) &&
                         !form.layer && !record.hasComments && !facts.hasMisplacedProperty &&
-                        !facts.hasUnknownSubclass && !LacksSubclasses(facts);
+                        !facts.hasUnknownSubclass && !facts.hasSecondName && !facts.LacksGroups() &&
+                        !facts.HasWrongCount() && form.flags.empty() && !LacksSubclasses(facts) &&
+                        !LacksEntityMarker(facts);
     if (isSame) {
       CopyBytes(facts.begin, record.end);
     } else {
@@ -357,12 +375,25 @@ class Rewriter {
     if (form.owner) {
       WriteHandle(kOwnerCode, *form.owner);
     }
-    if (facts.hasUnknownSubclass || LacksSubclasses(facts)) {
+    if (facts.hasUnknownSubclass || LacksSubclasses(facts) || LacksEntityMarker(facts)) {
       Report(DxfRepair::kSubclasses, facts.begin);
     }
     if (LacksSubclasses(facts)) {
       WriteWithSubclasses(record, form);
       return;
+    }
+    if (facts.HasWrongCount()) {
+      Report(DxfRepair::kCounts, facts.begin);
+    }
+    if (LacksEntityMarker(facts)) {
+      WritePair(kSubclassCode, "AcDbEntity");
+    }
+    const std::size_t lastMarker = LastMarker(record);
+    if (lastMarker == 0) {
+      WriteMissingGroups(record, form);
+    }
+    if (facts.hasSecondName) {
+      WritePair(kNameCode, facts.title);
     }
     bool hasMoved = !facts.hasMisplacedProperty;
     for (std::size_t i = 1; i < record.pairs.size(); ++i) {
@@ -371,39 +402,158 @@ class Rewriter {
         continue;
       }
       WriteOwnPair(record, i, form);
+      if (i == lastMarker) {
+        WriteMissingGroups(record, form);
+      }
       if (!hasMoved && pair.code == kSubclassCode) {
-        WriteMoved(record);
+        WriteMoved(record, form);
         hasMoved = true;
       }
     }
   }
 
   void WriteOwnPair(const WholeRecord& record, std::size_t i, const RecordForm& form) {
+    const DxfRecord& facts = record.facts;
+    const int code = record.pairs[i].code;
+    const DxfListCodes list = facts.list();
+    if (facts.HasWrongCount() && code == list.count) {
+      WritePair(code, std::to_string(facts.itemCount));
+      return;
+    }
+    if (facts.HasWrongCount() && !facts.hasCount && i == record.firstItem) {
+      WritePair(list.count, std::to_string(facts.itemCount));
+    }
     const bool isLayer = record.meanings[i] == DxfRecord::Meaning::kLayer && form.layer;
-    WritePair(record.pairs[i].code, isLayer ? *form.layer : record.pairs[i].value);
+    WritePair(code, isLayer ? *form.layer : record.pairs[i].value);
+  }
+
+  // The marker behind which the groups of the record's own type stand; 0: none.
+  static std::size_t LastMarker(const WholeRecord& record) {
+    constexpr int kEmbeddedObject = 101;
+    std::size_t last = 0;
+    for (std::size_t i = 1; i < record.pairs.size() && record.pairs[i].code != kEmbeddedObject;
+         ++i) {
+      if (record.pairs[i].code == kSubclassCode &&
+          record.meanings[i] != DxfRecord::Meaning::kUnknownSubclass) {
+        last = i;
+      }
+    }
+    return last;
+  }
+
+  void WriteMissingGroups(const WholeRecord& record, const RecordForm& form) {
+    if (!form.flags.empty()) {
+      constexpr int kFlags = 70;
+      Report(DxfRepair::kMissingGroups, record.facts.begin);
+      WritePair(kFlags, form.flags);
+    }
+    if (!record.facts.LacksGroups()) {
+      return;
+    }
+    for (const DxfRequiredGroup& group : DxfRequiredGroups(record.facts.name)) {
+      if (Find(record, group.code) != nullptr) {
+        continue;
+      }
+      Report(DxfRepair::kMissingGroups, record.facts.begin);
+      if (group.value.empty()) {
+        WriteThirdCornerAgain(record);
+      } else {
+        WritePair(group.code, group.value);
+      }
+    }
+  }
+
+  static const DxfPair* Find(const WholeRecord& record, int code) {
+    const auto at = std::find_if(record.pairs.begin() + 1, record.pairs.end(),
+                                 [code](const DxfPair& pair) { return pair.code == code; });
+    return at == record.pairs.end() ? nullptr : &*at;
+  }
+
+  void WriteThirdCornerAgain(const WholeRecord& record) {
+    constexpr int kThird = 12;
+    constexpr int kNextAxis = 10;
+    for (int code = kThird; code < kThird + 3 * kNextAxis; code += kNextAxis) {
+      if (const DxfPair* const third = Find(record, code)) {
+        WritePair(code + 1, third->value);
+      }
+    }
+  }
+
+  bool WantsSubclasses() const {
+    return !isOld_ || (survey_.hasSubclasses && KnownDxfRelease(survey_.release).empty());
   }
 
   bool LacksSubclasses(const DxfRecord& facts) const {
-    const bool isWanted =
-        !isOld_ || (survey_.hasSubclasses && KnownDxfRelease(survey_.release).empty());
-    return isWanted && LacksDxfSubclasses(facts);
+    return WantsSubclasses() && LacksDxfSubclasses(facts);
+  }
+
+  bool LacksEntityMarker(const DxfRecord& facts) const {
+    return WantsSubclasses() && LacksDxfEntityMarker(facts);
   }
 
   // The common part first, whatever the order in the file.
   void WriteWithSubclasses(const WholeRecord& record, const RecordForm& form) {
     WritePair(kSubclassCode, "AcDbEntity");
-    for (const bool isCommon : {true, false}) {
-      const std::string_view subclass = DxfSubclassOfType(record.facts.name);
-      if (!isCommon && !subclass.empty()) {
+    WritePart(record, form, IsCommonDxfCode);
+    const auto isOwn = [](int code) { return !IsCommonDxfCode(code); };
+    if (record.facts.name == "DIMENSION") {
+      WriteDimensionParts(record, form);
+    } else {
+      const bool isArray = record.facts.name == "INSERT" && record.facts.isArray;
+      const std::string_view subclass =
+          isArray ? "AcDbMInsertBlock" : DxfSubclassOfType(record.facts.name);
+      if (!subclass.empty()) {
         WritePair(kSubclassCode, subclass);
       }
-      for (std::size_t i = 1; i < record.pairs.size(); ++i) {
-        if (IsCommonDxfCode(record.pairs[i].code) == isCommon &&
-            IsWritten(record.meanings[i], form)) {
-          WriteOwnPair(record, i, form);
-        }
+      WriteMissingGroups(record, form);
+      WritePart(record, form, isOwn);
+    }
+  }
+
+  // The groups of some codes.
+  template <typename IsPart>
+  void WritePart(const WholeRecord& record, const RecordForm& form, IsPart&& isPart) {
+    for (std::size_t i = 1; i < record.pairs.size(); ++i) {
+      const int code = record.pairs[i].code;
+      if (code != kSubclassCode && isPart(code) && IsWritten(record.meanings[i], form)) {
+        WriteOwnPair(record, i, form);
       }
     }
+  }
+
+  // What all kinds of dimensions have, and what one has by group 70.
+  void WriteDimensionParts(const WholeRecord& record, const RecordForm& form) {
+    constexpr int kFirstExtended = 1000;
+    const auto isShared = [](int code) {
+      return !IsCommonDxfCode(code) && code < kFirstExtended && IsSharedDxfDimensionCode(code);
+    };
+    const auto isOfKind = [](int code) {
+      return !IsCommonDxfCode(code) && code < kFirstExtended && !IsSharedDxfDimensionCode(code);
+    };
+    WritePair(kSubclassCode, "AcDbDimension");
+    WritePart(record, form, isShared);
+    const DxfDimensionSubclasses subclasses = DxfSubclassesOfDimension(KindOfDimension(record));
+    if (!subclasses.before.empty()) {
+      WritePair(kSubclassCode, subclasses.before);
+    }
+    WritePart(record, form, isOfKind);
+    if (!subclasses.behind.empty()) {
+      WritePair(kSubclassCode, subclasses.behind);
+    }
+    WritePart(record, form, [](int code) { return code >= kFirstExtended; });
+  }
+
+  // Negative when the record does not say.
+  static int KindOfDimension(const WholeRecord& record) {
+    constexpr int kFlags = 70;
+    constexpr int kKindMask = 7;
+    for (const DxfPair& pair : record.pairs) {
+      if (pair.code == kFlags) {
+        const auto flags = ParseDxfCode(pair.value);
+        return flags && *flags >= 0 ? *flags & kKindMask : -1;
+      }
+    }
+    return -1;
   }
 
   static bool IsWritten(DxfRecord::Meaning meaning, const RecordForm& form) {
@@ -416,10 +566,11 @@ class Rewriter {
     }
   }
 
-  void WriteMoved(const WholeRecord& record) {
+  void WriteMoved(const WholeRecord& record, const RecordForm& form) {
     for (std::size_t i = 1; i < record.pairs.size(); ++i) {
       if (record.meanings[i] == DxfRecord::Meaning::kMisplacedProperty) {
-        WritePair(record.pairs[i].code, record.pairs[i].value);
+        const bool isLayer = record.pairs[i].code == kLayerCode && form.layer;
+        WritePair(record.pairs[i].code, isLayer ? *form.layer : record.pairs[i].value);
         Report(DxfRepair::kMisplacedProperties, record.pairs[i].begin);
       }
     }
@@ -431,7 +582,7 @@ class Rewriter {
     if (isRepeated) {
       Report(DxfRepair::kRepeatedHandles, facts.begin);
     }
-    WriteRecord(record, {.handle = isRepeated ? handles_.Take() : facts.handle});
+    WriteRecord(record, {.handle = isRepeated ? NewHandle() : facts.handle});
   }
 
   // TABLES.
@@ -521,7 +672,7 @@ class Rewriter {
   void WriteTable(const Table& table) {
     std::uint64_t tableHandle = 0;
     if (!table.hasHead) {
-      tableHandle = handles_.Take();
+      tableHandle = NewHandle();
       WritePair(0, "TABLE");
       WritePair(kNameCode, table.name);
       WriteHandle(kHandleCode, tableHandle);
@@ -551,7 +702,7 @@ class Rewriter {
   std::uint64_t WriteTableHead(const WholeRecord& record) {
     const DxfRecord& facts = record.facts;
     const bool isFree = facts.handle != 0 && seen_.Insert(facts.handle);
-    const std::uint64_t handle = isFree ? facts.handle : handles_.Take();
+    const std::uint64_t handle = isFree ? facts.handle : NewHandle();
     NoteOrigin(facts.begin);
     // The reader takes the name for the first thing that follows.
     WritePair(0, "TABLE");
@@ -570,13 +721,47 @@ class Rewriter {
   }
 
   void WriteTableRecord(const WholeRecord& record) {
-    const std::uint64_t handle = HandleFor(record.facts);
-    if (record.facts.name == "BLOCK_RECORD") {
-      if (const auto at = blockAt_.find(record.facts.begin); at != blockAt_.end()) {
-        blockRecords_[at->second] = handle;
-      }
+    if (IsRepeated(record.facts)) {
+      Report(DxfRepair::kRepeatedRecords, record.facts.begin);
+      return;
+    }
+    std::uint64_t handle = 0;
+    if (const auto at = blockAt_.find(record.facts.begin);
+        record.facts.name == "BLOCK_RECORD" && at != blockAt_.end()) {
+      handle = HandleForBlock(record.facts, at->second);
+      blockRecords_[at->second] = handle;
+    } else {
+      handle = HandleFor(record.facts);
     }
     WriteRecord(record, {.handle = handle});
+  }
+
+  // Whether a layer or block record of that name and handle stands there already.
+  bool IsRepeated(const DxfRecord& facts) {
+    if (facts.title.empty() || (facts.name != "LAYER" && facts.name != "BLOCK_RECORD")) {
+      return false;
+    }
+    std::string key(facts.name);
+    key += '/';
+    key += DxfHandleText(facts.handle);
+    key += '/';
+    key += DxfNameKey(facts.title);
+    return !entries_.insert(std::move(key)).second;
+  }
+
+  // The handle that its BLOCK calls it by, when it has none of its own.
+  std::uint64_t HandleForBlock(const DxfRecord& facts, std::size_t index) {
+    const std::uint64_t owner = survey_.blocks[index].owner;
+    if (facts.handle != 0 || !IsFree(owner)) {
+      return HandleFor(facts);
+    }
+    Report(DxfRepair::kMissingHandles, facts.begin);
+    return owner;
+  }
+
+  // Takes a handle if no record of the file has it.
+  bool IsFree(std::uint64_t handle) {
+    return handle != 0 && !survey_.handles.Contains(handle) && seen_.Insert(handle);
   }
 
   void WriteMissingLayers(std::uint64_t tableHandle) {
@@ -590,7 +775,7 @@ class Rewriter {
       }
       NoteOrigin(layer.begin);
       WritePair(0, "LAYER");
-      WriteHandle(kHandleCode, handles_.Take());
+      WriteHandle(kHandleCode, NewHandle());
       WriteHandle(kOwnerCode, tableHandle);
       WritePair(kSubclassCode, "AcDbSymbolTableRecord");
       WritePair(kSubclassCode, "AcDbLayerTableRecord");
@@ -628,7 +813,7 @@ class Rewriter {
     if (!isOld_) {
       Report(DxfRepair::kMissingBlockRecords, block.begin);
     }
-    blockRecords_[index] = handles_.Take();
+    blockRecords_[index] = IsFree(block.owner) ? block.owner : NewHandle();
     NoteOrigin(block.begin);
     WriteBlockRecord(block.name, blockRecords_[index], tableHandle);
     return blockRecords_[index];
@@ -638,7 +823,7 @@ class Rewriter {
   std::uint64_t RecordOf(const DxfBlockName* block, std::string_view name,
                          std::uint64_t tableHandle) {
     if (block == nullptr) {
-      const std::uint64_t handle = handles_.Take();
+      const std::uint64_t handle = NewHandle();
       WriteBlockRecord(name, handle, tableHandle);
       return handle;
     }
@@ -707,7 +892,7 @@ class Rewriter {
   void WriteEnd(std::string_view name, std::uint64_t owner, std::size_t at) {
     NoteOrigin(at);
     WritePair(0, name);
-    WriteHandle(kHandleCode, handles_.Take());
+    WriteHandle(kHandleCode, NewHandle());
     WriteHandle(kOwnerCode, owner);
     WritePair(kLayerCode, "0");
   }
@@ -724,6 +909,7 @@ class Rewriter {
         parentOwner_ = section == DxfSection::kBlocks ? block_ : SpaceOf(facts);
         parent_ = WriteEntity(record, parentOwner_);
         parentWas_ = facts.handle;
+        isParentOf3d_ = IsOf3d(record);
         break;
       case DxfPlace::kSubentity: WriteSubentity(record); break;
       case DxfPlace::kOrphan: Report(DxfRepair::kOrphans, facts.begin); break;
@@ -737,9 +923,28 @@ class Rewriter {
     const std::uint64_t owner = record.facts.owner;
     const bool mayStay =
         owner != 0 && parent_ == parentWas_ && (owner == parentWas_ || owner == parentOwner_);
+    if (!mayStay && owner != 0 && owner != parentWas_ && record.facts.name == "ATTRIB") {
+      Report(DxfRepair::kOwners, record.facts.begin);
+    }
     WriteRecord(record, {.handle = HandleFor(record.facts),
                          .owner = mayStay ? owner : parent_,
-                         .layer = LayerFor(record.facts)});
+                         .layer = LayerFor(record.facts),
+                         .flags = MissingFlags(record)});
+  }
+
+  // Those of a vertex that only they and its markers tell from one of two dimensions.
+  std::string_view MissingFlags(const WholeRecord& record) const {
+    constexpr int kFlags = 70;
+    const bool isLacking = isParentOf3d_ && record.facts.name == "VERTEX" &&
+                           record.facts.subclassCount == 0 && Find(record, kFlags) == nullptr;
+    return isLacking ? "32" : std::string_view{};
+  }
+
+  static bool IsOf3d(const WholeRecord& record) {
+    constexpr int kFlags = 70;
+    constexpr int kOf3d = 8;
+    const DxfPair* const flags = record.facts.name == "POLYLINE" ? Find(record, kFlags) : nullptr;
+    return flags != nullptr && (ParseDxfCode(flags->value).value_or(0) & kOf3d) != 0;
   }
 
   std::uint64_t WriteEntity(const WholeRecord& record, std::uint64_t owner) {
@@ -767,6 +972,7 @@ class Rewriter {
   bool hasRecords_ = false;  // of blocks, in the file
   FreeDxfHandles handles_;
   DxfHandleSet seen_;
+  std::unordered_set<std::string> entries_;               // of the tables
   std::vector<std::uint64_t> blockRecords_;               // by the survey's order of blocks
   std::unordered_map<std::size_t, std::size_t> blockAt_;  // by offset
   std::uint64_t modelSpace_ = 0;
@@ -775,6 +981,7 @@ class Rewriter {
   std::uint64_t parent_ = 0;     // of the sequence that is open
   std::uint64_t parentWas_ = 0;  // its handle in the file
   std::uint64_t parentOwner_ = 0;
+  bool isParentOf3d_ = false;  // a polyline
   std::string_view lastLayer_;
   std::optional<std::string_view> lastSpelling_;
   RewrittenDxf out_;

@@ -26,6 +26,7 @@ constexpr std::array kBetween = {
     BetweenReleases{"AC1025", "AC1026", "AC1024"}, BetweenReleases{"AC1028", "AC1031", "AC1027"},
     BetweenReleases{"AC1033", "AC1099", "AC1032"}};
 
+constexpr std::string_view kReleaseVariable = "$ACADVER";
 constexpr std::uint64_t kModelSpacePlaceholder = 0x1F;
 
 // Beyond it a new handle would not fit into 32 bits.
@@ -95,18 +96,30 @@ class Surveyor {
     constexpr int kVariable = 9;
     survey_.parts.back().hasRecords = true;
     if (pair.code != kVariable) {
+      // Before the first variable there is nothing that it could belong to.
+      survey_.needsRewriting = survey_.needsRewriting || !hasVariables_;
       isVariableOpen_ = false;
     } else {
       survey_.needsRewriting = survey_.needsRewriting || isVariableOpen_;
+      hasFlaw_ = hasFlaw_ || IsOddVariable(pair.value);
+      hasVariables_ = true;
       isVariableOpen_ = true;
-      isRelease_ = TrimmedDxf(pair.value) == "$ACADVER";
+      isRelease_ = pair.value == kReleaseVariable;
     }
-    if (isRelease_ && pair.code == 1) {
+    if (isRelease_ && pair.code != kVariable && KindOfDxfCode(pair.code) == DxfValueKind::kText) {
       survey_.release = TrimmedDxf(pair.value);
       survey_.releaseAt = pair.begin;
-      survey_.needsRewriting = survey_.needsRewriting || KnownDxfRelease(pair.value) != pair.value;
+      survey_.needsRewriting =
+          survey_.needsRewriting || pair.code != 1 || KnownDxfRelease(pair.value) != pair.value;
       isRelease_ = false;
     }
+  }
+
+  // Blanks around it, or the first of the variables in lower case: then the
+  // others are, too.
+  static bool IsOddVariable(std::string_view name) {
+    return TrimmedDxf(name).size() != name.size() ||
+           (name != kReleaseVariable && UsualDxfVariable(name) == kReleaseVariable);
   }
 
   void TakeOfRecord(const DxfPair& pair) {
@@ -118,12 +131,15 @@ class Surveyor {
     record_.Note(pair);
   }
 
-  // The name of the section that a SECTION opens.
+  // The name of the section that a SECTION opens, comments before it left out.
   std::optional<DxfPair> PeekName() const {
     DxfPairReader ahead = pairs_;
     DxfPair pair;
-    return ahead.Next(pair) == DxfStep::kPair && pair.code == 2 ? std::optional(pair)
-                                                                : std::nullopt;
+    DxfStep step = ahead.Next(pair);
+    while (step == DxfStep::kPair && pair.code == kDxfComment) {
+      step = ahead.Next(pair);
+    }
+    return step == DxfStep::kPair && pair.code == 2 ? std::optional(pair) : std::nullopt;
   }
 
   // Blanks around it, or a well-known name in lower case.
@@ -148,6 +164,9 @@ class Surveyor {
         return;
       }
     }
+    if (name == "SECTION" && BeginNamelessSection(pair)) {
+      return;
+    }
     if (name == "ENDSEC") {
       EndSection(pair.begin, true);
     } else if (name == "EOF") {
@@ -162,7 +181,9 @@ class Surveyor {
   void BeginSection(const DxfPair& pair, const DxfPair& title) {
     EndSection(pair.begin, false);
     DxfPair name;
-    pairs_.Next(name);
+    while (pairs_.Next(name) == DxfStep::kPair && name.code == kDxfComment) {
+      survey_.needsRewriting = true;
+    }
     DxfSection section = DxfSectionOfName(title.value);
     const bool hasName = section != DxfSection::kUnknown;
     if (!hasName) {
@@ -173,6 +194,19 @@ class Surveyor {
     survey_.parts.back().hasBegin = pair.value == "SECTION";
     survey_.parts.back().hasName = hasName;
     survey_.needsRewriting = survey_.needsRewriting || !hasName || pair.value != "SECTION";
+  }
+
+  // A SECTION without a name, when what it holds says which it is.
+  bool BeginNamelessSection(const DxfPair& pair) {
+    const DxfSection section = SectionOfContent();
+    if (section == DxfSection::kUnknown) {
+      return false;
+    }
+    EndSection(pair.begin, false);
+    Begin(section, pairs_.offset());
+    survey_.parts.back().hasName = false;
+    survey_.needsRewriting = true;
+    return true;
   }
 
   // What a section of an unknown name holds.
@@ -200,6 +234,7 @@ class Surveyor {
     survey_.parts.push_back({.section = section, .begin = begin, .end = begin});
     isOpen_ = true;
     isRelease_ = false;
+    hasVariables_ = false;
     placement_ = DxfPlacement(section == DxfSection::kBlocks);
     table_ = {};
   }
@@ -233,6 +268,7 @@ class Surveyor {
                wanted != DxfSection::kObjects;
       case DxfSection::kEntities:
         return wanted == DxfSection::kEntities || wanted == DxfSection::kUnknown;
+      case DxfSection::kObjects: return wanted != DxfSection::kEntities;
       default: return true;
     }
   }
@@ -255,6 +291,7 @@ class Surveyor {
       return;
     }
     isInRecord_ = false;
+    hasFlaw_ = hasFlaw_ || record_.hasOddName;
     if (!record_.hasHandle || record_.handle == 0) {
       hasMissingHandle_ = hasMissingHandle_ || IsHandleWanted();
     } else if (!survey_.handles.Insert(record_.handle)) {
@@ -324,6 +361,7 @@ class Surveyor {
       return;
     }
     DxfLayerName& layer = survey_.layers[at->second];
+    survey_.needsRewriting = survey_.needsRewriting || (isInTable && layer.isInTable);
     if (isInTable && !layer.isInTable) {
       layer = {.name = name, .begin = record_.begin, .isInTable = true};
     }
@@ -333,6 +371,11 @@ class Surveyor {
     const auto [at, isNew] =
         survey_.blockByKey.try_emplace(DxfNameKey(name), survey_.blocks.size());
     std::size_t index = survey_.blocks.size();
+    if (!isNew && hasRecord && survey_.blocks[at->second].hasRecord &&
+        survey_.blocks[at->second].record == handle) {
+      survey_.needsRewriting = true;  // the same once more
+      return;
+    }
     if (!isNew && !survey_.blocks[at->second].hasRecord) {
       index = at->second;
       survey_.blocks[index] = {
@@ -364,23 +407,34 @@ class Surveyor {
     ++survey_.entityCount;
     NoteLayer();
     survey_.hasSubclasses = survey_.hasSubclasses || record_.subclassCount != 0;
-    lacksSubclasses_ = lacksSubclasses_ || LacksDxfSubclasses(record_);
+    lacksSubclasses_ =
+        lacksSubclasses_ || LacksDxfSubclasses(record_) || LacksDxfEntityMarker(record_);
     const DxfPlaced placed = placement_.Next(record_);
     if (placed.lacksBlockEnd || placed.lacksSequenceEnd || record_.hasMisplacedProperty ||
-        record_.hasUnknownSubclass) {
+        record_.hasUnknownSubclass || record_.hasSecondName || record_.LacksGroups() ||
+        record_.HasWrongCount()) {
       survey_.needsRewriting = true;
     }
     switch (placed.place) {
       case DxfPlace::kBlockBegin: BeginBlock(); break;
       case DxfPlace::kBlockEnd: break;
       case DxfPlace::kEntity: FinishPlaced(); break;
-      case DxfPlace::kSubentity: break;  // finds its owner by what stands before it
+      case DxfPlace::kSubentity: FinishSubentity(); break;
       case DxfPlace::kOrphan:
       case DxfPlace::kOutside: survey_.needsRewriting = true; break;
     }
   }
 
+  // A vertex finds its owner by what stands before it, whatever it says itself.
+  void FinishSubentity() {
+    const bool isOwned =
+        record_.owner == 0 || record_.owner == parent_ || record_.owner == parentOwner_;
+    survey_.needsRewriting = survey_.needsRewriting || (record_.name == "ATTRIB" && !isOwned);
+  }
+
   void FinishPlaced() {
+    parent_ = record_.handle;
+    parentOwner_ = record_.owner;
     if (Open() == DxfSection::kBlocks) {
       if (record_.owner != blockRecord_) {
         survey_.needsRewriting = true;
@@ -419,7 +473,19 @@ class Surveyor {
     if (byName == survey_.blockByKey.end()) {
       AddBlock(record_.title, 0, false);
     }
+    NoteOwnerOfBlock();
     blockRecord_ = byName == survey_.blockByKey.end() ? 0 : survey_.blocks[byName->second].record;
+  }
+
+  // What its record was called before that was lost.
+  void NoteOwnerOfBlock() {
+    const std::size_t index = survey_.blockByKey.at(DxfNameKey(record_.title));
+    DxfBlockName& block = survey_.blocks[index];
+    if (block.record == 0 && block.owner == 0 && record_.owner != 0 &&
+        record_.owner < kRoomForMore) {
+      block.owner = record_.owner;
+      survey_.blockByRecord.try_emplace(record_.owner, index);
+    }
   }
 
   void Finish() {
@@ -455,6 +521,7 @@ class Surveyor {
   bool isOpen_ = false;
   bool isInRecord_ = false;
   bool isRelease_ = false;
+  bool hasVariables_ = false;    // in the section that is open
   bool isVariableOpen_ = false;  // its value is to come
   bool hasFlaw_ = false;
   bool hasNamesakes_ = false;
@@ -464,6 +531,8 @@ class Surveyor {
   std::vector<std::string_view> tables_;
   std::string_view lastLayer_;
   std::uint64_t blockRecord_ = 0;
+  std::uint64_t parent_ = 0;  // the handle of the last entity that is no part of one
+  std::uint64_t parentOwner_ = 0;
   std::uint64_t lastSpace_ = 0;  // the owner of the last entity that has one
 };
 
@@ -495,7 +564,7 @@ const DxfBlockName* DxfSurvey::FindPaperSpace() const {
 }
 
 std::string_view KnownDxfRelease(std::string_view written) {
-  const std::string_view name = TrimmedDxf(written);
+  const std::string name = UpperAscii(TrimmedDxf(written));
   for (const std::string_view release : kReleases) {
     if (release == name) {
       return release;

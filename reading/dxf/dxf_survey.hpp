@@ -27,6 +27,7 @@ struct DxfPart {
 struct DxfBlockName {
   std::string_view name;
   std::uint64_t record = 0;  // the handle of the BLOCK_RECORD; 0: it has none
+  std::uint64_t owner = 0;   // without one: the handle that the BLOCK says it has
   std::size_t begin = 0;     // of the BLOCK_RECORD, else of the BLOCK
   bool hasRecord = false;
 };

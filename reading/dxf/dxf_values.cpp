@@ -301,7 +301,9 @@ std::string DxfHandleText(std::uint64_t handle) {
 
 MendedDxfValue MendDxfValue(DxfValueKind kind, std::string_view value) {
   if (IsProperDxfValue(kind, value)) {
-    return {.text = std::string(value)};
+    // A NUL at the end would end the whole text.
+    const bool hasNul = value.find('\0') != std::string_view::npos;
+    return {.text = std::string(hasNul ? TrimmedDxf(value) : value)};
   }
   switch (kind) {
     case DxfValueKind::kNone:

@@ -45,6 +45,22 @@ def section_names_with_blanks_behind(d):
     return MAY
 
 
+@flaw("R2000")
+def header_variables_in_lower_case(d):
+    positions = [i for i, code, _ in d.pairs(*d.section("HEADER")) if code == 9]
+    for i in positions:
+        d.set(i, d.lines[i + 1].lower())
+    return near(len(positions), positions[0])
+
+
+@flaw("R2018")
+def header_variables_with_blanks_around(d):
+    positions = [i for i, code, _ in d.pairs(*d.section("HEADER")) if code == 9]
+    for i in positions:
+        d.set(i, f"  {d.lines[i + 1]} ")
+    return near(len(positions), positions[0])
+
+
 # -- comments, line ends, what stands before and between pairs
 
 @flaw("R2000")
@@ -74,6 +90,12 @@ def comment_in_the_header_and_tables(d):
     d.insert(d.section("TABLES")[0], "999", "SECTION")
     d.insert(d.section("HEADER")[0], "999", "$ACADVER")
     d.insert(d.table("LAYER")[0] + 6, "999", "layers")
+    return NONE
+
+
+@flaw("R2018")
+def comment_before_the_name_of_the_header(d):
+    d.insert(d.section("HEADER")[0] - 2, "999", "a comment")
     return NONE
 
 
@@ -113,6 +135,31 @@ def line_ends_mixed(d):
 @flaw("R12")
 def line_ends_double_CR(d):
     return Flawed(d.bytes("\r\r\n"), repairs=(None, None))
+
+
+@flaw("R2000")
+def line_ends_doubled(d):
+    return Flawed(d.bytes("\n\n"), repairs=(len(d.lines), range(2, 3)))
+
+
+@flaw("R12")
+def line_ends_CRLF_doubled(d):
+    return Flawed(d.bytes("\r\n\r\n"), repairs=(len(d.lines), range(2, 3)))
+
+
+@flaw("R2018")
+def characters_of_16_bits_without_a_mark(d):
+    return Flawed(d.bytes().decode().encode("utf-16-le"), repairs=(1, range(1, 2)))
+
+
+@flaw("BARE")
+def characters_of_16_bits_without_a_mark_in_R12(d):
+    return Flawed(d.bytes().decode().encode("utf-16-be"), repairs=(1, range(1, 2)))
+
+
+@flaw("R12")
+def NUL_at_the_end_of_every_line(d):
+    return Flawed(d.bytes().replace(b"\n", b"\0\n"), repairs=MAY)
 
 
 @flaw("R2000")

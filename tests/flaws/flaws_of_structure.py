@@ -1,10 +1,23 @@
 """Flaws of the structure: missing ends, sections and tables, files that break off."""
 
 from dxf_lines import DxfLines, line_number
-from flaw import MAY, SPREAD, Flawed, flaw, near
+from flaw import MAY, NONE, SPREAD, Flawed, flaw, near
 
 
 # -- missing ends, sections, tables
+
+@flaw("R2018")
+def section_name_of_the_header_missing(d):
+    begin, _ = d.section("HEADER")
+    d.remove(begin - 2, begin)
+    return (1, None)
+
+
+@flaw("R2000")
+def groups_before_the_first_header_variable(d):
+    d.insert(d.section("HEADER")[0], " 70", "5", "  5", "7A")
+    return MAY
+
 
 def missing_end(name, base, where):
     """A flaw that leaves out the pair at the position that `where` gives."""
@@ -130,6 +143,19 @@ def release_unknown_and_new(d):
 def release_unknown_and_old(d):
     i = acadver(d)
     d.set(i, "AC1000")
+    return MAY
+
+
+@flaw("R2018")
+def release_in_lower_case(d):
+    i = acadver(d)
+    d.set(i, "ac1032")
+    return MAY
+
+
+@flaw("R2018")
+def release_behind_another_group_code(d):
+    d.lines[acadver(d)] = "  3"
     return MAY
 
 
@@ -266,6 +292,82 @@ def no_block_records_but_those_of_layouts(d):
         start = max(p for p, code, _ in d.pairs(begin, i) if code == 0)
         d.remove(start, d.find(0, None, i))
     return MAY
+
+
+def doubled(d, table):
+    begin, _ = d.table(table)
+    first = d.find(0, table, begin)
+    behind = d.find(0, None, first + 2)
+    d.insert(behind, *d.lines[first:behind])
+    return near(1, behind)
+
+
+@flaw("R2000")
+def layer_twice_in_the_table(d):
+    return doubled(d, "LAYER")
+
+
+@flaw("R12")
+def layer_twice_in_the_table_of_R12(d):
+    return doubled(d, "LAYER")
+
+
+@flaw("R2000")
+def block_record_twice(d):
+    return doubled(d, "BLOCK_RECORD")
+
+
+@flaw("R2000")
+def table_of_layers_twice(d):
+    begin, end = d.table("LAYER")
+    d.insert(end + 2, *d.lines[begin:end + 2])
+    return MAY
+
+
+def blanks_behind_names(d, table):
+    for i, code, value in list(d.pairs(*d.table(table))):
+        if code == 2 and value != table:
+            d.set(i, value + "  ")
+    return NONE
+
+
+@flaw("R2000")
+def layer_names_in_the_table_with_blanks_behind(d):
+    return blanks_behind_names(d, "LAYER")
+
+
+@flaw("R12")
+def layer_names_in_the_table_of_R12_with_blanks_behind(d):
+    return blanks_behind_names(d, "LAYER")
+
+
+@flaw("R2018")
+def block_records_with_blanks_behind_their_names(d):
+    return blanks_behind_names(d, "BLOCK_RECORD")
+
+
+@flaw("R2000")
+def block_name_with_a_blank_behind_in_a_reference(d):
+    i = d.group("INSERT", 2)
+    d.set(i, d.lines[i + 1] + " ")
+    return NONE
+
+
+@flaw("R2000")
+def names_of_spaces_in_capitals(d):
+    for i, code, value in list(d.pairs()):
+        if code in (2, 3) and value.startswith(("*Model_Space", "*Paper_Space")):
+            d.set(i, value.upper())
+    return NONE
+
+
+@flaw("R12")
+def blocks_with_their_second_name_only(d):
+    names = [i for i, code, _ in d.pairs(*d.section("BLOCKS")) if code in (0, 2)]
+    for i, behind in reversed(list(zip(names, names[1:]))):
+        if d.lines[i + 1] == "BLOCK" and d.lines[behind].strip() == "2":
+            d.remove(behind, behind + 2)
+    return NONE
 
 
 @flaw("R2000")

@@ -99,6 +99,29 @@ def unknown_warnings(text, warnings):
             yield f"{name}: docs/document.md does not have the warning {warning}"
 
 
+def repair_words(code):
+    """The words for several repairs of a kind in the table of the code."""
+    entries = re.findall(r'RepairWords\{DxfRepair::\w+,\s*"[^"]*",\s*"([^"]*)"\}', code)
+    assert len(entries) == code.count("RepairWords{"), "an entry of another form"
+    return set(entries)
+
+
+def unequal_repairs(text, words):
+    """Kinds of repairs that the table of docs/repairs.md or the code lacks."""
+    rows = [line.rsplit("|", 2)[1] for line in text.splitlines()
+            if line.startswith("|") and not line.startswith(("|--", "| the file has "))]
+    told = {word.strip() for row in rows for word in row.split(", ")}
+    # One kind's words have commas themselves.
+    told |= {row.strip() for row in rows}
+    for word in sorted(words - told):
+        yield f"docs/repairs.md does not have: {word}"
+    parts = {part for word in words for part in word.split(", ")} | words
+    for row in rows:
+        for word in row.split(", "):
+            if word.strip() not in parts:
+                yield f"docs/repairs.md has what no repair is called: {word.strip()}"
+
+
 def golden_warnings():
     for path in sorted((ROOT / "tests/golden").glob("*/expected/*.json")):
         document = json.loads(path.read_text(encoding="utf-8", errors="replace"))

@@ -192,6 +192,54 @@ TEST(DxfFrontEnd, AddsLayersThatNoTableNames) {
   EXPECT_EQ(Repairs(file, DxfRepair::kLayers), 1U);
 }
 
+TEST(DxfFrontEnd, LeavesOutBlanksBehindNamesOfTablesAndBlocks) {
+  for (const char* const name : {"2\nWalls\n", "2\nDoor\n70", "2\n*Model_Space\n"}) {
+    std::string blank(name);
+    blank.insert(blank.find('\n', 2), "  ");
+    const PreparedDxf prepared(Replaced(Good(), name, blank));
+    EXPECT_EQ(Flat(prepared.text()), Flat(Good())) << name;
+    EXPECT_TRUE(prepared.repairs().IsEmpty()) << name;
+  }
+  EXPECT_EQ(Prepared(Replaced(Good(), "*Model_Space", "*MODEL_SPACE")), Flat(Good()));
+}
+
+TEST(DxfFrontEnd, LeavesOutTableEntriesThatStoodThereBefore) {
+  for (const std::string entry : {"0\nLAYER\n5\n10\n330\n2\n2\nWalls\n70\n0\n62\n1\n",
+                                  "0\nBLOCK_RECORD\n5\n21\n330\n1\n2\nDoor\n"}) {
+    const std::string file = Replaced(Good(), entry, entry + entry);
+    const std::string text = Prepared(file);
+    EXPECT_EQ(text.find(Flat(entry)), text.rfind(Flat(entry))) << text;
+    EXPECT_TRUE(Holds(text, Flat(entry))) << text;
+    EXPECT_EQ(Repairs(file, DxfRepair::kRepeatedRecords), 1U);
+  }
+}
+
+TEST(DxfFrontEnd, CallsALostBlockRecordAsItsBlockDoes) {
+  const std::string file = Replaced(Good(), "0\nBLOCK_RECORD\n5\n21\n330\n1\n2\nDoor\n", "");
+  EXPECT_TRUE(Holds(Prepared(file), "0,BLOCK_RECORD,5,21,")) << Prepared(file);
+  EXPECT_EQ(Repairs(file, DxfRepair::kMissingBlockRecords), 1U);
+  EXPECT_EQ(Repairs(file, DxfRepair::kOwners), 0U);
+}
+
+TEST(DxfFrontEnd, GivesAnAttributeOfAStrangeOwnerToItsReference) {
+  const auto file = [](const std::string& owner) {
+    return Header("AC1015") + kTables + Section("BLOCKS", Block(Point("40", "21"))) +
+           Section("ENTITIES",
+                   "0\nINSERT\n5\n50\n330\n20\n100\nAcDbEntity\n8\nWalls\n"
+                   "100\nAcDbBlockReference\n66\n1\n2\nDoor\n10\n1.0\n20\n2.0\n"
+                   "0\nATTRIB\n5\n51\n330\n" +
+                       owner +
+                       "\n100\nAcDbEntity\n8\nWalls\n100\nAcDbText\n10\n1.0\n20\n2.0\n1\nx\n"
+                       "100\nAcDbAttribute\n2\nTAG\n70\n0\n"
+                       "0\nSEQEND\n5\n52\n330\n50\n100\nAcDbEntity\n8\nWalls\n") +
+           kEnd;
+  };
+  EXPECT_EQ(PreparedDxf(file("50")).outcome(), Outcome::kPassedOn);
+  EXPECT_EQ(PreparedDxf(file("20")).outcome(), Outcome::kPassedOn);
+  EXPECT_TRUE(Holds(Prepared(file("DEAD")), "0,ATTRIB,5,51,330,50,"));
+  EXPECT_EQ(Repairs(file("DEAD"), DxfRepair::kOwners), 1U);
+}
+
 TEST(DxfFrontEnd, GivesNewHandlesForMissingAndRepeatedOnes) {
   const std::string missing = Replaced(Good(), "0\nPOINT\n5\n50\n", "0\nPOINT\n");
   EXPECT_TRUE(Holds(Prepared(missing), "0,POINT,5,1000,330,20,"));
@@ -223,6 +271,8 @@ TEST(DxfFrontEnd, LeavesOutUnknownSections) {
 TEST(DxfFrontEnd, TakesAReleaseThatTheFileLooksLike) {
   EXPECT_TRUE(Holds(Prepared(Replaced(Good(), "AC1015", "AC9999")), "1,AC1015,"));
   EXPECT_TRUE(Holds(Prepared(Replaced(Good(), "AC1015", "AC1019")), "1,AC1018,"));
+  EXPECT_TRUE(Holds(Prepared(Replaced(Good(), "AC1015", " ac1015")), "1,AC1015,"));
+  EXPECT_TRUE(Holds(Prepared(Replaced(Good(), "1\nAC1015", "3\nAC1015")), "1,AC1015,"));
   EXPECT_TRUE(
       Holds(Prepared(Replaced(Replaced(Good(), "AC1015", "AC9999"), "Walls", "W\xC3\xA4nde")),
             "1,AC1021,"));
@@ -275,6 +325,7 @@ TEST(DxfFrontEnd, TakesByteOrderMarksAnd16BitText) {
   wide += '\n';
   EXPECT_EQ(PreparedDxf(wide).text(), Good());
   EXPECT_EQ(Repairs(wide, DxfRepair::kUtf16Text), 1U);
+  EXPECT_EQ(PreparedDxf(std::string_view(wide).substr(2)).text(), Good());
   EXPECT_EQ(Utf8FromUtf16(std::string("\xFE\xFF\xD8\x3D\xDE\x00\xD8\x00\x00\x41", 10)),
             "\xF0\x9F\x98\x80\xEF\xBF\xBD"
             "A");
