@@ -10,8 +10,8 @@
 
 #include "reading/dxf/dxf_values.hpp"
 
-// The longest value that the reader takes whole is a little longer.
-inline constexpr std::size_t kMostDxfValueBytes = 4000;
+// The reader takes longer ones, too, but no text is one.
+inline constexpr std::size_t kMostDxfValueBytes = 1000000;
 
 struct DxfPair {
   int code = 0;

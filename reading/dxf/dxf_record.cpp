@@ -408,7 +408,7 @@ DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
     case kLayerCode: return NoteLayer(pair.value);
     default: break;
   }
-  if (subclassCount > 1 && IsMovableDxfProperty(name, pair.code)) {
+  if (IsBehindCommonPart() && IsMovableDxfProperty(name, pair.code)) {
     hasMisplacedProperty = true;
     return Meaning::kMisplacedProperty;
   }

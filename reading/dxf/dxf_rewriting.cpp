@@ -60,6 +60,7 @@ struct RecordForm {
   std::optional<std::uint64_t> owner{};
   std::optional<std::string_view> layer{};
   std::string_view flags{};  // group 70, when the record has none
+  std::string_view title{};  // another group 2
 };
 
 class Rewriter {
@@ -357,8 +358,8 @@ class Rewriter {
                         (!form.owner || (facts.hasOwner && facts.owner == *form.owner)) &&
                         !form.layer && !record.hasComments && !facts.hasMisplacedProperty &&
                         !facts.hasUnknownSubclass && !facts.hasSecondName && !facts.LacksGroups() &&
-                        !facts.HasWrongCount() && form.flags.empty() && !LacksSubclasses(facts) &&
-                        !LacksEntityMarker(facts);
+                        !facts.HasWrongCount() && form.flags.empty() && form.title.empty() &&
+                        !LacksSubclasses(facts) && !LacksEntityMarker(facts);
     if (isSame) {
       CopyBytes(facts.begin, record.end);
     } else {
@@ -385,8 +386,11 @@ class Rewriter {
     if (facts.HasWrongCount()) {
       Report(DxfRepair::kCounts, facts.begin);
     }
+    bool hasMoved = !facts.hasMisplacedProperty;
     if (LacksEntityMarker(facts)) {
       WritePair(kSubclassCode, "AcDbEntity");
+      WriteMoved(record, form);
+      hasMoved = true;
     }
     const std::size_t lastMarker = LastMarker(record);
     if (lastMarker == 0) {
@@ -395,10 +399,14 @@ class Rewriter {
     if (facts.hasSecondName) {
       WritePair(kNameCode, facts.title);
     }
-    bool hasMoved = !facts.hasMisplacedProperty;
+    if (!form.title.empty()) {
+      Report(DxfRepair::kMissingGroups, facts.begin);
+      WritePair(kNameCode, form.title);
+    }
     for (std::size_t i = 1; i < record.pairs.size(); ++i) {
       const DxfPair& pair = record.pairs[i];
-      if (!IsWritten(record.meanings[i], form)) {
+      const bool isOldTitle = pair.code == kNameCode && !form.title.empty();
+      if (isOldTitle || !IsWritten(record.meanings[i], form)) {
         continue;
       }
       WriteOwnPair(record, i, form);
@@ -473,9 +481,8 @@ class Rewriter {
     constexpr int kThird = 12;
     constexpr int kNextAxis = 10;
     for (int code = kThird; code < kThird + 3 * kNextAxis; code += kNextAxis) {
-      if (const DxfPair* const third = Find(record, code)) {
-        WritePair(code + 1, third->value);
-      }
+      const DxfPair* const third = Find(record, code);
+      WritePair(code + 1, third == nullptr ? "0.0" : third->value);
     }
   }
 
@@ -725,15 +732,16 @@ class Rewriter {
       Report(DxfRepair::kRepeatedRecords, record.facts.begin);
       return;
     }
-    std::uint64_t handle = 0;
-    if (const auto at = blockAt_.find(record.facts.begin);
-        record.facts.name == "BLOCK_RECORD" && at != blockAt_.end()) {
-      handle = HandleForBlock(record.facts, at->second);
-      blockRecords_[at->second] = handle;
-    } else {
-      handle = HandleFor(record.facts);
+    const auto at = blockAt_.find(record.facts.begin);
+    if (record.facts.name != "BLOCK_RECORD" || at == blockAt_.end()) {
+      WriteRecord(record, {.handle = HandleFor(record.facts)});
+      return;
     }
-    WriteRecord(record, {.handle = handle});
+    const std::uint64_t handle = HandleForBlock(record.facts, at->second);
+    blockRecords_[at->second] = handle;
+    const DxfBlockName& block = survey_.blocks[at->second];
+    WriteRecord(record,
+                {.handle = handle, .title = block.isRenamed ? block.name : std::string_view{}});
   }
 
   // Whether a layer or block record of that name and handle stands there already.

@@ -460,7 +460,24 @@ class Surveyor {
     return !record_.isInPaper && (!record_.hasOwner || isPlaceholder);
   }
 
+  // Records that lost their name, and those of spaces, are called as their BLOCK.
+  void RenameRecord() {
+    const auto at = survey_.blockByRecord.find(record_.owner);
+    if (at == survey_.blockByRecord.end() ||
+        survey_.blockByKey.contains(DxfNameKey(record_.title))) {
+      return;
+    }
+    DxfBlockName& block = survey_.blocks[at->second];
+    if (block.name.empty() || (IsDxfSpace(record_.title) && !IsDxfSpace(block.name))) {
+      block.name = record_.title;
+      block.isRenamed = true;
+      survey_.blockByKey.emplace(DxfNameKey(record_.title), at->second);
+      survey_.needsRewriting = true;
+    }
+  }
+
   void BeginBlock() {
+    RenameRecord();
     const auto byRecord = survey_.blockByRecord.find(record_.owner);
     const auto byName = survey_.blockByKey.find(DxfNameKey(record_.title));
     if (byRecord != survey_.blockByRecord.end() &&

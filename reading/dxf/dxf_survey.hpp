@@ -30,6 +30,7 @@ struct DxfBlockName {
   std::uint64_t owner = 0;   // without one: the handle that the BLOCK says it has
   std::size_t begin = 0;     // of the BLOCK_RECORD, else of the BLOCK
   bool hasRecord = false;
+  bool isRenamed = false;  // the BLOCK's name instead of the record's
 };
 
 struct DxfLayerName {

@@ -74,6 +74,18 @@ def polyline_that_does_not_announce_its_vertices(d):
     return NONE
 
 
+@flaw("R12")
+def text_of_many_bytes(d):
+    d.set(d.group("TEXT", 1), "twelve bytes " * 9000)
+    return [NONE, d.copy()]
+
+
+@flaw("R2018")
+def multi_line_text_of_many_bytes_in_one_line(d):
+    d.set(d.group("MTEXT", 1), "twelve bytes " * 9000)
+    return [NONE, d.copy()]
+
+
 # -- counts
 
 def leader(count):

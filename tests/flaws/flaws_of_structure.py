@@ -318,6 +318,15 @@ def block_record_twice(d):
 
 
 @flaw("R2000")
+def block_records_without_names(d):
+    begin, end = d.table("BLOCK_RECORD")
+    for i, code, value in reversed(list(d.pairs(begin, end))):
+        if code == 2 and value in ("*Model_Space", "WINDOW"):
+            d.remove(i, i + 2)
+    return (2, range(begin + 1, end))
+
+
+@flaw("R2000")
 def table_of_layers_twice(d):
     begin, end = d.table("LAYER")
     d.insert(end + 2, *d.lines[begin:end + 2])

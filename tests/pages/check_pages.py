@@ -4,7 +4,8 @@
 Every relative link of every page leads to a file, and to a heading of it when it
 names one. Every path of the repository that a page names in code style exists.
 tests/drawings/SOURCES.md lists each drawing once and nothing else. Every warning
-of a golden document is one of the texts in docs/document.md.
+of a golden document is one of the texts in docs/document.md. docs/repairs.md has the
+words of every kind of repair.
 
 Each check is also run on a planted mistake, which it has to find.
 """
@@ -129,7 +130,7 @@ def golden_warnings():
             yield path.relative_to(ROOT).as_posix(), warning
 
 
-def planted(texts, drawings):
+def planted(texts, drawings, words):
     """The name of each planted mistake and what its check says about it."""
     page = "docs/document.md"
     return {
@@ -140,6 +141,10 @@ def planted(texts, drawings):
         "a source without a drawing": wrong_sources("| none/x.dwg | | | | |", drawings),
         "a source listed twice": wrong_sources(texts[SOURCES] + "| qcad/spline007.dxf | |\n" * 2,
                                                drawings),
+        "a repair that the page lacks": unequal_repairs(texts["docs/repairs.md"],
+                                                        words | {"odd things"}),
+        "a repair that the code lacks": unequal_repairs(texts["docs/repairs.md"],
+                                                        words - {sorted(words)[0]}),
         "an unknown warning": unknown_warnings(texts[page], [("planted", "Something is odd")]),
     }
 
@@ -150,12 +155,14 @@ def main():
                 for path in (ROOT / "tests/drawings").rglob("*")
                 if path.suffix.lower() in (".dwg", ".dxf")}
     warnings = list(golden_warnings())
+    words = repair_words((ROOT / "reading/dxf/dxf_repairs.cpp").read_text(encoding="utf-8"))
     mistakes = [mistake for name, text in texts.items()
                 for check in (broken_links, missing_paths) for mistake in check(name, text)]
     mistakes += wrong_sources(texts[SOURCES], drawings)
     mistakes += unknown_warnings(texts["docs/document.md"], warnings)
+    mistakes += unequal_repairs(texts["docs/repairs.md"], words)
     mistakes += [f"not found although planted: {name}"
-                 for name, found in planted(texts, drawings).items() if not list(found)]
+                 for name, found in planted(texts, drawings, words).items() if not list(found)]
     for mistake in mistakes:
         print(mistake)
     print(f"{len(texts)} pages, {len(drawings)} drawings, {len(warnings)} warnings, "

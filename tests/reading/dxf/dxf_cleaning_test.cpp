@@ -72,7 +72,12 @@ TEST(DxfCleaning, GivesOddHandlesTheSameNewOneEverywhere) {
 }
 
 TEST(DxfCleaning, CutsLongTextsAndLeavesOutNulBytes) {
-  EXPECT_EQ(Clean("1\n" + std::string(5000, 'x') + "\n"), "1\n" + std::string(4000, 'x') + "\n");
+  constexpr std::size_t kMost = 1000000;
+  const std::string longest(kMost, 'x');
+  EXPECT_EQ(Clean("1\n" + longest + "\n"), "1\n" + longest + "\n");
+  const CleanedDxf cut = CleanDxf("1\n" + longest + "y\n");
+  EXPECT_EQ(cut.text, "1\n" + longest + "\n");
+  EXPECT_EQ(cut.repairs.CountOf(DxfRepair::kLongTexts), 1U);
   EXPECT_EQ(Clean(std::string("1\na\0b\n", 6)), "1\nab\n");
 }
 

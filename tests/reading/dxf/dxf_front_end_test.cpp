@@ -221,6 +221,15 @@ TEST(DxfFrontEnd, CallsALostBlockRecordAsItsBlockDoes) {
   EXPECT_EQ(Repairs(file, DxfRepair::kOwners), 0U);
 }
 
+TEST(DxfFrontEnd, CallsARecordWithoutANameAsItsBlockIsCalled) {
+  const std::string file = Replaced(Good(), "330\n1\n2\nDoor\n", "330\n1\n");
+  EXPECT_TRUE(Holds(Prepared(file), "0,BLOCK_RECORD,5,21,2,Door,330,1,")) << Prepared(file);
+  EXPECT_EQ(Repairs(file, DxfRepair::kMissingGroups), 1U);
+  EXPECT_EQ(Repairs(file, DxfRepair::kOwners), 0U);
+  const PreparedDxf prepared(file);
+  EXPECT_EQ(PreparedDxf(prepared.text()).outcome(), Outcome::kPassedOn);
+}
+
 TEST(DxfFrontEnd, GivesAnAttributeOfAStrangeOwnerToItsReference) {
   const auto file = [](const std::string& owner) {
     return Header("AC1015") + kTables + Section("BLOCKS", Block(Point("40", "21"))) +
