@@ -8,13 +8,26 @@
 
 namespace {
 
-constexpr std::string_view kSentinel{"AutoCAD Binary DXF\r\n\x1A\0", 22};
+constexpr std::string_view kSentinel = "AutoCAD Binary DXF";
+
+// How long it is with the CR, LF, ^Z and NUL behind it, of which some are lost when
+// the file was sent as text. 0: it is none.
+std::size_t SentinelSize(std::string_view bytes) {
+  if (!bytes.starts_with(kSentinel)) {
+    return 0;
+  }
+  const std::size_t end = bytes.find_first_not_of("\r\n\x1A", kSentinel.size());
+  return end != std::string_view::npos && bytes[end] == '\0' ? end + 1 : 0;
+}
 
 class BinaryReader {
  public:
-  BinaryReader(std::string_view bytes, DxfRepairs& repairs) : bytes_(bytes), repairs_(repairs) {
-    // Behind a code of two bytes for the first record comes its other byte.
-    hasWideCodes_ = at_ + 1 < bytes_.size() && bytes_[at_] == '\0' && bytes_[at_ + 1] == '\0';
+  BinaryReader(std::string_view bytes, DxfRepairs& repairs)
+      : bytes_(bytes), repairs_(repairs), at_(SentinelSize(bytes)) {
+    // A first record, or a comment before it, has a code of two bytes when its
+    // other byte follows.
+    const std::string_view first = bytes_.substr(at_, 2);
+    hasWideCodes_ = first == std::string_view("\0\0", 2) || first == "\xE7\x03";
   }
 
   std::string Run() {
@@ -135,7 +148,7 @@ class BinaryReader {
 
   std::string_view bytes_;
   DxfRepairs& repairs_;
-  std::size_t at_ = kSentinel.size();
+  std::size_t at_;
   std::size_t line_ = 1;
   bool hasWideCodes_ = false;
   bool isEnd_ = false;
@@ -145,7 +158,7 @@ class BinaryReader {
 }  // namespace
 
 bool IsBinaryDxf(std::string_view bytes) {
-  return bytes.starts_with(kSentinel);
+  return SentinelSize(bytes) != 0;
 }
 
 std::string TextFromBinaryDxf(std::string_view bytes, DxfRepairs& repairs) {

@@ -34,16 +34,17 @@ PreparedDxf::PreparedDxf(std::string_view bytes) : bytes_(bytes), text_(bytes), 
 }
 
 void PreparedDxf::Prepare() {
-  if (IsBinaryDxf(bytes_)) {
-    decoded_ = TextFromBinaryDxf(bytes_, repairs_);
-    read_ = decoded_;
-  } else if (IsUtf16(bytes_)) {
-    repairs_.Add(DxfRepair::kUtf16Text, 1);
-    decoded_ = Utf8FromUtf16(bytes_);
-    read_ = decoded_;
-  } else if (HasUtf8Mark(bytes_)) {
+  if (HasUtf8Mark(bytes_)) {
     repairs_.Add(DxfRepair::kByteOrderMark, 1);
     read_.remove_prefix(kUtf8MarkSize);
+  }
+  if (IsBinaryDxf(read_)) {
+    decoded_ = TextFromBinaryDxf(read_, repairs_);
+    read_ = decoded_;
+  } else if (IsUtf16(read_)) {
+    repairs_.Add(DxfRepair::kUtf16Text, 1);
+    decoded_ = Utf8FromUtf16(read_);
+    read_ = decoded_;
   }
   DxfSurvey survey = SurveyDxf(read_);
   const bool hasNul = read_.substr(0, survey.end).find('\0') != std::string_view::npos;

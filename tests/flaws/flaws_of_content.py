@@ -271,6 +271,22 @@ def binary_of_R2018(_):
     return Flawed(binary("R2018"))
 
 
+def sentinel_flaw(name, release, sentinel, repairs=NONE):
+    def edit(_):
+        return Flawed(sentinel + binary(release)[22:], repairs=repairs)
+    flaw(release, name)(edit)
+
+
+sentinel_flaw("binary_sent_as_text", "R2000", b"AutoCAD Binary DXF\n\x1a\0")
+sentinel_flaw("binary_of_R12_sent_as_text", "R12", b"AutoCAD Binary DXF\r\r\n\x1a\0")
+sentinel_flaw("binary_with_a_byte_order_mark", "R2018",
+              b"\xef\xbb\xbfAutoCAD Binary DXF\r\n\x1a\0", MAY)
+sentinel_flaw("binary_with_a_comment_at_the_start", "R2018",
+              b"AutoCAD Binary DXF\r\n\x1a\0\xe7\x03a comment\0")
+sentinel_flaw("binary_of_R12_with_a_comment_at_the_start", "R12",
+              b"AutoCAD Binary DXF\r\n\x1a\0\xff\xe7\x03a comment\0")
+
+
 @flaw("R2000")
 def binary_cut_in_the_middle(d):
     data = binary("R2000")
