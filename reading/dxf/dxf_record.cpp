@@ -296,6 +296,10 @@ DxfRecord DxfRecord::Begin(const DxfPair& pair) {
 }
 
 DxfRecord::Meaning DxfRecord::NoteOwner(std::string_view value) {
+  if (groupDepth != 0 && isForeignGroup) {
+    hasForeignHandle = hasForeignHandle || hasOwner;
+    return Meaning::kForeignHandle;
+  }
   // Behind the common part a 330 is something else.
   if (groupDepth != 0 || hasOwner || subclassCount > 1) {
     return Meaning::kOther;
@@ -303,6 +307,12 @@ DxfRecord::Meaning DxfRecord::NoteOwner(std::string_view value) {
   hasOwner = true;
   owner = ParseDxfHandle(value).value_or(0);
   return Meaning::kOwner;
+}
+
+DxfRecord::Meaning DxfRecord::NoteGroupBracket(std::string_view value) {
+  groupDepth = value.starts_with('{') ? 1 : 0;
+  isForeignGroup = groupDepth != 0 && !value.starts_with("{ACAD_");
+  return Meaning::kOther;
 }
 
 DxfRecord::Meaning DxfRecord::NoteLayer(std::string_view value) {
@@ -324,6 +334,7 @@ DxfRecord::Meaning DxfRecord::NoteSubclass(std::string_view value) {
     return Meaning::kUnknownSubclass;
   }
   ++subclassCount;
+  groupDepth = 0;  // no group goes on behind it
   hasEntityMarker = hasEntityMarker || value == "AcDbEntity";
   hasDimensionMarker =
       hasDimensionMarker || (value.ends_with("Dimension") && value != "AcDbDimension");
@@ -403,7 +414,7 @@ DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
       return Meaning::kHandle;
     case kOwnerCode: return NoteOwner(pair.value);
     case kSubclass: return NoteSubclass(pair.value);
-    case kGroup: groupDepth = pair.value.starts_with('{') ? 1 : 0; return Meaning::kOther;
+    case kGroup: return NoteGroupBracket(pair.value);
     case kPaperCode: isInPaper = TrimmedDxf(pair.value) == "1"; break;
     case kLayerCode: return NoteLayer(pair.value);
     default: break;

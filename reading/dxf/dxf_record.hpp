@@ -82,8 +82,10 @@ struct DxfRecord {
   std::uint64_t handle = 0;
   std::uint64_t owner = 0;
   std::string_view layer;
-  std::string_view title;  // the first group 2, for a BLOCK without one its group 3
-  int groupDepth = 0;      // of application groups
+  std::string_view title;       // the first group 2, for a BLOCK without one its group 3
+  int groupDepth = 0;           // of application groups
+  bool isForeignGroup = false;  // it is another program's
+  bool hasForeignHandle = false;
   int subclassCount = 0;
   bool hasHandle = false;
   bool hasOwner = false;
@@ -113,12 +115,14 @@ struct DxfRecord {
     kOwner,
     kLayer,
     kMisplacedProperty,
-    kUnknownSubclass
+    kUnknownSubclass,
+    kForeignHandle,  // in a group of another program: the reader takes it for an owner
   };
   Meaning Note(const DxfPair& pair);
 
  private:
   Meaning NoteOwner(std::string_view value);
+  Meaning NoteGroupBracket(std::string_view value);
   Meaning NoteLayer(std::string_view value);
   Meaning NoteSubclass(std::string_view value);
   void NoteName(const DxfPair& pair);

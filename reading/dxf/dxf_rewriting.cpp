@@ -357,9 +357,10 @@ class Rewriter {
     const bool isSame = facts.handle == form.handle &&
                         (!form.owner || (facts.hasOwner && facts.owner == *form.owner)) &&
                         !form.layer && !record.hasComments && !facts.hasMisplacedProperty &&
-                        !facts.hasUnknownSubclass && !facts.hasSecondName && !facts.LacksGroups() &&
-                        !facts.HasWrongCount() && form.flags.empty() && form.title.empty() &&
-                        !LacksSubclasses(facts) && !LacksEntityMarker(facts);
+                        !facts.hasUnknownSubclass && !facts.hasSecondName &&
+                        !facts.hasForeignHandle && !facts.LacksGroups() && !facts.HasWrongCount() &&
+                        form.flags.empty() && form.title.empty() && !LacksSubclasses(facts) &&
+                        !LacksEntityMarker(facts);
     if (isSame) {
       CopyBytes(facts.begin, record.end);
     } else {
@@ -568,6 +569,7 @@ class Rewriter {
       case DxfRecord::Meaning::kHandle: return form.handle == 0;
       case DxfRecord::Meaning::kOwner: return !form.owner;
       case DxfRecord::Meaning::kMisplacedProperty:
+      case DxfRecord::Meaning::kForeignHandle:
       case DxfRecord::Meaning::kUnknownSubclass: return false;
       default: return true;
     }

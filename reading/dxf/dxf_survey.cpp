@@ -411,8 +411,8 @@ class Surveyor {
         lacksSubclasses_ || LacksDxfSubclasses(record_) || LacksDxfEntityMarker(record_);
     const DxfPlaced placed = placement_.Next(record_);
     if (placed.lacksBlockEnd || placed.lacksSequenceEnd || record_.hasMisplacedProperty ||
-        record_.hasUnknownSubclass || record_.hasSecondName || record_.LacksGroups() ||
-        record_.HasWrongCount()) {
+        record_.hasUnknownSubclass || record_.hasSecondName || record_.hasForeignHandle ||
+        record_.LacksGroups() || record_.HasWrongCount()) {
       survey_.needsRewriting = true;
     }
     switch (placed.place) {

@@ -98,6 +98,26 @@ def handle_1F_for_a_block(d):
     return NONE
 
 
+# -- groups of other programs
+
+def vendor_group(d, kind, section, behind_owner):
+    for begin, end in reversed([d.entity(kind, number, section) for number in range(1)]):
+        i = d.find(330, None, begin, end) + 2 if behind_owner else begin + 2
+        d.insert(i, "102", "{VENDOR", "330", "1F", "360", "0", "102", "}")
+
+
+@flaw("R2000")
+def group_of_another_program_behind_the_owner(d):
+    vendor_group(d, "CIRCLE", "BLOCKS", True)
+    return NONE
+
+
+@flaw("R12")
+def group_of_another_program_in_R12(d):
+    vendor_group(d, "CIRCLE", "BLOCKS", False)
+    return NONE
+
+
 # -- subclass markers and owners
 
 @flaw("R2000")

@@ -1,5 +1,6 @@
 // What our patches to LibreDWG's DXF reader mend: each test reads a small file
 // that the reader refuses, or reads otherwise, without one of them.
+#include <dwg_dxf_skipped.h>
 #include <dxf_from_memory.h>
 #include <gtest/gtest.h>
 
@@ -414,6 +415,20 @@ TEST_F(DxfReaderTest, NoPairIsReadForEver) {
                   Line(),
               "AC1021"));
   EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+// Group 176 belongs to the field before it, and the name of a style has none.
+TEST_F(DxfReaderTest, AVisualStyleIsReadToItsEnd) {
+  dwg_dxf_want_objects(nullptr, 0);
+  dwg_.header.version = R_10;
+  const std::string text =
+      Header("AC1024") + Entities(Line()) +
+      Section("OBJECTS",
+              "0\nVISUALSTYLE\n5\nA0\n330\n0\n100\nAcDbVisualStyle\n2\nX\n70\n4\n177\n3\n"
+              "291\n0\n176\n1\n71\n2\n176\n1\n176\n1\n") +
+      "0\nEOF\n";
+  EXPECT_EQ(dxf_read_memory(text.data(), text.size(), &dwg_), 0);
+  EXPECT_EQ(OfType(DWG_TYPE_VISUALSTYLE).size(), 1U);
 }
 
 TEST_F(DxfReaderTest, AHatchHasThePathsThatItHas) {
