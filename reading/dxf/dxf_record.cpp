@@ -460,9 +460,8 @@ DxfDimensionSubclasses DxfSubclassesOfDimension(int kind) {
        {"AcDbRadialDimension", {}},
        {"AcDb3PointAngularDimension", {}},
        {"AcDbOrdinateDimension", {}}}};
-  return kind < 0 || kind >= static_cast<int>(kSubclasses.size())
-             ? DxfDimensionSubclasses{}
-             : kSubclasses.at(static_cast<std::size_t>(kind));
+  const auto index = static_cast<std::size_t>(kind);
+  return index < kSubclasses.size() ? kSubclasses.at(index) : kSubclasses.front();
 }
 
 bool IsSharedDxfDimensionCode(int code) {

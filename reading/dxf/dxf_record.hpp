@@ -149,7 +149,7 @@ bool LacksDxfEntityMarker(const DxfRecord& record);
 std::string_view DxfSubclassOfType(std::string_view recordName);
 
 // The markers of a kind of dimension (group 70, bits 0 to 2) before and behind its
-// own groups; empty for others.
+// own groups; those of a rotated one for another number.
 struct DxfDimensionSubclasses {
   std::string_view before;
   std::string_view behind;

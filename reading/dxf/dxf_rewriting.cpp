@@ -551,17 +551,17 @@ class Rewriter {
     WritePart(record, form, [](int code) { return code >= kFirstExtended; });
   }
 
-  // Negative when the record does not say.
+  // A rotated one when the record does not say.
   static int KindOfDimension(const WholeRecord& record) {
     constexpr int kFlags = 70;
     constexpr int kKindMask = 7;
     for (const DxfPair& pair : record.pairs) {
       if (pair.code == kFlags) {
         const auto flags = ParseDxfCode(pair.value);
-        return flags && *flags >= 0 ? *flags & kKindMask : -1;
+        return flags && *flags >= 0 ? *flags & kKindMask : 0;
       }
     }
-    return -1;
+    return 0;
   }
 
   static bool IsWritten(DxfRecord::Meaning meaning, const RecordForm& form) {
