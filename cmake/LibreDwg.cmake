@@ -10,7 +10,7 @@ set(DWG_LIBREDWG_CRATE_VERSION 0.16.0)
 set(DWG_LIBREDWG_SOURCE_DIR "" CACHE PATH
     "Unpacked source tree of the LibreDWG crate, for builds without network (checked like the fetched one)")
 option(DWG_LIBREDWG_PATCHES "Apply our own fixes to LibreDWG" ON)
-option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG" ON)
+option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG, behind the fixes" ON)
 # The library is linked statically: nobody replaces its functions, and those
 # that nobody calls can be left out.
 set(DWG_LIBREDWG_C_FLAGS "-O2 -fno-semantic-interposition -ffunction-sections -fdata-sections"
@@ -80,8 +80,6 @@ if(DWG_LIBREDWG_PATCHES)
   if(DWG_LIBREDWG_SPEED_PATCHES)
     list(APPEND libredwg_options libredwg-speed)
   endif()
-elseif(DWG_LIBREDWG_SPEED_PATCHES)
-  list(APPEND libredwg_options PATCHES libredwg-speed)
 endif()
 if(DWG_MIMALLOC)
   include(Mimalloc)

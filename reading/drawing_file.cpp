@@ -1,5 +1,6 @@
 #include "reading/drawing_file.hpp"
 
+#include <dwg_dxf_skipped.h>
 #include <dwg_dxf_text.h>
 #include <dxf_from_memory.h>
 
@@ -25,6 +26,24 @@ namespace {
 bool HasDxfExtension(const std::string& path) {
   return LowerAscii(std::filesystem::path(path).extension().string()) == ".dxf";
 }
+
+// Gives back the memory of what was read of a file, of which the survey has seen
+// all. Does nothing without a file.
+class ReleaseWhileReading {
+ public:
+  explicit ReleaseWhileReading(const FileBytes* file) {
+    if (file != nullptr) {
+      file->Release(file->bytes().size());
+      dwg_dxf_on_read(
+          [](void* user, std::size_t size) { static_cast<const FileBytes*>(user)->Release(size); },
+          // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
+          const_cast<FileBytes*>(file));
+    }
+  }
+  ~ReleaseWhileReading() { dwg_dxf_on_read(nullptr, nullptr); }
+  ReleaseWhileReading(const ReleaseWhileReading&) = delete;
+  ReleaseWhileReading& operator=(const ReleaseWhileReading&) = delete;
+};
 
 TextForm TextFormOf(const Dwg_Data& dwg, bool isDxf) {
   if (isDxf) {
@@ -106,7 +125,12 @@ int DrawingFile::ReadDxf() {
   // With any later target version the DXF reader recodes strings and then
   // loses its own layer and block references.
   data_->header.version = R_10;
-  const int result = dxf_read_memory(prepared.text().data(), prepared.text().size(), data_.get());
+  // The complete form looks at the file's text once more behind the read.
+  const bool isReleased =
+      prepared.outcome() == PreparedDxf::Outcome::kPassedOn && scope_ == ReadingScope::kPlainForm;
+  const ReleaseWhileReading release(isReleased ? &*file : nullptr);
+  const int result = dxf_read_memory(prepared.text().data(), prepared.text().size(),
+                                     prepared.recordCount(), data_.get());
   if (scope_ == ReadingScope::kAll && !IsFatalResult(result)) {
     storedText_ = StoredTextOfDxf(*data_, prepared.text());
     dxfHeader_ = HeaderOfDxf(prepared.text());
@@ -121,6 +145,15 @@ int DrawingFile::ReadDxf() {
     data_->header.from_version = R_INVALID;
   }
   return result;
+}
+
+void DrawingFile::Leave() {
+  // A place that is never forgotten, so that nothing looks lost.
+  [[maybe_unused]] static Dwg_Data* volatile left = nullptr;
+  if (!isFreed_) {
+    isFreed_ = true;
+    left = data_.release();
+  }
 }
 
 void DrawingFile::Free() {

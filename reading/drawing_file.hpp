@@ -44,6 +44,10 @@ class DrawingFile {
   // Gives the drawing's memory back. Harmless when repeated.
   void Free();
 
+  // Leaves it to the end of the process, which gives it back at once. There is
+  // no drawing afterwards.
+  void Leave();
+
   const std::string& path() const { return path_; }
   bool isDxf() const { return isDxf_; }
 

@@ -8,6 +8,7 @@
 void ReadNeededObjectsOnly() {
   static constexpr std::array<const char*, 3> kNeeded = {"LAYOUT", "IMAGEDEF", "PDFDEFINITION"};
   dwg_dxf_want_objects(kNeeded.data(), kNeeded.size());
+  dwg_dxf_want_entity_lists(0);
 }
 
 void ReadAllObjects() {

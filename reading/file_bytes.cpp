@@ -22,12 +22,36 @@ FileBytes::FileBytes(const std::string& path) {
   if (error) {
     return;
   }
-  constexpr std::size_t kBehind = 2;
-  bytes_ = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(size) + kBehind);
-  size_ = std::fread(bytes_.get(), 1, static_cast<std::size_t>(size), file.get());
-  isRead_ = size_ == size;
-  if (size_ != 0 && bytes_[size_ - 1] != '\n') {
-    bytes_[size_++] = '\n';
+  if (!Map(file.get(), static_cast<std::size_t>(size))) {
+    Copy(file.get(), static_cast<std::size_t>(size));
   }
-  bytes_[size_] = '\0';
+}
+
+bool FileBytes::Map(std::FILE* file, std::size_t size) {
+  mapping_.emplace(file, size);
+  if (!mapping_->bytes().ends_with('\n')) {
+    mapping_.reset();
+    return false;
+  }
+  bytes_ = mapping_->bytes();
+  isRead_ = true;
+  return true;
+}
+
+void FileBytes::Copy(std::FILE* file, std::size_t size) {
+  constexpr std::size_t kBehind = 2;
+  copy_ = std::make_unique_for_overwrite<char[]>(size + kBehind);
+  std::size_t end = std::fread(copy_.get(), 1, size, file);
+  isRead_ = end == size;
+  if (end != 0 && copy_[end - 1] != '\n') {
+    copy_[end++] = '\n';
+  }
+  copy_[end] = '\0';
+  bytes_ = {copy_.get(), end};
+}
+
+void FileBytes::Release(std::size_t size) const {
+  if (mapping_) {
+    mapping_->Release(size);
+  }
 }

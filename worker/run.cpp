@@ -189,7 +189,7 @@ int Convert(const char* path, const Options& options) {
   AppendTimedDocument(document, file, options, stopwatch, timings);
   std::fprintf(stderr, "[DWG worker] JSON output size: %zu bytes\n", document.size());
   const bool isWritten = WriteLine(document);
-  file.Free();
+  file.Leave();
   if (!isWritten) {
     std::fputs("[DWG worker] Could not write the document to standard output\n", stderr);
     return 1;

@@ -36,11 +36,30 @@ void dwg_dxf_on_skipped(Dwg_DXF_Skipped_Fn fn, void* user);
    Null for all, which is the default. */
 void dwg_dxf_want_objects(const char* const* names, size_t count);
 
+/* Without them (0) the reads that follow on this thread leave out what only a
+   program needs that writes a DWG: the lists of entities that a BLOCK_HEADER
+   owns and the links from one entity to the next. Each entity still names its
+   owner. 1 is the default. */
+void dwg_dxf_want_entity_lists(int are_wanted);
+
+typedef void (*Dwg_DXF_Read_Fn)(void* user, size_t size);
+
+/* Sets what is told by the reads that follow on this thread, every few
+   megabytes, how many bytes of the text were read; null for nothing, which is
+   the default. The reader looks at them again now and then. */
+void dwg_dxf_on_read(Dwg_DXF_Read_Fn fn, void* user);
+
+/* For the reader itself: so many bytes were read. */
+void dwg_dxf_report_read(size_t size);
+
 /* For the reader itself: tells of one record left out. */
 void dwg_dxf_report_skipped(const Dwg_DXF_Skipped* skipped);
 
 /* For the reader itself: whether objects of that type are to be read. */
 int dwg_dxf_is_wanted_object(const char* name);
+
+/* For the reader itself: whether the lists are wanted. */
+int dwg_dxf_are_entity_lists_wanted(void);
 
 #ifdef __cplusplus
 }

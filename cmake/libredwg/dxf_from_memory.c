@@ -1,5 +1,6 @@
 #include "dxf_from_memory.h"
 
+#include <stdlib.h>
 #include <string.h>
 
 #include "config.h"
@@ -8,8 +9,28 @@
 #include "decode.h"
 #include "in_dxf.h"
 
+/* A few objects are not in the text. No record of a whole drawing takes less
+   than so many bytes. */
+enum
+{
+  MADE_UP_OBJECTS = 64,
+  SMALLEST_RECORD = 32
+};
+
+static void
+make_room (Dwg_Data *dwg, size_t size, size_t records)
+{
+  const size_t most = size / SMALLEST_RECORD;
+  const size_t count = (records < most ? records : most) + MADE_UP_OBJECTS;
+  if (count > UINT32_MAX)
+    return;
+  dwg->object = (Dwg_Object *)malloc (count * sizeof (Dwg_Object));
+  if (dwg->object)
+    dwg->num_alloced_objects = (BITCODE_BL)count;
+}
+
 int
-dxf_read_memory (const char *text, size_t size, Dwg_Data *dwg)
+dxf_read_memory (const char *text, size_t size, size_t records, Dwg_Data *dwg)
 {
   const unsigned int level = dwg->opts & DWG_OPTS_LOGLEVEL;
   const Dwg_Version_Type version = dwg->header.version;
@@ -19,6 +40,8 @@ dxf_read_memory (const char *text, size_t size, Dwg_Data *dwg)
   memset (dwg, 0, sizeof (Dwg_Data));
   dwg->opts = level | DWG_OPTS_INDXF;
   dwg->header.version = version;
+  if (records)
+    make_room (dwg, size, records);
 
   memset (&dat, 0, sizeof (Bit_Chain));
   dat.chain = (unsigned char *)text;

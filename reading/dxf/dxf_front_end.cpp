@@ -56,6 +56,7 @@ void PreparedDxf::Prepare() {
   } else if (survey.hasEnd) {
     CountTrailingLines(survey.end);
   }
+  recordCount_ = survey.recordCount;
   if (survey.parts.empty() || !survey.isProper) {
     outcome_ = Outcome::kNoDxf;
   } else if (!survey.hasEnd && survey.entityCount == 0 && HasOpenEntities(survey)) {

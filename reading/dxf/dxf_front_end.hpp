@@ -34,6 +34,9 @@ class PreparedDxf {
   // What the reader gets: ends with a line feed, with a NUL behind it.
   std::string_view text() const { return text_; }
 
+  // About how many records the text has.
+  std::size_t recordCount() const { return recordCount_; }
+
   // The file names no release; the text names one that it looks like.
   bool IsReleaseMadeUp() const { return rewritten_ && rewritten_->isReleaseMadeUp; }
 
@@ -56,4 +59,5 @@ class PreparedDxf {
   std::optional<CleanedDxf> cleaned_;
   std::optional<RewrittenDxf> rewritten_;
   std::string_view read_;  // what was surveyed
+  std::size_t recordCount_ = 0;
 };

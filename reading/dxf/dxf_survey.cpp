@@ -292,6 +292,7 @@ class Surveyor {
     }
     isInRecord_ = false;
     hasFlaw_ = hasFlaw_ || record_.hasOddName;
+    ++survey_.recordCount;
     if (!record_.hasHandle || record_.handle == 0) {
       hasMissingHandle_ = hasMissingHandle_ || IsHandleWanted();
     } else if (!survey_.handles.Insert(record_.handle)) {

@@ -54,6 +54,7 @@ struct DxfSurvey {
   std::size_t releaseAt = 0;
   bool hasSubclasses = false;   // of entities
   std::size_t entityCount = 0;  // in BLOCKS and ENTITIES
+  std::size_t recordCount = 0;  // of all sections
 
   DxfHandleSet handles;
   std::uint64_t largestHandle = 0;  // of those that leave room for more

@@ -49,7 +49,7 @@ class DxfReaderTest : public testing::Test {
     ReadNeededObjectsOnly();
     losses_.reset();
     losses_ = std::make_unique<DxfLosses>();
-    return dxf_read_memory(text.data(), text.size(), &dwg_);
+    return dxf_read_memory(text.data(), text.size(), 0, &dwg_);
   }
 
   void Read(const std::string& text) { EXPECT_EQ(ResultOf(text), 0); }
