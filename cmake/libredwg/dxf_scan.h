@@ -11,6 +11,11 @@
 #include <stdint.h>
 #include <string.h>
 
+#ifdef __cplusplus
+extern "C"
+{
+#endif
+
 #define DXF_SCAN_MOST 128
 
 static inline int
@@ -97,5 +102,9 @@ dxf_scan_line (const unsigned char *at, const unsigned char *end)
       = (const unsigned char *)memchr (at, '\n', (size_t)(end - at));
   return line ? line + 1 : NULL;
 }
+
+#ifdef __cplusplus
+}
+#endif
 
 #endif

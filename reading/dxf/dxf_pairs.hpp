@@ -67,6 +67,13 @@ class DxfPairReader {
 
   DxfStep ReadValue(DxfPair& pair, const char* value) {
     const char* const textEnd = text_.data() + text_.size();
+    if (textEnd - value > kMostPlainLine) {
+      if (const char* end = EndOfPlainNumber(KindOfDxfCode(pair.code), value); end != nullptr) {
+        pair.value = {value, static_cast<std::size_t>(end - value)};
+        at_ = static_cast<std::size_t>(end + (*end == '\r' ? 2 : 1) - text_.data());
+        return DxfStep::kPair;
+      }
+    }
     const auto* const lineEnd = static_cast<const char*>(
         std::memchr(value, '\n', static_cast<std::size_t>(textEnd - value)));
     if (lineEnd == nullptr) {
@@ -77,6 +84,44 @@ class DxfPairReader {
     pair.value = {value, static_cast<std::size_t>(end - value)};
     at_ = static_cast<std::size_t>(lineEnd + 1 - text_.data());
     return IsProper(pair) ? DxfStep::kPair : DxfStep::kFlaw;
+  }
+
+  // Most lines with a number are no longer.
+  static constexpr std::ptrdiff_t kMostPlainLine = 64;
+
+  static bool IsLineEnd(const char* at) {
+    return *at == '\n' || (*at == '\r' && at[1] == '\n');
+  }
+
+  static const char* SkipDigits(const char* at, const char* most) {
+    while (*at >= '0' && *at <= '9' && at != most) {
+      ++at;
+    }
+    return at;
+  }
+
+  // Where the line ends if it is a short number without any oddity, else null.
+  static const char* EndOfPlainNumber(DxfValueKind kind, const char* line) {
+    const char* const most = line + kMostPlainLine - 2;
+    const char* at = line;
+    while (*at == ' ' && at != most) {
+      ++at;
+    }
+    if (kind == DxfValueKind::kReal) {
+      at += *at == '-' ? 1 : 0;
+      const char* const first = at;
+      at = SkipDigits(at, most);
+      const bool hasPoint = *at == '.';
+      at = hasPoint ? SkipDigits(at + 1, most) : at;
+      return at - first > (hasPoint ? 1 : 0) && IsLineEnd(at) ? at : nullptr;
+    }
+    if (kind == DxfValueKind::kShort || kind == DxfValueKind::kInteger) {
+      constexpr std::ptrdiff_t kNeverOutside = 4;
+      const char* const first = at;
+      at = SkipDigits(at, most);
+      return at != first && at - first <= kNeverOutside && IsLineEnd(at) ? at : nullptr;
+    }
+    return nullptr;
   }
 
   static bool IsProper(const DxfPair& pair) {

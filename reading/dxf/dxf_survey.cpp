@@ -152,6 +152,10 @@ class Surveyor {
 
   void BeginRecord(const DxfPair& pair) {
     const std::string_view name = pair.value;
+    if (isOpen_ && name == content_) {
+      BeginContent(pair, contentSection_);
+      return;
+    }
     if (IsOddName(name)) {
       hasFlaw_ = true;
       return;
@@ -174,7 +178,9 @@ class Surveyor {
       survey_.hasEnd = true;
       survey_.end = pairs_.offset();
     } else {
-      BeginContent(pair);
+      content_ = name;
+      contentSection_ = DxfSectionOfRecord(name);
+      BeginContent(pair, contentSection_);
     }
   }
 
@@ -273,8 +279,7 @@ class Surveyor {
     }
   }
 
-  void BeginContent(const DxfPair& pair) {
-    const DxfSection wanted = DxfSectionOfRecord(pair.value);
+  void BeginContent(const DxfPair& pair, DxfSection wanted) {
     if (!isOpen_ || (Open() != wanted && !Fits(Open(), wanted))) {
       EndSection(pair.begin, false);
       Begin(wanted == DxfSection::kUnknown ? DxfSection::kEntities : wanted, pair.begin);
@@ -548,6 +553,8 @@ class Surveyor {
   std::string_view table_;
   std::vector<std::string_view> tables_;
   std::string_view lastLayer_;
+  std::string_view content_;  // the name of the last record that is none of the brackets
+  DxfSection contentSection_ = DxfSection::kUnknown;
   std::uint64_t blockRecord_ = 0;
   std::uint64_t parent_ = 0;  // the handle of the last entity that is no part of one
   std::uint64_t parentOwner_ = 0;

@@ -111,6 +111,25 @@ bool IsProperReal(std::string_view value) {
   return std::all_of(value.begin() + static_cast<std::ptrdiff_t>(at), value.end(), IsBlank);
 }
 
+// Up to 16 digits and nothing else.
+std::optional<std::uint64_t> ParsePlainHandle(std::string_view value) {
+  if (value.empty() || value.size() > kMostHandleDigits) {
+    return std::nullopt;
+  }
+  constexpr unsigned kBase = 16;
+  constexpr unsigned kTen = 10;
+  constexpr unsigned kLowerCase = 0x20;
+  std::uint64_t handle = 0;
+  for (const char c : value) {
+    const auto letter = (static_cast<unsigned char>(c) | kLowerCase) - unsigned{'a'};
+    if (!IsDigit(c) && letter >= kBase - kTen) {
+      return std::nullopt;
+    }
+    handle = handle * kBase + (IsDigit(c) ? static_cast<unsigned>(c - '0') : letter + kTen);
+  }
+  return handle;
+}
+
 bool IsProperChunk(std::string_view value) {
   return std::all_of(value.begin(), value.end(), IsHexDigit);
 }
@@ -274,6 +293,9 @@ bool IsProperDxfValue(DxfValueKind kind, std::string_view value) {
 }
 
 std::optional<std::uint64_t> ParseDxfHandle(std::string_view value) {
+  if (const auto handle = ParsePlainHandle(value)) {
+    return handle;
+  }
   const std::string_view text = TrimmedDxf(value);
   if (text.empty()) {
     return 0;
