@@ -162,6 +162,25 @@ dxf_read_plain_pair (Bit_Chain *dat, Dxf_Pair *pair)
   return 1;
 }
 
+void
+dxf_pass_over_plain_pairs (Bit_Chain *dat)
+{
+  const unsigned char *const end = dat->chain + dat->size;
+  const unsigned char *at;
+  if (dat->opts & DWG_OPTS_DXFB || dat->byte >= dat->size)
+    return;
+  for (at = line_at (dat); end - at > 2 * DXF_SCAN_MOST;)
+    {
+      int code;
+      const unsigned char *next = dxf_scan_code (at, &code);
+      next = next && code ? dxf_scan_line (next, end) : NULL;
+      if (!next || end - next <= 2 * DXF_SCAN_MOST)
+        return;
+      at = next;
+      dat->byte = (size_t)(at - dat->chain);
+    }
+}
+
 /* Where the value of a point's group goes; null: nowhere yet. */
 static double *
 point_value (Dwg_Entity_LWPOLYLINE *polyline, int code, BITCODE_BL room,

@@ -19,6 +19,10 @@ void dxf_give_back_pair (Dxf_Pair *pair);
    if the next is another, or in a binary DXF. */
 int dxf_read_plain_pair (Bit_Chain *dat, Dxf_Pair *pair);
 
+/* Passes over pairs up to the first of code 0 or that is not written in the plain
+   way. */
+void dxf_pass_over_plain_pairs (Bit_Chain *dat);
+
 /* Reads the points of a polyline, which has room for so many, and what some of
    its points have, as far as the polyline has room for these. `point` is the
    index of the last one. */
