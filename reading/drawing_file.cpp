@@ -68,7 +68,7 @@ void DrawingFile::Open() {
   isOpened_ = true;
   std::error_code error;
   if (isDxf_) {
-    dxf_.emplace(path_);
+    dxf_ = std::make_unique<FileBytes>(path_);
   } else if (std::filesystem::is_regular_file(path_, error)) {
     dwg_.reset(std::fopen(path_.c_str(), "rb"));
   }
@@ -104,7 +104,7 @@ int DrawingFile::ReadDwg() {
 }
 
 int DrawingFile::ReadDxf() {
-  const std::optional<FileBytes> file = std::exchange(dxf_, std::nullopt);
+  const std::unique_ptr<const FileBytes> file = std::move(dxf_);
   if (!file->IsRead() || file->bytes().empty()) {
     return DWG_ERR_IOERROR;
   }
@@ -128,7 +128,7 @@ int DrawingFile::ReadDxf() {
   // The complete form looks at the file's text once more behind the read.
   const bool isReleased =
       prepared.outcome() == PreparedDxf::Outcome::kPassedOn && scope_ == ReadingScope::kPlainForm;
-  const ReleaseWhileReading release(isReleased ? &*file : nullptr);
+  const ReleaseWhileReading release(isReleased ? file.get() : nullptr);
   const int result = dxf_read_memory(prepared.text().data(), prepared.text().size(),
                                      prepared.recordCount(), data_.get());
   if (scope_ == ReadingScope::kAll && !IsFatalResult(result)) {

@@ -11,7 +11,6 @@
 #include <cstdio>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -78,7 +77,7 @@ class DrawingFile {
   ReadingScope scope_;
   bool isOpened_ = false;
   std::unique_ptr<std::FILE, CloseStream> dwg_;
-  std::optional<FileBytes> dxf_;
+  std::unique_ptr<FileBytes> dxf_;
   int result_ = 0;
   bool isFreed_ = false;
   std::unique_ptr<Dwg_Data> data_;
