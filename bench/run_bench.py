@@ -37,7 +37,7 @@ REAL = ["libredwg/2018/Dynblocks.dwg", "aspose-cad/search.dwg", "libredwg/2004/m
         "libredwg/2004/Surface.dxf", "libredwg/2013/Constraints.dwg",
         "ezdxf/Graz_10km_3m.dxf", "mlightcad-cad-viewer/block-color.dxf"]
 GENERATED = [("mixed", 37500), ("mixed", 75000), ("mixed", 150000), ("mixed", 300000),
-             ("text", 50000), ("blocks", 5000), ("hatch", 3000)]
+             ("mixed", 1000000), ("text", 50000), ("blocks", 5000), ("hatch", 3000)]
 INSTRUCTIONS = ["libredwg/example_2000.dwg", "acadsharp/sample_AC1032_ascii.dxf"]
 
 EZDXF = "import sys,ezdxf; ezdxf.readfile(sys.argv[1])"
@@ -207,6 +207,8 @@ def web_package(options):
 
 def commands_of_others(options, web, drawing):
     commands = {"worker": [options.worker, drawing]}
+    if options.acadrust:
+        commands["acadrust"] = [options.acadrust, drawing]
     if drawing.suffix == ".dxf":
         commands["ezdxf"] = [sys.executable, "-c", EZDXF, drawing]
     elif web:  # the package is built without the DXF reader
@@ -227,9 +229,10 @@ def others(options):
                for name, runs in results.items()}
         measures.append({"drawing": drawing.name, **row})
         rows.append([drawing.name] + [f"{row[name]['median_ms']:.0f}" if row.get(name) else "-"
-                                      for name in ("worker", "libredwg-web", "ezdxf")])
+                                      for name in ("worker", "acadrust", "libredwg-web", "ezdxf")])
     table("Other programs for the same job, median milliseconds of the whole process",
-          ["drawing", "worker", "libredwg-web", "ezdxf (reading only)"], rows)
+          ["drawing", "worker", "acadrust (reading only)", "libredwg-web", "ezdxf (reading only)"],
+          rows)
     return measures
 
 
@@ -261,6 +264,8 @@ def main():
     parser.add_argument("--worker", type=pathlib.Path, required=True)
     parser.add_argument("--drawings", type=pathlib.Path, default=ROOT / "tests/drawings")
     parser.add_argument("--generated", type=pathlib.Path, default=pathlib.Path("build/generated"))
+    parser.add_argument("--acadrust", type=pathlib.Path,
+                        help="the program of bench/acadrust_reader, if it is to be measured")
     parser.add_argument("--runs", type=int, default=15)
     parser.add_argument("--only", nargs="*", choices=PARTS, default=list(PARTS))
     parser.add_argument("--json", type=pathlib.Path)

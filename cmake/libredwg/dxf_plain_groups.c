@@ -114,8 +114,10 @@ typedef struct
   uint32_t subclasses_seen, subclasses; /* a bit for each */
 } Plain_Table;
 
-/* The same for all drawings: what the library's own tables say. */
-static _Thread_local Plain_Table tables[PLAIN_COUNT];
+/* Like the rest of the reader's state these are not for several threads: 50 kB
+   that each thread would begin with. The same for all drawings: what the library's
+   own tables say. */
+static Plain_Table tables[PLAIN_COUNT];
 
 typedef struct
 {
@@ -125,7 +127,7 @@ typedef struct
   BITCODE_H ref;
 } Known_Name;
 
-static _Thread_local struct
+static struct
 {
   Known_Name names[NUM_NAMES];
   BITCODE_H owner;
@@ -839,7 +841,7 @@ static const Entity_Type entity_types[] = { PLAIN_TYPES (X) };
 static const Entity_Type *
 find_type (const char *name)
 {
-  static _Thread_local unsigned last;
+  static unsigned last;
   if (strcmp (entity_types[last].name, name) == 0)
     return &entity_types[last];
   for (unsigned i = 0; i < PLAIN_COUNT; i++)

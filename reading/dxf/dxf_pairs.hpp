@@ -89,9 +89,7 @@ class DxfPairReader {
   // Most lines with a number are no longer.
   static constexpr std::ptrdiff_t kMostPlainLine = 64;
 
-  static bool IsLineEnd(const char* at) {
-    return *at == '\n' || (*at == '\r' && at[1] == '\n');
-  }
+  static bool IsLineEnd(const char* at) { return *at == '\n' || (*at == '\r' && at[1] == '\n'); }
 
   // Eight of them.
   static bool AreDigits(const char* at) {

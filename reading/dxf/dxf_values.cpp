@@ -138,7 +138,8 @@ bool IsProperChunk(std::string_view value) {
   unsigned char others = 0;
   for (const char c : value) {
     const auto digit = static_cast<unsigned char>(c - '0');
-    const auto letter = static_cast<unsigned char>((static_cast<unsigned char>(c) | kLowerCase) - 'a');
+    const auto letter =
+        static_cast<unsigned char>((static_cast<unsigned char>(c) | kLowerCase) - 'a');
     others |= static_cast<unsigned char>((digit > kLastDigit ? 1U : 0U) &
                                          (letter > kLastLetter ? 1U : 0U));
   }

@@ -100,8 +100,9 @@ TEST(DxfScanReal, ReadsPlainDecimals) {
 }
 
 TEST(DxfScanReal, LeavesTheRest) {
-  for (const char* line : {"\n", "-\n", ".\n", "-.\n", "1e5\n", "1 \n", "1,5\n", "nan\n", "0x1\n", "1.5.2\n",
-                           "12345678901234567890\n", "0.0000000000000000000000000001\n", "1\r2\n"}) {
+  for (const char* line :
+       {"\n", "-\n", ".\n", "-.\n", "1e5\n", "1 \n", "1,5\n", "nan\n", "0x1\n", "1.5.2\n",
+        "12345678901234567890\n", "0.0000000000000000000000000001\n", "1\r2\n"}) {
     EXPECT_FALSE(Real(line)) << line;
   }
 }
@@ -119,7 +120,8 @@ TEST(DxfScanInteger, ReadsUpToNineDigits) {
 TEST(DxfScanHandle, ReadsHexadecimalDigits) {
   EXPECT_EQ(Handle("1f\n"), 0x1FU);
   EXPECT_EQ(Handle(" ABCDEF0123456789\r\n"), 0xABCDEF0123456789U);
-  for (const char* line : {"\n", "0x1F\n", "1G\n", "-1\n", "1 \n", "ABCDEF01234567890\n", "@\n", "`\n"}) {
+  for (const char* line :
+       {"\n", "0x1F\n", "1G\n", "-1\n", "1 \n", "ABCDEF01234567890\n", "@\n", "`\n"}) {
     EXPECT_FALSE(Handle(line)) << line;
   }
 }
