@@ -12,7 +12,7 @@ set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 test_packages=(git clang llvm libclang-rt-14-dev clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
-               python3-venv valgrind
+               python3-venv valgrind nlohmann-json3-dev node-typescript
                libegl1 libgl1 libxkbcommon0 libdbus-1-3 libfontconfig1 libfreetype6
                libglib2.0-0 libx11-6 libbrotli1 libpng16-16)
 
