@@ -1,3 +1,4 @@
+// clang-format off
 // Made by scripts/make_models.py from the schema, version 1.0.0. Do not edit.
 //
 // What dwg_import_worker prints, as structures. Keys that they do not name are passed over.

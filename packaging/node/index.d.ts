@@ -1,8 +1,12 @@
+import type {Document} from './dwg_document';
+
+export type {Document} from './dwg_document';
+
 /** How a run ended. `document` is there for the kind "document" only. */
 export interface Result {
   kind: 'document' | 'refused' | 'crashed' | 'timeout' | 'bad';
   message: string;
-  document?: Record<string, unknown>;
+  document?: Document;
 }
 
 export interface Options {

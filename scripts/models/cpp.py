@@ -44,7 +44,8 @@ def reader(one):
     return f"inline void Read(const Json& json, {one.name}& to) {{\n{calls}}}\n"
 
 
-HEAD = """// Made by scripts/make_models.py from the schema, version @VERSION@. Do not edit.
+HEAD = """// clang-format off
+// Made by scripts/make_models.py from the schema, version @VERSION@. Do not edit.
 //
 // What dwg_import_worker prints, as structures. Keys that they do not name are passed over.
 // What does not have the form of the schema raises std::runtime_error or one of nlohmann's

@@ -26,6 +26,8 @@ Version: {version}
 Summary: Converts CAD drawings, DWG and DXF, to JSON in a process of its own
 License: GPL-3.0-or-later
 Requires-Python: >=3.10
+Provides-Extra: models
+Requires-Dist: pydantic>=2; extra == "models"
 Description-Content-Type: text/markdown
 
 {(ROOT / "packaging/python/README.md").read_text(encoding="utf-8")}"""
@@ -36,6 +38,7 @@ def contents(options):
     info = f"{NAME}-{options.version}.dist-info"
     init = (ROOT / "packaging/python/__init__.py").read_text(encoding="utf-8")
     yield f"{NAME}/__init__.py", init.replace("@VERSION@", options.version).encode(), False
+    yield f"{NAME}/models.py", (ROOT / "models/python/dwg_document.py").read_bytes(), False
     yield f"{NAME}/_host.py", (ROOT / "hosts/small/host.py").read_bytes(), False
     for path in sorted(options.programs.iterdir()):
         yield f"{NAME}/programs/{path.name}", path.read_bytes(), True

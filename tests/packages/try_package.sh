@@ -59,6 +59,7 @@ case "$name" in
   *.whl)
     /usr/bin/python3 -m venv "$place"
     "$place/bin/pip" install --quiet --disable-pip-version-check --no-index "$file"
+    "$place/bin/python" -m py_compile "$place"/lib/python3*/site-packages/dwg_import_worker/models.py
     "$place/bin/python" - "$drawing" <<'PYTHON'
 import sys
 import dwg_import_worker
@@ -94,6 +95,18 @@ NODE
       )
     else
       say "$name: not run, for want of Node"
+    fi
+    if command -v tsc >/dev/null; then
+      cat > "$place/project/typed.ts" <<'TYPESCRIPT'
+import {convert} from "dwg-import-worker";
+export async function radii(drawing: string): Promise<number[]> {
+  const result = await convert(drawing, {seconds: 5});
+  return (result.document?.entities ?? []).flatMap(
+      (entity) => entity.type === "CIRCLE" ? [entity.radius] : []);
+}
+TYPESCRIPT
+      (cd "$place/project" && tsc --strict --noEmit --target es2020 --moduleResolution node typed.ts) ||
+        fail "$name: its types do not fit"
     fi
     ;;
   *) fail "what kind of package is $name?" ;;

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "encode/text_decoding.hpp"
@@ -123,6 +124,22 @@ TEST_F(DrawingFileTest, MissingFileFails) {
   file.Read();
   EXPECT_TRUE(file.HasFailed());
   EXPECT_NE(file.result() & DWG_ERR_IOERROR, 0);
+}
+
+TEST_F(DrawingFileTest, OpenedFileIsReadThoughItsNameIsGone) {
+  DrawingFile dxf(Write("a.dxf", Dxf("AC1015", "A")));
+  dxf.Open();
+  DrawingFile dwg(Write("a.dwg", "short"));
+  dwg.Open();
+  // Where the system does not let go of open files, this does nothing.
+  std::error_code error;
+  fs::remove(folder_ / "a.dxf", error);
+  fs::remove(folder_ / "a.dwg", error);
+  dxf.Read();
+  EXPECT_FALSE(dxf.HasFailed());
+  dwg.Read();
+  // It was read, and is too short for a drawing.
+  EXPECT_EQ(dwg.result(), DWG_ERR_INVALIDDWG);
 }
 
 TEST_F(DrawingFileTest, FreeMayBeRepeated) {
