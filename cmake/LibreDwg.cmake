@@ -25,6 +25,10 @@ else()
   dwg_crate_source(libredwg_source libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION})
 endif()
 
+file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/licenses")
+file(COPY_FILE "${libredwg_source}/vendor/libredwg/COPYING"
+     "${CMAKE_BINARY_DIR}/licenses/libredwg.txt" ONLY_IF_DIFFERENT)
+
 # dwg_add_libredwg(<target> FLAGS <text> [PATCHES <folder>...] [MIMALLOC])
 # Adds one build of LibreDWG as an imported target; the folders are those below
 # cmake/patches.
