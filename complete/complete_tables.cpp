@@ -60,9 +60,11 @@ void AddLayer(SectionObjects& objects, const Dwg_Object& object, const Dwg_Objec
 
 void AddApplication(CompleteTables& tables, Handle handle, const Dwg_Object_APPID* application,
                     const Drawing& drawing) {
-  if (application != nullptr && application->name != nullptr &&
-      drawing.Decode(application->name).view() == "AcAecLayerStandard") {
+  const DecodedText name = drawing.Decode(application == nullptr ? nullptr : application->name);
+  if (name.view() == "AcAecLayerStandard") {
     tables.layerStandard = handle;
+  } else if (name.view() == "ACAD") {
+    tables.ownApplication = handle;
   }
 }
 

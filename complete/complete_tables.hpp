@@ -35,8 +35,10 @@ struct CompleteTables {
 
   SectionObjects objects;
 
-  // Of the application that describes layers; 0 without it.
+  // Of the application that describes layers, and of the CAD program itself; 0 without
+  // it.
   Handle layerStandard = 0;
+  Handle ownApplication = 0;
 
   // The block that the active sheet's contents belong to; 0 when there is none.
   Handle activeSheet = 0;

@@ -1,10 +1,11 @@
 #include "complete/text_keys.hpp"
 
 #include <algorithm>
-#include <cstddef>
 #include <string_view>
 
+#include "complete/common_keys.hpp"
 #include "complete/plane_keys.hpp"
+#include "complete/text_columns.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/color.hpp"
@@ -90,32 +91,33 @@ void AppendBackground(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
   out += '}';
 }
 
-void AppendColumnHeights(JsonOut& out, const Dwg_Entity_MTEXT& mtext) {
-  const auto heights = SpanOf<BITCODE_BD>(mtext.column_heights, mtext.num_column_heights);
-  if (heights.empty()) {
-    return;
-  }
-  JsonList list(out, ",\"heights\":[");
-  for (const double height : heights) {
-    list.Number(height);
-  }
-  list.Close();
-}
-
-void AppendColumns(JsonOut& out, const Dwg_Entity_MTEXT& mtext) {
+void AppendColumns(JsonOut& out, const TextColumns& columns) {
   constexpr unsigned kStatic = 1;
   constexpr unsigned kDynamic = 2;
-  if (mtext.column_type != kStatic && mtext.column_type != kDynamic) {
+  if (columns.type != kStatic && columns.type != kDynamic) {
     return;
   }
   out += ",\"columns\":{\"type\":";
-  out += mtext.column_type == kStatic ? "\"static\"" : "\"dynamic\"";
-  AppendIntKey(out, ",\"count\":", mtext.numfragments);
-  AppendNumberKey(out, ",\"width\":", mtext.column_width);
-  AppendNumberKey(out, ",\"gutter\":", mtext.gutter);
-  AppendBoolKey(out, ",\"autoHeight\":", mtext.auto_height != 0);
-  AppendBoolKey(out, ",\"reversed\":", mtext.flow_reversed != 0);
-  AppendColumnHeights(out, mtext);
+  out += columns.type == kStatic ? "\"static\"" : "\"dynamic\"";
+  AppendIntKey(out, ",\"count\":", columns.count);
+  AppendNumberKey(out, ",\"width\":", columns.width);
+  AppendNumberKey(out, ",\"gutter\":", columns.gutter);
+  AppendBoolKey(out, ",\"autoHeight\":", columns.hasAutoHeight);
+  AppendBoolKey(out, ",\"reversed\":", columns.isReversed);
+  if (!columns.heights.empty()) {
+    JsonList list(out, ",\"heights\":[");
+    for (const double height : columns.heights) {
+      list.Number(height);
+    }
+    list.Close();
+  }
+  if (!columns.linked.empty()) {
+    JsonList list(out, ",\"linked\":[");
+    for (const Handle handle : columns.linked) {
+      list.Item([&] { AppendHandleKey(out, "", handle); });
+    }
+    list.Close();
+  }
   out += '}';
 }
 
@@ -144,7 +146,7 @@ void AppendAttributeDefinitionFurtherKeys(JsonOut& out, const Dwg_Entity_ATTDEF&
 }
 
 void AppendMtextFurtherKeys(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
-                            const CompleteContext& context) {
+                            const CompleteContext& context, const EntityOrigin& origin) {
   AppendStyle(out, mtext.style, context);
   constexpr unsigned kAtLeast = 1;
   AppendIntKey(out, ",\"lineSpacingStyle\":", std::max<unsigned>(mtext.linespace_style, kAtLeast));
@@ -155,6 +157,6 @@ void AppendMtextFurtherKeys(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
   AppendLength(out, ",\"extentsHeight\":", mtext.extents_height);
   AppendLength(out, ",\"frameHeight\":", mtext.rect_height);
   AppendBackground(out, mtext, context);
-  AppendColumns(out, mtext);
+  AppendColumns(out, TextColumnsOf(mtext, origin.object, context));
   AppendPlaneKeys(out, mtext.ins_pt.z, 0, mtext.extrusion);
 }

@@ -22,4 +22,4 @@ void AppendAttributeDefinitionFurtherKeys(JsonOut& out, const Dwg_Entity_ATTDEF&
 // `flowDirection` (72), `extentsWidth` and `extentsHeight` (42, 43), `frameHeight` (46),
 // `background`, `columns` and the keys of the entity's plane.
 void AppendMtextFurtherKeys(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
-                            const CompleteContext& context);
+                            const CompleteContext& context, const EntityOrigin& origin);

@@ -12,7 +12,7 @@
 #include "reading/dwg_settling.hpp"
 #include "reading/dxf/dxf_front_end.hpp"
 #include "reading/dxf/dxf_header.hpp"
-#include "reading/dxf/dxf_layer_defaults.hpp"
+#include "reading/dxf/dxf_table_settling.hpp"
 #include "reading/dxf_losses.hpp"
 #include "reading/dxf_settling.hpp"
 #include "reading/read_result.hpp"
@@ -134,7 +134,7 @@ int DrawingFile::ReadDxf() {
   if (scope_ == ReadingScope::kAll && !IsFatalResult(result)) {
     storedText_ = StoredTextOfDxf(*data_, prepared.text());
     dxfHeader_ = HeaderOfDxf(prepared.text());
-    SettleLayerDefaults(*data_, prepared.text());
+    SettleDxfTables(*data_, prepared.text());
   }
   unknownEntities_ = losses.unknownEntities();
   DxfRepairs repairs = prepared.repairs();

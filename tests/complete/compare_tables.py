@@ -241,6 +241,8 @@ def compare_dimension_styles(drawing, document, into):
                 continue
             if key == "DIMJOGANG":
                 value = math.radians(value)
+            if key in ("DIMLTYPE", "DIMLTEX1", "DIMLTEX2"):
+                value = line_type(value)
             into.expect("dimension style", key, value, variables.get(key))
 
 
