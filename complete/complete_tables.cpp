@@ -39,12 +39,14 @@ void AddName(HandleMap<std::string>& names, Handle handle, const Record* record,
 // A group's name stands in the dictionary that holds it.
 void AddGroupNames(CompleteTables& tables, const Dwg_Object_DICTIONARY* dictionary,
                    const Drawing& drawing) {
-  if (drawing.data.object_map == nullptr || dictionary == nullptr || dictionary->texts == nullptr || dictionary->itemhandles == nullptr) {
+  if (drawing.data.object_map == nullptr || dictionary == nullptr || dictionary->texts == nullptr ||
+      dictionary->itemhandles == nullptr) {
     return;
   }
   for (std::size_t i = 0; i < dictionary->numitems; ++i) {
     const Handle handle = HandleOf(dictionary->itemhandles[i]);
-    const Dwg_Object* item = handle == 0 ? nullptr : dwg_resolve_handle_silent(&drawing.data, handle);
+    const Dwg_Object* item =
+        handle == 0 ? nullptr : dwg_resolve_handle_silent(&drawing.data, handle);
     if (item != nullptr && item->fixedtype == DWG_TYPE_GROUP) {
       tables.groups[handle] = Quoted(drawing.Decode(dictionary->texts[i]));
     }
@@ -72,8 +74,7 @@ void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& 
   const Handle handle = object.handle.value;
   SectionObjects& objects = tables.objects;
   switch (object.fixedtype) {
-    case DWG_TYPE_LAYER:
-      return AddLayer(objects, object, ObjectData(object, &ObjectTio::LAYER));
+    case DWG_TYPE_LAYER: return AddLayer(objects, object, ObjectData(object, &ObjectTio::LAYER));
     case DWG_TYPE_LTYPE:
       objects.linetypes.push_back(&object);
       return AddName(tables.linetypes, handle, ObjectData(object, &ObjectTio::LTYPE), drawing,

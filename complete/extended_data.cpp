@@ -28,8 +28,8 @@ std::span<const Dwg_Eed> ExtendedDataOf(const Dwg_Object& object, Handle applica
     ++begin;
   }
   std::size_t end = begin;
-  while (end < all.size() && (end == begin || !Begins(all[end]) ||
-                              all[end].handle.value == application)) {
+  while (end < all.size() &&
+         (end == begin || !Begins(all[end]) || all[end].handle.value == application)) {
     ++end;
   }
   return all.subspan(begin, end - begin);

@@ -10,9 +10,7 @@
 class JsonObject {
  public:
   // `opening` ends in its brace, as in `,"header":{`.
-  explicit JsonObject(JsonOut& out, std::string_view opening = "{") : out_(out) {
-    out_ += opening;
-  }
+  explicit JsonObject(JsonOut& out, std::string_view opening = "{") : out_(out) { out_ += opening; }
 
   JsonOut& out() { return out_; }
 

@@ -6,6 +6,7 @@
 #include "complete/common_keys.hpp"
 #include "complete/extended_data.hpp"
 #include "document/layers.hpp"
+#include "encode/ascii.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "encode/palette.hpp"
@@ -31,8 +32,10 @@ BITCODE_RC LayerLineweight(const Dwg_Object_LAYER& layer, const Dwg_Data& dwg) {
   return dwg.header.version < R_2000b ? kDefault : layer.linewt;
 }
 
-bool IsPlotted(const Dwg_Object_LAYER& layer, const Dwg_Data& dwg) {
-  return dwg.header.version < R_2000b || layer.plotflag != 0;
+// The layer of the points that dimensions are defined by never is.
+bool IsPlotted(const LayerEntry& entry, const Dwg_Data& dwg) {
+  return LowerAscii(entry.name) != "defpoints" &&
+         (dwg.header.version < R_2000b || entry.record->plotflag != 0);
 }
 
 // The second text that a program for building design attaches to layers.
@@ -67,7 +70,7 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const Dwg_Object& object
     AppendColorDebug(out, layer.color);
   }
   AppendBoolKey(out, ",\"frozen\":", layer.frozen != 0 || (layer.flag & kFrozenFlag) != 0);
-  AppendBoolKey(out, ",\"plotted\":", IsPlotted(layer, context.dwg()));
+  AppendBoolKey(out, ",\"plotted\":", IsPlotted(entry, context.dwg()));
   const std::string* linetype = context.tables.linetypes.Find(HandleOf(layer.ltype));
   out += ",\"linetype\":";
   out += linetype == nullptr ? "\"Continuous\"" : *linetype;

@@ -102,7 +102,8 @@ void AppendTime(JsonObject& object, std::string_view key, const BITCODE_TIMEBLL&
 void AppendTimes(JsonObject& object, const Dwg_Header_Variables& vars) {
   AppendTime(object, "created", vars.TDCREATE);
   AppendTime(object, "updated", vars.TDUPDATE);
-  const double days = vars.TDINDWG.days + static_cast<double>(vars.TDINDWG.ms) / kMillisecondsPerDay;
+  const double days =
+      vars.TDINDWG.days + static_cast<double>(vars.TDINDWG.ms) / kMillisecondsPerDay;
   if (days > 0) {
     object.Item("editingDays", [&] { AppendNumber(object.out(), days); });
   }

@@ -98,8 +98,8 @@ std::span<const Dwg_Eed> Between(std::span<const Dwg_Eed> items, std::string_vie
 TextColumns TextColumnsOf(const Dwg_Entity_MTEXT& mtext, const Dwg_Object& object,
                           const CompleteContext& context) {
   const auto items = ExtendedDataOf(object, context.tables.ownApplication);
-  const auto fields = Between(items, "ACAD_MTEXT_COLUMN_INFO_BEGIN",
-                              "ACAD_MTEXT_COLUMN_INFO_END", context);
+  const auto fields =
+      Between(items, "ACAD_MTEXT_COLUMN_INFO_BEGIN", "ACAD_MTEXT_COLUMN_INFO_END", context);
   if (mtext.column_type != 0 || fields.empty()) {
     return OwnColumns(mtext);
   }

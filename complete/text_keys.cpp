@@ -72,8 +72,7 @@ constexpr unsigned kFillColor = 1;
 constexpr unsigned kFillWindow = 2;
 constexpr unsigned kFrame = 16;
 
-void AppendBackground(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
-                      const CompleteContext& context) {
+void AppendBackground(JsonOut& out, const Dwg_Entity_MTEXT& mtext, const CompleteContext& context) {
   const unsigned flags = mtext.bg_fill_flag;
   if ((flags & (kFillColor | kFillWindow | kFrame)) == 0) {
     return;
@@ -150,8 +149,8 @@ void AppendMtextFurtherKeys(JsonOut& out, const Dwg_Entity_MTEXT& mtext,
   AppendStyle(out, mtext.style, context);
   constexpr unsigned kAtLeast = 1;
   AppendIntKey(out, ",\"lineSpacingStyle\":", std::max<unsigned>(mtext.linespace_style, kAtLeast));
-  AppendNumberKey(out, ",\"lineSpacingFactor\":",
-                  mtext.linespace_factor == 0 ? 1 : mtext.linespace_factor);
+  AppendNumberKey(
+      out, ",\"lineSpacingFactor\":", mtext.linespace_factor == 0 ? 1 : mtext.linespace_factor);
   AppendIntKey(out, ",\"flowDirection\":", std::max<unsigned>(mtext.flow_dir, 1));
   AppendLength(out, ",\"extentsWidth\":", mtext.extents_width);
   AppendLength(out, ",\"extentsHeight\":", mtext.extents_height);

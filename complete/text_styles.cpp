@@ -32,6 +32,6 @@ void AppendStyle(JsonOut& out, const Dwg_Object& object, const Dwg_Object_STYLE&
 }  // namespace
 
 void AppendTextStyles(JsonOut& out, const CompleteContext& context) {
-  AppendTableSection(out, ",\"textStyles\":[", context.tables.objects.textStyles,
-                     &ObjectTio::STYLE, AppendStyle, context);
+  AppendTableSection(out, ",\"textStyles\":[", context.tables.objects.textStyles, &ObjectTio::STYLE,
+                     AppendStyle, context);
 }

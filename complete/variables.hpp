@@ -22,7 +22,9 @@ void AppendValue(JsonOut& out, Integer value, const CompleteContext& /*context*/
 }
 void AppendValue(JsonOut& out, const char* text, const CompleteContext& context);
 template <typename Point>
-  requires requires(const Point& point) { point.x + point.y; }
+requires requires(const Point& point) {
+  point.x + point.y;
+}
 void AppendValue(JsonOut& out, const Point& point, const CompleteContext& /*context*/) {
   JsonList coordinates(out);
   coordinates.Number(point.x);
