@@ -1,15 +1,19 @@
-// Text decoding, quoting and font names: no report, valid UTF-8 from both
+// Text decoding, quoting and font names: no report, valid UTF-8 from all
 // decoders, a grammatical literal from any bytes, linear time.
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "complete/text_decoder.hpp"
 #include "encode/font_mapping.hpp"
 #include "encode/html.hpp"
 #include "encode/json_text.hpp"
 #include "encode/text_decoding.hpp"
+#include "encode/utf8_check.hpp"
 #include "fuzz/check.hpp"
 #include "tests/support/json_grammar.hpp"
 
@@ -57,6 +61,22 @@ std::string Quoted(std::string_view text) {
   return out.Text();
 }
 
+// By every kind of code page, that of the first byte among them, and by its own.
+void CheckDecoder(TextForm form, const std::string& bytes, const char* text) {
+  constexpr std::array<std::string_view, 8> kPages = {
+      "ANSI_1251", "ANSI_1253", "ANSI_932", "gb2312", "ANSI_949", "big5", "johab", "mac-roman"};
+  const std::size_t choice = bytes.empty() ? 0 : static_cast<unsigned char>(bytes[0]);
+  for (const std::string_view page : {kPages[choice % kPages.size()], std::string_view(bytes)}) {
+    StoredText stored;
+    stored.codePage = page;
+    stored.hasCaretCodes = choice >= 0x80;
+    const DrawingTextDecoder decoder(form, stored);
+    const std::string decoded = decoder.Decode(text).Take();
+    FUZZ_CHECK(IsUtf8(decoded));
+    FUZZ_CHECK(IsGrammaticalJson(Quoted(decoded)));
+  }
+}
+
 void CheckFontName(const std::string& name) {
   const std::string_view family = MapFontFamily(name);
   FUZZ_CHECK(family.empty() == name.empty());
@@ -93,6 +113,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string wide(DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(units.data())));
   FUZZ_CHECK(IsUtf8(wide));
   FUZZ_CHECK(DecodeFromOddAddress(units) == wide);
+
+  CheckDecoder(TextForm::kWindows1252, bytes, bytes.c_str());
+  CheckDecoder(TextForm::kUtf8, bytes, bytes.c_str());
+  CheckDecoder(TextForm::kUtf16, bytes, reinterpret_cast<const char*>(units.data()));
+  FUZZ_CHECK(IsUtf8Text(bytes) == IsUtf8(bytes));
 
   FUZZ_CHECK(DecodeText(TextForm::kUtf8, bytes.c_str()).view() == bytes.c_str());
   FUZZ_CHECK(IsGrammaticalJson(Quoted(bytes)));

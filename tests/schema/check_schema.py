@@ -81,13 +81,23 @@ def minimal():
 def minimal_complete():
     """The same in the complete form."""
     document = {"form": {"name": "complete", "version": "2.0.0"}, **minimal(),
-                "header": {"LTSCALE": 1}}
+                "codePage": {"name": "ANSI_1251", "by": "drawing", "named": "ansi_1251"},
+                "header": {"LTSCALE": 1, "EXTMIN": [0, 0, 0], "CLAYER": "0"},
+                "linetypes": [{"name": "D", "description": "", "length": 1,
+                               "dashes": [{"length": 1}]}],
+                "textStyles": [], "dimensionStyles": [{"name": "S", "variables": {"DIMTXT": 1}}],
+                "views": [], "coordinateSystems": [],
+                "groups": [{"name": "G", "description": "", "selectable": True,
+                            "unnamed": False, "members": ["2A"]}],
+                "properties": {"created": "2008-05-06T20:15:39"},
+                "thumbnail": {"kind": "PNG", "base64": "iVBORw0KGgo="}}
     further = {"handle": "2A", "owner": "1F", "linetype": "L", "linetypeScale": 1}
     for section in ("assets", "layouts"):
         document[section][0]["entities"][0].update(further)
     document["entities"][0].update(further)
     document["layers"][0].update({"frozen": False, "plotted": True, "linetype": "Continuous"})
     document["layouts"][0].update({"block": "2B", "active": True})
+    document["assets"][0].update({"handle": "2C", "units": 4, "explodable": True})
     return document
 
 
@@ -161,6 +171,18 @@ PLANTED_COMPLETE = {
     "a further coordinate as a text": put(["entities", 0, "elevation"], "0"),
     "a record of a type without a name": put(["entities", 0, "type"], "LINES"),
     "a plain key that is missing": put(["entities", 0, "endX"], DELETE),
+    "a line type of a layer that is missing": put(["layers", 0, "linetype"], DELETE),
+    "a block without units": put(["assets", 0, "units"], DELETE),
+    "a code page found by chance": put(["codePage", "by"], "chance"),
+    "a variable that is a flag": put(["header", "LTSCALE"], True),
+    "a variable with a dollar sign": put(["header", "$LTSCALE"], 1),
+    "a point of one number": put(["header", "EXTMIN"], [0]),
+    "a dash that is text and shape": put(["linetypes", 0, "dashes", 0],
+                                         {"length": 1, "text": "A", "shape": 1}),
+    "a style without variables": put(["dimensionStyles", 0, "variables"], DELETE),
+    "a member that is a number": put(["groups", 0, "members", 0], 42),
+    "a time with a zone": put(["properties", "created"], "2008-05-06T20:15:39Z"),
+    "a picture of another kind": put(["thumbnail", "kind"], "GIF"),
     "a sheet that tells not whether it is active": put(["layouts", 0, "active"], DELETE),
 }
 
