@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <string>
 
 #include "encode/json_list.hpp"
@@ -62,5 +63,8 @@ void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
   AppendNumberKey(out, ",\"linetypeScale\":", entity.ltype_scale);
   if (entity.invisible != 0) {
     out += ",\"invisible\":true";
+  }
+  if (const std::uint32_t* place = context.tables.drawOrder.Find(object.handle.value)) {
+    AppendIntKey(out, ",\"drawOrder\":", *place);
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "complete/draw_order.hpp"
 #include "encode/ascii.hpp"
 #include "encode/json_text.hpp"
 #include "entities/block_names.hpp"
@@ -102,6 +103,21 @@ void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& 
   }
 }
 
+// The application of that name, 0 when the drawing names none.
+Handle Application(const Drawing& drawing, std::string_view name) {
+  for (const Dwg_Object& object : Objects(drawing.data)) {
+    if (object.fixedtype != DWG_TYPE_APPID) {
+      continue;
+    }
+    const auto* application = ObjectData(object, &ObjectTio::APPID);
+    if (application != nullptr && application->name != nullptr &&
+        drawing.Decode(application->name).view() == name) {
+      return object.handle.value;
+    }
+  }
+  return 0;
+}
+
 // The header's own reference; else the sheet whose block has the bare name.
 Handle ActiveSheet(const Drawing& drawing, const LookupTables& base) {
   const auto& sheets = base.paperSpaces;
@@ -131,17 +147,28 @@ Handle CompleteTables::OwnerOf(const Dwg_Object_Entity& entity, Handle modelSpac
 CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   CompleteTables tables;
   tables.activeSheet = ActiveSheet(drawing, base);
+  tables.isDxf = (drawing.data.opts & DWG_OPTS_INDXF) != 0;
+  tables.acadApplication = Application(drawing, "ACAD");
   EntitiesByOwner byOwner;
   const auto objects = Objects(drawing.data);
   byOwner.Reserve(objects.size());
   for (const Dwg_Object& object : objects) {
     AddObject(tables, object, drawing);
     const Dwg_Object_Entity* entity = EntityOf(object);
-    if (entity != nullptr && !IsPolylinePart(object)) {
+    if (entity == nullptr) {
+      continue;
+    }
+    if (IsPolylinePart(object)) {
+      tables.polylineParts.Add(HandleOf(entity->ownerhandle), object);
+    } else {
       byOwner.Add(tables.OwnerOf(*entity, base.modelSpace), object);
     }
   }
   byOwner.Finish();
+  tables.polylineParts.Finish();
+  tables.drawOrder = BuildDrawOrder(drawing.data, byOwner);
+  tables.references =
+      BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);
   return tables;
 }

@@ -4,10 +4,12 @@
 
 #include <dwg.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "complete/reference_tables.hpp"
 #include "entities/drawing.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
@@ -42,6 +44,20 @@ struct CompleteTables {
 
   // The block that the active sheet's contents belong to; 0 when there is none.
   Handle activeSheet = 0;
+
+  // Whether the drawing was a text, which leaves out what has its default.
+  bool isDxf = false;
+
+  // Whose extended data holds dimension variables and views.
+  Handle acadApplication = 0;
+
+  // Vertices and end markers by the polyline that they name as their owner.
+  EntitiesByOwner polylineParts;
+
+  // See draw_order.hpp.
+  HandleMap<std::uint32_t> drawOrder;
+
+  ReferenceTables references;
 
   // The block or the entity that an entity belongs to. A DWG leaves the contents
   // of model space and of the active sheet without an owner and marks them

@@ -4,6 +4,7 @@
 
 #include "complete/block_array.hpp"
 #include "complete/common_keys.hpp"
+#include "complete/curve_keys.hpp"
 #include "complete/dimensions.hpp"
 #include "complete/faces.hpp"
 #include "complete/foreign.hpp"
@@ -12,8 +13,10 @@
 #include "complete/multilines.hpp"
 #include "complete/obsolete.hpp"
 #include "complete/ole_frame.hpp"
+#include "complete/polylines.hpp"
 #include "complete/scenery.hpp"
 #include "complete/solids.hpp"
+#include "complete/spline_keys.hpp"
 #include "complete/symbols.hpp"
 #include "complete/table.hpp"
 #include "complete/text_keys.hpp"
@@ -118,6 +121,10 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_GEOPOSITIONMARKER:
       return WriteRecord(source, "GEOPOSITIONMARKER", &Tio::GEOPOSITIONMARKER,
                          AppendGeographicMarker);
+    case DWG_TYPE_POLYLINE_2D:
+      return WriteRecord(source, "POLYLINE_2D", &Tio::POLYLINE_2D, AppendOwnPolyline2d);
+    case DWG_TYPE_POLYLINE_3D:
+      return WriteRecord(source, "POLYLINE_3D", &Tio::POLYLINE_3D, AppendOwnPolyline3d);
     default:
       return AppendOpenRecord({source.out, source.object, source.layer, source.context.base});
   }
@@ -134,6 +141,14 @@ void Further(const Source& source, T* EntityTio::*member, Writer writer) {
 void AppendFurtherKeys(const Source& source) {
   using Tio = EntityTio;
   switch (source.object.fixedtype) {
+    case DWG_TYPE_LINE: return Further(source, &Tio::LINE, AppendLineFurtherKeys);
+    case DWG_TYPE_POINT: return Further(source, &Tio::POINT, AppendPointFurtherKeys);
+    case DWG_TYPE_RAY: return Further(source, &Tio::RAY, AppendRayFurtherKeys);
+    case DWG_TYPE_XLINE: return Further(source, &Tio::XLINE, AppendRayFurtherKeys);
+    case DWG_TYPE_CIRCLE: return Further(source, &Tio::CIRCLE, AppendCircleFurtherKeys);
+    case DWG_TYPE_ARC: return Further(source, &Tio::ARC, AppendArcFurtherKeys);
+    case DWG_TYPE_ELLIPSE: return Further(source, &Tio::ELLIPSE, AppendEllipseFurtherKeys);
+    case DWG_TYPE_SOLID: return Further(source, &Tio::SOLID, AppendSolidFurtherKeys);
     case DWG_TYPE_TRACE: return Further(source, &Tio::TRACE, AppendTraceFurtherKeys);
     case DWG_TYPE_DIMENSION_LINEAR:
       return Further(source, &Tio::DIMENSION_LINEAR, AppendLinearDimensionFurtherKeys);
@@ -165,6 +180,12 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_ATTDEF:
       return Further(source, &Tio::ATTDEF, AppendAttributeDefinitionFurtherKeys);
     case DWG_TYPE_MTEXT: return Further(source, &Tio::MTEXT, AppendMtextFurtherKeys);
+    case DWG_TYPE_LWPOLYLINE: return Further(source, &Tio::LWPOLYLINE, AppendLwPolylineFurtherKeys);
+    case DWG_TYPE_POLYLINE_2D:
+      return Further(source, &Tio::POLYLINE_2D, AppendPolyline2dFurtherKeys);
+    case DWG_TYPE_POLYLINE_3D:
+      return Further(source, &Tio::POLYLINE_3D, AppendPolyline3dFurtherKeys);
+    case DWG_TYPE_SPLINE: return Further(source, &Tio::SPLINE, AppendSplineFurtherKeys);
     default: return;
   }
 }

@@ -1,8 +1,6 @@
 #include "complete/faces.hpp"
 
-#include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
-#include "encode/json_text.hpp"
 
 namespace {
 
@@ -31,8 +29,4 @@ void AppendTrace(JsonOut& out, const Dwg_Entity_TRACE& trace) {
     points.Point(corner->x, corner->y);
   }
   points.Close();
-}
-
-void AppendTraceFurtherKeys(JsonOut& out, const Dwg_Entity_TRACE& trace) {
-  AppendPlaneKeys(out, trace.elevation, trace.thickness, trace.extrusion);
 }

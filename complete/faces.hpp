@@ -11,6 +11,3 @@ void AppendFace(JsonOut& out, const Dwg_Entity__3DFACE& face);
 
 // As a SOLID's: `points`, the corners in stored order, in the entity's own plane.
 void AppendTrace(JsonOut& out, const Dwg_Entity_TRACE& trace);
-
-// `elevation`, `thickness` and `extrusion` where they are not the default.
-void AppendTraceFurtherKeys(JsonOut& out, const Dwg_Entity_TRACE& trace);

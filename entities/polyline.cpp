@@ -13,26 +13,13 @@ namespace {
 constexpr unsigned kLwPolylineClosed = 512;
 constexpr unsigned kPolylineClosed = 1;
 
-const VertexIndex& Vertices(const EntityContext& context) {
-  auto& vertices = context.memory.vertices;
-  if (!vertices) {
-    vertices.emplace(Objects(context.dwg()));
-  }
-  return *vertices;
-}
-
 struct Vertex {
   double x;
   double y;
   double bulge;
 };
 
-std::vector<Vertex> Vertices2d(const Dwg_Object& polyline, const EntityContext& context) {
-  const VertexIndex& index = Vertices(context);
-  auto objects = index.PointsAfter(polyline);
-  if (objects.empty()) {
-    objects = index.FramePointsAfter(polyline);
-  }
+std::vector<Vertex> StoredVertices(VertexIndex::Vertices objects) {
   std::vector<Vertex> vertices;
   vertices.reserve(objects.size());
   for (const Dwg_Object* object : objects) {
@@ -74,27 +61,48 @@ void AppendLwPolyline(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline) {
                      });
 }
 
-void AppendPolyline2d(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
-                      const EntityContext& context, const EntityOrigin& origin) {
-  const std::vector<Vertex> vertices = Vertices2d(origin.object, context);
+const VertexIndex& FollowingVertices(const EntityContext& context) {
+  auto& vertices = context.memory.vertices;
+  if (!vertices) {
+    vertices.emplace(Objects(context.dwg()));
+  }
+  return *vertices;
+}
+
+void AppendVertices2d(JsonOut& out, unsigned flag, VertexIndex::Vertices objects) {
+  const std::vector<Vertex> vertices = StoredVertices(objects);
   if (vertices.empty()) {
     return;
   }
-  AppendBulgedPoints(out, (polyline.flag & kPolylineClosed) != 0, vertices.size(),
+  AppendBulgedPoints(out, (flag & kPolylineClosed) != 0, vertices.size(),
                      [&](std::size_t i) { return vertices[i]; });
 }
 
-void AppendPolyline3d(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
-                      const EntityContext& context, const EntityOrigin& origin) {
-  const auto vertices = Vertices(context).SpatialPointsAfter(origin.object);
+void AppendVertices3d(JsonOut& out, unsigned flag, VertexIndex::Vertices vertices) {
   if (vertices.empty()) {
     return;
   }
-  AppendBoolKey(out, ",\"closed\":", (polyline.flag & kPolylineClosed) != 0);
+  AppendBoolKey(out, ",\"closed\":", (flag & kPolylineClosed) != 0);
   JsonList points(out, ",\"points\":[");
   for (const Dwg_Object* vertex : vertices) {
     const BITCODE_3BD& point = KnownEntityData(*vertex, &EntityTio::VERTEX_3D).point;
     points.Point(point.x, point.y, point.z);
   }
   points.Close();
+}
+
+void AppendPolyline2d(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
+                      const EntityContext& context, const EntityOrigin& origin) {
+  const VertexIndex& index = FollowingVertices(context);
+  auto vertices = index.PointsAfter(origin.object);
+  if (vertices.empty()) {
+    vertices = index.FramePointsAfter(origin.object);
+  }
+  AppendVertices2d(out, polyline.flag, vertices);
+}
+
+void AppendPolyline3d(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
+                      const EntityContext& context, const EntityOrigin& origin) {
+  AppendVertices3d(out, polyline.flag,
+                   FollowingVertices(context).SpatialPointsAfter(origin.object));
 }

@@ -6,6 +6,7 @@
 
 #include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
+#include "entities/vertex_index.hpp"
 
 // Missing bulges are 0. Nothing without points.
 void AppendLwPolyline(JsonOut& out, const Dwg_Entity_LWPOLYLINE& polyline);
@@ -21,3 +22,12 @@ void AppendPolyline2d(JsonOut& out, const Dwg_Entity_POLYLINE_2D& polyline,
 // As above, with every three-dimensional vertex.
 void AppendPolyline3d(JsonOut& out, const Dwg_Entity_POLYLINE_3D& polyline,
                       const EntityContext& context, const EntityOrigin& origin);
+
+// The index of the drawing's vertices, made when it is first asked for.
+const VertexIndex& FollowingVertices(const EntityContext& context);
+
+// What the records of those two have behind their type, with these vertices, all of
+// which have data of the type; nothing without vertices. Bit 1 of `flag` is set for
+// a closed polyline.
+void AppendVertices2d(JsonOut& out, unsigned flag, VertexIndex::Vertices vertices);
+void AppendVertices3d(JsonOut& out, unsigned flag, VertexIndex::Vertices vertices);

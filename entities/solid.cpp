@@ -15,13 +15,12 @@ bool Coincide(const BITCODE_2RD& a, const BITCODE_2RD& b) {
 
 }  // namespace
 
+bool IsTriangle(const Dwg_Entity_SOLID& solid) {
+  return Coincide(solid.corner3, solid.corner4);
+}
+
 void AppendSolid(JsonOut& out, const Dwg_Entity_SOLID& solid) {
   JsonList points(out, ",\"pts\":[");
-  points.Point(solid.corner1.x, solid.corner1.y);
-  points.Point(solid.corner2.x, solid.corner2.y);
-  if (!Coincide(solid.corner3, solid.corner4)) {
-    points.Point(solid.corner4.x, solid.corner4.y);
-  }
-  points.Point(solid.corner3.x, solid.corner3.y);
+  ForEachSolidCorner(solid, [&](const BITCODE_2RD& corner) { points.Point(corner.x, corner.y); });
   points.Close();
 }

@@ -1,0 +1,12 @@
+// What the records of HATCH lack: pattern, gradient, islands and exact boundaries.
+#pragma once
+
+#include <dwg.h>
+
+#include "complete/complete_context.hpp"
+#include "encode/json_out.hpp"
+
+// `pattern`, `gradient` (when it is one), `background` (when it has one), `islandStyle`,
+// `associative` (when it is), `boundary`, `seeds`, the keys of the plane, `world`.
+void AppendHatchFurtherKeys(JsonOut& out, const Dwg_Entity_HATCH& hatch,
+                            const CompleteContext& context, const EntityOrigin& origin);
