@@ -149,6 +149,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   tables.activeSheet = ActiveSheet(drawing, base);
   tables.isDxf = (drawing.data.opts & DWG_OPTS_INDXF) != 0;
   tables.acadApplication = Application(drawing, "ACAD");
+  tables.hatchBackgroundApplication = Application(drawing, "HATCHBACKGROUNDCOLOR");
   EntitiesByOwner byOwner;
   const auto objects = Objects(drawing.data);
   byOwner.Reserve(objects.size());
@@ -170,5 +171,6 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   tables.references =
       BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);
+  tables.viewportIds = NumberViewports(base, tables.drawOrder);
   return tables;
 }

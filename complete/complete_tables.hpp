@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "complete/reference_tables.hpp"
+#include "complete/viewport_ids.hpp"
 #include "entities/drawing.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
@@ -48,8 +49,10 @@ struct CompleteTables {
   // Whether the drawing was a text, which leaves out what has its default.
   bool isDxf = false;
 
-  // Whose extended data holds dimension variables and views.
+  // The applications whose extended data holds dimension variables and views, and the
+  // colour behind a hatch's pattern.
   Handle acadApplication = 0;
+  Handle hatchBackgroundApplication = 0;
 
   // Vertices and end markers by the polyline that they name as their owner.
   EntitiesByOwner polylineParts;
@@ -58,6 +61,7 @@ struct CompleteTables {
   HandleMap<std::uint32_t> drawOrder;
 
   ReferenceTables references;
+  ViewportIds viewportIds;
 
   // The block or the entity that an entity belongs to. A DWG leaves the contents
   // of model space and of the active sheet without an owner and marks them

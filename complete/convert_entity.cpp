@@ -8,12 +8,17 @@
 #include "complete/dimensions.hpp"
 #include "complete/faces.hpp"
 #include "complete/foreign.hpp"
+#include "complete/hatch_keys.hpp"
+#include "complete/hatch_loops.hpp"
 #include "complete/helix.hpp"
+#include "complete/images.hpp"
+#include "complete/leaders.hpp"
 #include "complete/meshes.hpp"
 #include "complete/multilines.hpp"
 #include "complete/obsolete.hpp"
 #include "complete/ole_frame.hpp"
 #include "complete/polylines.hpp"
+#include "complete/reference_keys.hpp"
 #include "complete/scenery.hpp"
 #include "complete/solids.hpp"
 #include "complete/spline_keys.hpp"
@@ -21,6 +26,7 @@
 #include "complete/table.hpp"
 #include "complete/text_keys.hpp"
 #include "complete/underlays.hpp"
+#include "complete/viewports.hpp"
 #include "entities/convert_entity.hpp"
 #include "entities/open_record.hpp"
 #include "entities/walk_entities.hpp"
@@ -125,6 +131,16 @@ void AppendOpenCompleteRecord(const Source& source) {
       return WriteRecord(source, "POLYLINE_2D", &Tio::POLYLINE_2D, AppendOwnPolyline2d);
     case DWG_TYPE_POLYLINE_3D:
       return WriteRecord(source, "POLYLINE_3D", &Tio::POLYLINE_3D, AppendOwnPolyline3d);
+    case DWG_TYPE_HATCH: return WriteRecord(source, "HATCH", &Tio::HATCH, AppendHatchLoops);
+    case DWG_TYPE_IMAGE: return WriteRecord(source, "IMAGE", &Tio::IMAGE, AppendAnyImage);
+    case DWG_TYPE_WIPEOUT: return WriteRecord(source, "WIPEOUT", &Tio::WIPEOUT, AppendWholeWipeout);
+    case DWG_TYPE_PDFUNDERLAY:
+      return WriteRecord(source, "PDFUNDERLAY", &Tio::PDFUNDERLAY, AppendAnyPdfUnderlay);
+    case DWG_TYPE_LEADER: return WriteRecord(source, "LEADER", &Tio::LEADER, AppendSizedLeader);
+    case DWG_TYPE_MULTILEADER:
+      return WriteRecord(source, "MULTILEADER", &Tio::MULTILEADER, AppendAnyMultileader);
+    case DWG_TYPE_VIEWPORT:
+      return WriteRecord(source, "VIEWPORT", &Tio::VIEWPORT, AppendNumberedViewport);
     default:
       return AppendOpenRecord({source.out, source.object, source.layer, source.context.base});
   }
@@ -186,6 +202,17 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_POLYLINE_3D:
       return Further(source, &Tio::POLYLINE_3D, AppendPolyline3dFurtherKeys);
     case DWG_TYPE_SPLINE: return Further(source, &Tio::SPLINE, AppendSplineFurtherKeys);
+    case DWG_TYPE_HATCH: return Further(source, &Tio::HATCH, AppendHatchFurtherKeys);
+    case DWG_TYPE_INSERT: return Further(source, &Tio::INSERT, AppendInsertFurtherKeys);
+    case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendArrayedInsertFurtherKeys);
+    case DWG_TYPE_IMAGE: return Further(source, &Tio::IMAGE, AppendImageFurtherKeys);
+    case DWG_TYPE_WIPEOUT: return Further(source, &Tio::WIPEOUT, AppendWipeoutFurtherKeys);
+    case DWG_TYPE_PDFUNDERLAY:
+      return Further(source, &Tio::PDFUNDERLAY, AppendPdfUnderlayFurtherKeys);
+    case DWG_TYPE_LEADER: return Further(source, &Tio::LEADER, AppendLeaderFurtherKeys);
+    case DWG_TYPE_MULTILEADER:
+      return Further(source, &Tio::MULTILEADER, AppendMultileaderFurtherKeys);
+    case DWG_TYPE_VIEWPORT: return Further(source, &Tio::VIEWPORT, AppendViewportFurtherKeys);
     default: return;
   }
 }

@@ -3,6 +3,7 @@
 #include "complete/common_keys.hpp"
 #include "complete/convert_entity.hpp"
 #include "complete/sheet_keys.hpp"
+#include "complete/viewports.hpp"
 #include "document/layouts.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -43,6 +44,7 @@ void AppendSheet(JsonOut& out, Handle block, const CompleteContext& context) {
   if (layout != nullptr) {
     AppendSheetKeys(out, *layout, context);
   }
+  AppendSheetViewport(out, block, context);
   out += '}';
 }
 

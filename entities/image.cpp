@@ -41,6 +41,17 @@ void AppendImage(JsonOut& out, const Dwg_Entity_IMAGE& image, const EntityContex
   AppendNumberKey(out, ",\"sh\":", image.image_size.y);
 }
 
+void AppendUnderlayKeys(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay, std::string_view path,
+                        std::int32_t page) {
+  AppendQuotedKey(out, ",\"path\":", path);
+  AppendIntKey(out, ",\"page\":", page);
+  AppendNumberKey(out, ",\"ix\":", underlay.ins_pt.x);
+  AppendNumberKey(out, ",\"iy\":", underlay.ins_pt.y);
+  AppendNumberKey(out, ",\"sx\":", underlay.scale.x);
+  AppendNumberKey(out, ",\"sy\":", underlay.scale.y);
+  AppendNumberKey(out, ",\"angle\":", underlay.angle);
+}
+
 void AppendPdfUnderlay(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
                        const EntityContext& context) {
   const PdfEntry* entry = FindDefinition(context.tables.pdfDefs, underlay.definition_id);
@@ -48,11 +59,5 @@ void AppendPdfUnderlay(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
     WarnOfMissingPdf(entry, context);
     return;
   }
-  AppendQuotedKey(out, ",\"path\":", entry->resolvedPath);
-  AppendIntKey(out, ",\"page\":", entry->page);
-  AppendNumberKey(out, ",\"ix\":", underlay.ins_pt.x);
-  AppendNumberKey(out, ",\"iy\":", underlay.ins_pt.y);
-  AppendNumberKey(out, ",\"sx\":", underlay.scale.x);
-  AppendNumberKey(out, ",\"sy\":", underlay.scale.y);
-  AppendNumberKey(out, ",\"angle\":", underlay.angle);
+  AppendUnderlayKeys(out, underlay, entry->resolvedPath, entry->page);
 }

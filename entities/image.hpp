@@ -4,6 +4,9 @@
 
 #include <dwg.h>
 
+#include <cstdint>
+#include <string_view>
+
 #include "encode/json_out.hpp"
 #include "entities/entity_context.hpp"
 
@@ -14,3 +17,7 @@ void AppendImage(JsonOut& out, const Dwg_Entity_IMAGE& image, const EntityContex
 // Nothing, with a warning, when the PDF file was not found.
 void AppendPdfUnderlay(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay,
                        const EntityContext& context);
+
+// The keys of an underlay that shows that page of the file.
+void AppendUnderlayKeys(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay, std::string_view path,
+                        std::int32_t page);

@@ -58,6 +58,14 @@ void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
 
 }  // namespace
 
+void AppendMultileaderContent(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
+                              const EntityContext& context) {
+  const Dwg_MLEADER_AnnotContext& annotation = multileader.ctx;
+  AppendNumberKey(out, ",\"arrowSize\":",
+                  annotation.arrow_size > 0 ? annotation.arrow_size : multileader.arrow_size);
+  AppendText(out, annotation, context);
+}
+
 void AppendMultileader(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
                        const EntityContext& context) {
   const Dwg_MLEADER_AnnotContext& annotation = multileader.ctx;
@@ -74,7 +82,5 @@ void AppendMultileader(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
     return;
   }
   lines.Close();
-  AppendNumberKey(out, ",\"arrowSize\":",
-                  annotation.arrow_size > 0 ? annotation.arrow_size : multileader.arrow_size);
-  AppendText(out, annotation, context);
+  AppendMultileaderContent(out, multileader, context);
 }

@@ -10,3 +10,7 @@
 // content as HTML. Nothing, not even a text, without any line.
 void AppendMultileader(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
                        const EntityContext& context);
+
+// What stands behind the lines: `arrowSize`, and `text` when there is any.
+void AppendMultileaderContent(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
+                              const EntityContext& context);
