@@ -18,7 +18,9 @@ namespace {
 
 void AppendFlatPoint(JsonOut& out, std::string_view key, double x, double y) {
   out += key;
-  JsonList(out).Point(x, y);
+  JsonList point(out);
+  point.Pair(x, y);
+  point.Close();
 }
 
 void AppendPatternLine(JsonOut& out, const Dwg_HATCH_DefLine& line) {

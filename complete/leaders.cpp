@@ -237,8 +237,7 @@ void AppendLeaderNode(JsonOut& out, const Dwg_LEADER_Node& node, const CompleteC
 
 void AppendTextContent(JsonOut& out, const Dwg_MLEADER_Content_MText& text,
                        const CompleteContext& context) {
-  out += ",\"textContent\":{\"position\":";
-  JsonList(out).Point(text.location.x, text.location.y, text.location.z);
+  AppendDirection(out, ",\"textContent\":{\"position\":", text.location);
   AppendDirection(out, ",\"direction\":", text.direction);
   AppendDirection(out, ",\"normal\":", text.normal);
   if (const std::string* style = context.tables.textStyles.Find(HandleOf(text.style))) {
@@ -278,8 +277,7 @@ void AppendLabels(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
 void AppendBlockContent(JsonOut& out, const Dwg_Entity_MULTILEADER& multileader,
                         const CompleteContext& context) {
   const Dwg_MLEADER_Content_Block& block = multileader.ctx.content.blk;
-  out += ",\"block\":{\"position\":";
-  JsonList(out).Point(block.location.x, block.location.y, block.location.z);
+  AppendDirection(out, ",\"block\":{\"position\":", block.location);
   AppendBlockName(out, ",\"blockName\":", HandleOf(block.block_table), context);
   AppendDirection(out, ",\"scale\":", block.scale);
   AppendNumberKey(out, ",\"rotationRad\":", block.rotation);
