@@ -4,6 +4,7 @@
 
 #include <dwg.h>
 
+#include <cstdint>
 #include <string_view>
 
 #include "complete/complete_context.hpp"
@@ -13,6 +14,9 @@
 // The line type is "L" by layer, "K" by block, as colours have it, or a name.
 void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
                              const Dwg_Object_Entity& entity, const CompleteContext& context);
+
+// The code of a lineweight that an entity or layer does not have of its own.
+inline constexpr std::uint8_t kInheritedLineweight = 29;
 
 // Appends `key` and the handle as drawings write it: hexadecimal digits in upper
 // case, quoted. Nothing for 0.

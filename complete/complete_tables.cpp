@@ -148,6 +148,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   CompleteTables tables;
   tables.activeSheet = ActiveSheet(drawing, base);
   tables.isDxf = (drawing.data.opts & DWG_OPTS_INDXF) != 0;
+  tables.holdsLineweights = drawing.data.header.from_version >= R_2000b;
   tables.acadApplication = Application(drawing, "ACAD");
   tables.hatchBackgroundApplication = Application(drawing, "HATCHBACKGROUNDCOLOR");
   EntitiesByOwner byOwner;

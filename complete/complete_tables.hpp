@@ -49,6 +49,9 @@ struct CompleteTables {
   // Whether the drawing was a text, which leaves out what has its default.
   bool isDxf = false;
 
+  // False for releases before 2000, which know no lineweights.
+  bool holdsLineweights = true;
+
   // The applications whose extended data holds dimension variables and views, and the
   // colour behind a hatch's pattern.
   Handle acadApplication = 0;

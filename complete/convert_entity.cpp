@@ -217,6 +217,19 @@ void AppendFurtherKeys(const Source& source) {
   }
 }
 
+// Releases that know no lineweights leave the field empty, which would be 0.
+void AppendColorAndLineweight(JsonOut& out, const Dwg_Object_Entity& entity,
+                              const CompleteContext& context) {
+  const Palette& palette = context.base.drawing.palette;
+  if (context.tables.holdsLineweights) {
+    AppendCommonKeys(out, entity, context.base.verbose, palette);
+    return;
+  }
+  Dwg_Object_Entity inherited = entity;
+  inherited.linewt = kInheritedLineweight;
+  AppendCommonKeys(out, inherited, context.base.verbose, palette);
+}
+
 void Convert(JsonOut& out, const Dwg_Object& object, const CompleteContext& context) {
   const Dwg_Object_Entity* entity = EntityOf(object);
   if (entity == nullptr) {
@@ -228,7 +241,7 @@ void Convert(JsonOut& out, const Dwg_Object& object, const CompleteContext& cont
   if (out.size() == start) {
     return;
   }
-  AppendCommonKeys(out, *entity, context.base.verbose, context.base.drawing.palette);
+  AppendColorAndLineweight(out, *entity, context);
   AppendCommonFurtherKeys(out, object, *entity, context);
   AppendFurtherKeys(source);
   EndRecord(out);

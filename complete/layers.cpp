@@ -26,12 +26,6 @@ Rgb LayerColor(const Dwg_Color& color, const Palette& palette) {
   return AciToRgb(index == 0 ? kForeground : index, palette);
 }
 
-// Releases before 2000 have no lineweights.
-BITCODE_RC LayerLineweight(const Dwg_Object_LAYER& layer, const Dwg_Data& dwg) {
-  constexpr BITCODE_RC kDefault = 31;
-  return dwg.header.version < R_2000b ? kDefault : layer.linewt;
-}
-
 // The layer of the points that dimensions are defined by never is.
 bool IsPlotted(const LayerEntry& entry, const Dwg_Data& dwg) {
   return LowerAscii(entry.name) != "defpoints" &&
@@ -62,7 +56,7 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const Dwg_Object& object
   out += ",\"color\":";
   AppendRgb(out, LayerColor(layer.color, context.base.drawing.palette));
   out += "},\"lw\":";
-  AppendLineweight(out, LayerLineweight(layer, context.dwg()));
+  AppendLineweight(out, context.tables.holdsLineweights ? layer.linewt : kInheritedLineweight);
   if (HasExplicitAlpha(layer.color)) {
     AppendIntKey(out, ",\"alpha\":", AlphaValue(layer.color));
   }
