@@ -16,8 +16,8 @@ bool IsWideText(const Dwg_Eed_Data& value, std::string_view text) {
 
 }  // namespace
 
-bool IsExtendedText(const Dwg_Eed_Data& value, std::string_view text) {
-  if (value.code != kExtendedText || value.u.eed_0.length != text.size()) {
+bool IsAttachedText(const Dwg_Eed_Data& value, std::string_view text) {
+  if (value.code != kAttachedText || value.u.eed_0.length != text.size()) {
     return false;
   }
   return value.u.eed_0.is_tu != 0 ? IsWideText(value, text)

@@ -9,34 +9,34 @@
 #include "entities/drawing_access.hpp"
 
 // The groups of the values, less 1000.
-inline constexpr unsigned kExtendedText = 0;
-inline constexpr unsigned kExtendedBracket = 2;
-inline constexpr unsigned kExtendedLayer = 3;
-inline constexpr unsigned kExtendedHandle = 5;
-inline constexpr unsigned kExtendedPoint = 10;
-inline constexpr unsigned kExtendedReal = 40;
-inline constexpr unsigned kExtendedShort = 70;
-inline constexpr unsigned kExtendedLong = 71;
+inline constexpr unsigned kAttachedText = 0;
+inline constexpr unsigned kAttachedBracket = 2;
+inline constexpr unsigned kAttachedLayer = 3;
+inline constexpr unsigned kAttachedHandle = 5;
+inline constexpr unsigned kAttachedPoint = 10;
+inline constexpr unsigned kAttachedReal = 40;
+inline constexpr unsigned kAttachedShort = 70;
+inline constexpr unsigned kAttachedLong = 71;
 
-inline std::span<const Dwg_Eed> ExtendedDataOf(const Dwg_Object_Entity& entity) {
+inline std::span<const Dwg_Eed> AttachedDataOf(const Dwg_Object_Entity& entity) {
   return SpanOf(entity.eed, entity.num_eed);
 }
-inline std::span<const Dwg_Eed> ExtendedDataOf(const Dwg_Object& object) {
+inline std::span<const Dwg_Eed> AttachedDataOf(const Dwg_Object& object) {
   // Both kinds of objects keep it in a part of their own.
   if (object.supertype == DWG_SUPERTYPE_ENTITY) {
     const Dwg_Object_Entity* entity = EntityOf(object);
-    return entity == nullptr ? std::span<const Dwg_Eed>{} : ExtendedDataOf(*entity);
+    return entity == nullptr ? std::span<const Dwg_Eed>{} : AttachedDataOf(*entity);
   }
   const Dwg_Object_Object* data = object.tio.object;
   return data == nullptr ? std::span<const Dwg_Eed>{} : SpanOf(data->eed, data->num_eed);
 }
 
 // Whether the value is that ASCII text.
-bool IsExtendedText(const Dwg_Eed_Data& value, std::string_view text);
+bool IsAttachedText(const Dwg_Eed_Data& value, std::string_view text);
 
 // Calls `each` with every value that the application has there, in order.
 template <typename Each>
-void ForEachExtended(std::span<const Dwg_Eed> data, Handle application, Each each) {
+void ForEachAttached(std::span<const Dwg_Eed> data, Handle application, Each each) {
   Handle current = 0;
   for (const Dwg_Eed& item : data) {
     // A text names the application before its first value only.
@@ -56,14 +56,14 @@ void ForEachOverride(std::span<const Dwg_Eed> data, Handle application, std::str
                      Each each) {
   bool isIn = false;
   const Dwg_Eed_Data* group = nullptr;
-  ForEachExtended(data, application, [&](const Dwg_Eed_Data& value) {
-    if (value.code == kExtendedText && group == nullptr) {
-      isIn = IsExtendedText(value, name);
-    } else if (value.code == kExtendedBracket) {
+  ForEachAttached(data, application, [&](const Dwg_Eed_Data& value) {
+    if (value.code == kAttachedText && group == nullptr) {
+      isIn = IsAttachedText(value, name);
+    } else if (value.code == kAttachedBracket) {
       isIn = isIn && value.u.eed_2.close == 0;
       group = nullptr;
     } else if (isIn && group == nullptr) {
-      group = value.code == kExtendedShort ? &value : nullptr;
+      group = value.code == kAttachedShort ? &value : nullptr;
     } else if (isIn) {
       each(group->u.eed_70.rs, value);
       group = nullptr;

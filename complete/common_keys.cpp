@@ -7,8 +7,14 @@
 
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
+#include "entities/color.hpp"
 
 namespace {
+
+constexpr std::uint32_t kMethodByLayer = 0xC0;
+constexpr std::uint32_t kMethodByBlock = 0xC1;
+constexpr std::uint32_t kIndexBits = 0xFF;
+constexpr BITCODE_BSd kIndexTrueColor = 257;
 
 // How an entity tells its line type.
 constexpr unsigned kByBlock = 1;
@@ -42,6 +48,27 @@ void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle) {
     out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
   }
   out += '"';
+}
+
+void AppendWordColor(JsonOut& out, std::string_view key, const Dwg_Color& color,
+                     const CompleteContext& context) {
+  out += key;
+  Dwg_Color plain = color;
+  switch (ColorMethod(color)) {
+    case kMethodByLayer: out += "\"L\""; return;
+    case kMethodByBlock: out += "\"K\""; return;
+    case kMethodTrueColor: plain.index = kIndexTrueColor; break;
+    case kMethodIndexed: plain.index = static_cast<BITCODE_BSd>(color.rgb & kIndexBits); break;
+    default: break;
+  }
+  AppendColor(out, plain, context.base.drawing.palette);
+}
+
+void AppendTrueKey(JsonOut& out, std::string_view key, bool value) {
+  if (value) {
+    out += key;
+    out += "true";
+  }
 }
 
 void AppendPointKey(JsonOut& out, std::string_view key, double x, double y, double z) {

@@ -22,5 +22,13 @@ inline constexpr std::uint8_t kInheritedLineweight = 29;
 // case, quoted. Nothing for 0.
 void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle);
 
+// The colour of a word with the method in its top byte, as multileaders, gradients and
+// extended data store it; a word without a known method counts by `color.index`.
+void AppendWordColor(JsonOut& out, std::string_view key, const Dwg_Color& color,
+                     const CompleteContext& context);
+
+// `key` and `true`, or nothing.
+void AppendTrueKey(JsonOut& out, std::string_view key, bool value);
+
 // `key` and `[x,y,z]`.
 void AppendPointKey(JsonOut& out, std::string_view key, double x, double y, double z);

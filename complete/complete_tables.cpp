@@ -168,7 +168,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   }
   byOwner.Finish();
   tables.polylineParts.Finish();
-  tables.drawOrder = BuildDrawOrder(drawing.data, byOwner);
+  tables.drawOrder = BuildDrawOrder(drawing.data, byOwner, tables.isDxf);
   tables.references =
       BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);

@@ -82,7 +82,8 @@ void AddBlockList(HandleMap<std::uint32_t>& order, const Dwg_Object_BLOCK_HEADER
 
 }  // namespace
 
-HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities) {
+HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities,
+                                        bool isDxf) {
   HandleMap<std::uint32_t> order;
   HandleMap<const Dwg_Object_SORTENTSTABLE*> tables;
   for (const Dwg_Object& object : Objects(dwg)) {
@@ -106,7 +107,7 @@ HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwn
     }
     if (const auto* const* table = tables.Find(handle)) {
       AddSortTable(order, **table, entities.Of(handle));
-    } else {
+    } else if (!isDxf) {
       AddBlockList(order, *block, entities.Of(handle));
     }
   }

@@ -12,5 +12,7 @@
 // The place of each entity among those of its block, from 0, by its handle; only for
 // blocks whose entities are not drawn in the order of `entities`. A table of sort
 // handles decides (an entity that it does not name goes by its own handle), else the
-// list that the block itself has.
-HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities);
+// list that the block itself has, which is that of a DWG: a text has its entities in
+// their order.
+HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities,
+                                        bool isDxf);

@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr unsigned kMethodShift = 24;
+
 void AppendFlatPoint(JsonOut& out, std::string_view key, double x, double y) {
   out += key;
   JsonList point(out);
@@ -51,6 +53,15 @@ void AppendPattern(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteCo
   out += '}';
 }
 
+// A text has an index and, where there is one, the true colour without its method.
+Dwg_Color StopColor(const Dwg_Color& stored) {
+  Dwg_Color color = stored;
+  if (ColorMethod(color) == 0 && color.rgb != 0) {
+    color.rgb |= kMethodTrueColor << kMethodShift;
+  }
+  return color;
+}
+
 void AppendGradient(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteContext& context) {
   if (hatch.is_gradient_fill == 0) {
     return;
@@ -64,8 +75,7 @@ void AppendGradient(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteC
   for (const Dwg_HATCH_Color& stop : SpanOf(hatch.colors, hatch.num_colors)) {
     colors.Item([&] {
       AppendNumberKey(out, "{\"at\":", stop.shift_value);
-      out += ",\"color\":";
-      AppendColor(out, stop.color, context.base.drawing.palette);
+      AppendWordColor(out, ",\"color\":", StopColor(stop.color), context);
       out += '}';
     });
   }
@@ -73,32 +83,22 @@ void AppendGradient(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteC
   out += '}';
 }
 
-// A colour of extended data: its method in the top byte, then an index or channels.
-Dwg_Color ColorOfWord(std::uint32_t word) {
-  Dwg_Color color{};
-  color.rgb = word;
-  if (ColorMethod(color) == kMethodIndexed) {
-    color.index = static_cast<BITCODE_BSd>(word & 0xFFU);
-  }
-  return color;
-}
-
 void AppendBackground(JsonOut& out, const EntityOrigin& origin, const CompleteContext& context) {
   const Dwg_Eed_Data* found = nullptr;
-  ForEachExtended(ExtendedDataOf(origin.object), context.tables.hatchBackgroundApplication,
+  ForEachAttached(AttachedDataOf(origin.object), context.tables.hatchBackgroundApplication,
                   [&](const Dwg_Eed_Data& value) {
-                    if (value.code == kExtendedLong) {
+                    if (value.code == kAttachedLong) {
                       found = &value;
                     }
                   });
   if (found == nullptr) {
     return;
   }
-  const Dwg_Color color = ColorOfWord(found->u.eed_71.rl);
+  Dwg_Color color{};
+  color.rgb = found->u.eed_71.rl;
   const std::uint32_t method = ColorMethod(color);
   if (method == kMethodTrueColor || method == kMethodIndexed) {
-    out += ",\"background\":";
-    AppendColor(out, color, context.base.drawing.palette);
+    AppendWordColor(out, ",\"background\":", color, context);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "complete/common_keys.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
@@ -96,13 +97,6 @@ void AppendUnderlayClip(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay) {
 const PdfEntry* FindPdf(const Dwg_Entity_PDFUNDERLAY& underlay, const CompleteContext& context) {
   const Handle handle = HandleOf(underlay.definition_id);
   return handle == 0 ? nullptr : context.base.tables.pdfDefs.Find(handle);
-}
-
-void AppendTrueKey(JsonOut& out, std::string_view key, bool value) {
-  if (value) {
-    out += key;
-    out += "true";
-  }
 }
 
 }  // namespace

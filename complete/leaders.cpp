@@ -51,13 +51,13 @@ ArrowVariables ArrowOf(const Dwg_Entity_LEADER& leader, const CompleteContext& c
   if (const Dwg_Object_DIMSTYLE* style = StyleOf(leader, context)) {
     arrow = {style->DIMASZ, style->DIMSCALE, HandleOf(style->DIMLDRBLK)};
   }
-  ForEachOverride(ExtendedDataOf(origin.object), context.tables.acadApplication, "DSTYLE",
+  ForEachOverride(AttachedDataOf(origin.object), context.tables.acadApplication, "DSTYLE",
                   [&](unsigned group, const Dwg_Eed_Data& value) {
-                    if (group == kGroupScale && value.code == kExtendedReal) {
+                    if (group == kGroupScale && value.code == kAttachedReal) {
                       arrow.scale = value.u.eed_40.real;
-                    } else if (group == kGroupArrowSize && value.code == kExtendedReal) {
+                    } else if (group == kGroupArrowSize && value.code == kAttachedReal) {
                       arrow.size = value.u.eed_40.real;
-                    } else if (group == kGroupLeaderArrow && value.code == kExtendedHandle) {
+                    } else if (group == kGroupLeaderArrow && value.code == kAttachedHandle) {
                       arrow.block = value.u.eed_5.entity;
                     }
                   });
@@ -84,13 +84,6 @@ void AppendHeights(JsonOut& out, std::span<const BITCODE_3DPOINT> points) {
 
 void AppendDirection(JsonOut& out, std::string_view key, const BITCODE_3BD& direction) {
   AppendPointKey(out, key, direction.x, direction.y, direction.z);
-}
-
-void AppendTrueKey(JsonOut& out, std::string_view key, bool value) {
-  if (value) {
-    out += key;
-    out += "true";
-  }
 }
 
 }  // namespace
@@ -130,26 +123,6 @@ constexpr unsigned kOwnLineweight = 8;
 constexpr unsigned kOwnArrowSize = 16;
 constexpr unsigned kOwnArrow = 32;
 
-constexpr std::uint32_t kMethodByLayer = 0xC0;
-constexpr std::uint32_t kMethodByBlock = 0xC1;
-
-// Multileaders store their colours as words with the method in the top byte.
-void AppendWordColor(JsonOut& out, std::string_view key, const Dwg_Color& color,
-                     const CompleteContext& context) {
-  out += key;
-  switch (ColorMethod(color)) {
-    case kMethodByLayer: out += "\"L\""; return;
-    case kMethodByBlock: out += "\"K\""; return;
-    case kMethodIndexed: {
-      Dwg_Color indexed = color;
-      indexed.index = static_cast<BITCODE_BSd>(color.rgb & 0xFFU);
-      AppendColor(out, indexed, context.base.drawing.palette);
-      return;
-    }
-    default: AppendColor(out, color, context.base.drawing.palette);
-  }
-}
-
 // Hundredths of a millimetre; below 0 stand layer, block and default.
 void AppendWidth(JsonOut& out, std::string_view key, std::int32_t lineweight) {
   if (lineweight < 0) {
@@ -157,6 +130,16 @@ void AppendWidth(JsonOut& out, std::string_view key, std::int32_t lineweight) {
     out += "\"L\"";
   } else {
     AppendIntKey(out, key, lineweight);
+  }
+}
+
+// A text's lines have the code of the width instead.
+void AppendLineWidth(JsonOut& out, const Dwg_LEADER_Line& line, const CompleteContext& context) {
+  if (context.tables.isDxf) {
+    out += ",\"lw\":";
+    AppendLineweight(out, static_cast<std::uint8_t>(line.linewt));
+  } else {
+    AppendWidth(out, ",\"lw\":", line.linewt);
   }
 }
 
@@ -195,7 +178,7 @@ void AppendOwnLook(JsonOut& out, const Dwg_LEADER_Line& line, const CompleteCont
     AppendLinetypeName(out, ",\"linetype\":", HandleOf(line.ltype), context);
   }
   if ((line.flags & kOwnLineweight) != 0) {
-    AppendWidth(out, ",\"lw\":", line.linewt);
+    AppendLineWidth(out, line, context);
   }
   if ((line.flags & kOwnArrowSize) != 0) {
     AppendNumberKey(out, ",\"arrowSize\":", line.arrow_size);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "complete/common_keys.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -15,7 +16,8 @@
 namespace {
 
 constexpr unsigned kLwConstantWidth = 4;
-constexpr unsigned kLwLinetypeGeneration = 256;
+// A DWG sets the first; the reader of texts leaves closed polylines the second.
+constexpr unsigned kLwLinetypeGeneration = 256 | 128;
 
 constexpr unsigned kCurveFit = 2;
 constexpr unsigned kSplineFit = 4;
@@ -151,26 +153,25 @@ void AppendTangents(JsonOut& out, std::span<const Dwg_Object* const> vertices) {
   tangents.Close();
 }
 
-void AppendTrueKey(JsonOut& out, std::string_view key, bool value) {
-  if (value) {
-    out += key;
-    out += "true";
-  }
-}
-
 void AppendCurveType(JsonOut& out, unsigned type) {
   if (type != 0) {
     AppendIntKey(out, ",\"curveType\":", type);
   }
 }
 
-// Texts do not say that a width is missing: a vertex without one takes the polyline's.
-Width WidthOf(const Dwg_Entity_VERTEX_2D& vertex, const Dwg_Entity_POLYLINE_2D& polyline,
-              bool tellsMissing) {
-  if (!tellsMissing && vertex.start_width == 0 && vertex.end_width == 0) {
-    return {polyline.start_width, polyline.end_width};
-  }
-  return {vertex.start_width, vertex.end_width};
+// Which widths a vertex before release 13 has of its own.
+constexpr unsigned kOldStartWidth = 1;
+constexpr unsigned kOldEndWidth = 2;
+
+// A vertex without a width takes the polyline's. Texts leave it out, which the reader
+// says by a width below 0; old drawings say it by flags; others have them all.
+Width WidthOf(const Dwg_Object& object, const Dwg_Entity_POLYLINE_2D& polyline, bool isOld) {
+  const Dwg_Entity_VERTEX_2D& vertex = Vertex2d(object);
+  const unsigned own = EntityOf(object)->opts_r11;
+  const bool hasStart = isOld ? (own & kOldStartWidth) != 0 : !(vertex.start_width < 0);
+  const bool hasEnd = isOld ? (own & kOldEndWidth) != 0 : !(vertex.end_width < 0);
+  return {hasStart ? vertex.start_width : polyline.start_width,
+          hasEnd ? vertex.end_width : polyline.end_width};
 }
 
 unsigned CurveType3d(unsigned stored) {
@@ -225,10 +226,9 @@ void AppendPolyline2dFurtherKeys(JsonOut& out, const Dwg_Entity_POLYLINE_2D& pol
   const VertexList& shown = vertices.shown();
   AppendNonZeroKey(out, ",\"startWidth\":", polyline.start_width);
   AppendNonZeroKey(out, ",\"endWidth\":", polyline.end_width);
-  const bool tellsMissing = !context.tables.isDxf && context.dwg().header.from_version >= R_13b1;
-  AppendWidths(out, shown.size(), [&](std::size_t i) {
-    return WidthOf(Vertex2d(*shown[i]), polyline, tellsMissing);
-  });
+  const bool isOld = !context.tables.isDxf && context.dwg().header.from_version < R_13b1;
+  AppendWidths(out, shown.size(),
+               [&](std::size_t i) { return WidthOf(*shown[i], polyline, isOld); });
   AppendVertexFlags(out, shown);
   AppendTangents(out, shown);
   AppendTrueKey(out, ",\"curveFit\":", (polyline.flag & kCurveFit) != 0);

@@ -1,6 +1,7 @@
 #include "complete/reference_keys.hpp"
 
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "complete/block_clip.hpp"
@@ -24,11 +25,30 @@ void AppendAttribute(JsonOut& out, const Dwg_Object& object, const CompleteConte
   out += '}';
 }
 
+// Old drawings, and texts of some programs, let attributes belong to the block that
+// the reference stands in. They follow the reference.
+std::span<const Dwg_Object> FollowingAttributes(const Dwg_Object& reference,
+                                                const CompleteContext& context) {
+  const auto objects = Objects(context.dwg());
+  const std::size_t first = std::size_t{reference.index} + 1;
+  std::size_t end = first;
+  while (end < objects.size() && objects[end].fixedtype == DWG_TYPE_ATTRIB) {
+    ++end;
+  }
+  return first < objects.size() ? objects.subspan(first, end - first)
+                                : std::span<const Dwg_Object>{};
+}
+
 void AppendAttributes(JsonOut& out, const Dwg_Object& reference, const CompleteContext& context) {
   const std::size_t start = out.size();
   JsonList attributes(out, ",\"attributes\":[");
   for (const Dwg_Object* object : context.base.tables.OwnedBy(reference)) {
     attributes.Item([&] { AppendAttribute(out, *object, context); });
+  }
+  if (attributes.IsEmpty()) {
+    for (const Dwg_Object& object : FollowingAttributes(reference, context)) {
+      attributes.Item([&] { AppendAttribute(out, object, context); });
+    }
   }
   attributes.Close();
   if (attributes.IsEmpty()) {

@@ -32,8 +32,8 @@ Handle OwningReference(const Dwg_Data& dwg, const Dwg_Object& object) {
 }
 
 void AddSource(ReferenceTables& tables, const Dwg_Object& block, Handle application) {
-  ForEachExtended(ExtendedDataOf(block), application, [&](const Dwg_Eed_Data& value) {
-    if (value.code == kExtendedHandle) {
+  ForEachAttached(AttachedDataOf(block), application, [&](const Dwg_Eed_Data& value) {
+    if (value.code == kAttachedHandle) {
       tables.sourceBlocks[block.handle.value] = value.u.eed_5.entity;
     }
   });

@@ -38,20 +38,20 @@ struct ListedView {
 ListedView ListedViewOf(const Dwg_Object& object, Handle application) {
   ListedView view;
   bool isView = false;
-  ForEachExtended(ExtendedDataOf(object), application, [&](const Dwg_Eed_Data& value) {
-    isView = isView || IsExtendedText(value, "MVIEW");
+  ForEachAttached(AttachedDataOf(object), application, [&](const Dwg_Eed_Data& value) {
+    isView = isView || IsAttachedText(value, "MVIEW");
     if (!isView) {
       return;
     }
     switch (value.code) {
-      case kExtendedPoint: {
+      case kAttachedPoint: {
         const auto& point = value.u.eed_10.point;
         view.points.push_back({point.x, point.y, point.z});
         break;
       }
-      case kExtendedReal: view.numbers.push_back(value.u.eed_40.real); break;
-      case kExtendedShort: view.flags.push_back(value.u.eed_70.rs); break;
-      case kExtendedLayer: view.frozenLayers.push_back(value.u.eed_3.layer); break;
+      case kAttachedReal: view.numbers.push_back(value.u.eed_40.real); break;
+      case kAttachedShort: view.flags.push_back(value.u.eed_70.rs); break;
+      case kAttachedLayer: view.frozenLayers.push_back(value.u.eed_3.layer); break;
       default: break;
     }
   });
@@ -103,13 +103,6 @@ class SettledViewport {
   std::vector<Dwg_Object_Ref> layers_;
   std::vector<BITCODE_H> references_;
 };
-
-void AppendTrueKey(JsonOut& out, std::string_view key, bool value) {
-  if (value) {
-    out += key;
-    out += "true";
-  }
-}
 
 void AppendUcs(JsonOut& out, const Dwg_Entity_VIEWPORT& viewport) {
   if (viewport.UCSVP == 0) {

@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "complete/document.hpp"
 #include "document/document.hpp"
 #include "encode/text_decoding.hpp"
 #include "entities/drawing_access.hpp"
@@ -179,6 +180,80 @@ class DrawingBuilder {
     return kTypes[input_.Byte() % kTypes.size()];
   }
 
+  // Mostly the z axis, as in real drawings.
+  void FillExtrusion(BITCODE_BE& extrusion) {
+    if (input_.OneIn(2)) {
+      extrusion = {0, 0, input_.OneIn(2) ? 1.0 : -1.0};
+    } else {
+      Fill(extrusion);
+    }
+  }
+
+  // Three rows of four, or none.
+  double* Matrix() {
+    constexpr std::size_t kMatrixSize = 12;
+    if (input_.OneIn(4)) {
+      return nullptr;
+    }
+    std::vector<double> matrix(kMatrixSize);
+    for (double& value : matrix) {
+      value = input_.Double();
+    }
+    return drawing_.Array(std::move(matrix));
+  }
+
+  // Extended data of the applications that are read, or of any.
+  template <typename Data>
+  void FillExtendedData(Data& data) {
+    if (!input_.OneIn(4)) {
+      return;
+    }
+    std::vector<Dwg_Eed> items(input_.Below(9));
+    for (Dwg_Eed& item : items) {
+      item.handle.value = input_.OneIn(2) ? 0 : HandleOf(Reference(DWG_TYPE_APPID));
+      item.data = input_.OneIn(10) ? nullptr : ExtendedValue();
+    }
+    data.num_eed = static_cast<BITCODE_BL>(items.size());
+    data.eed = drawing_.Array(std::move(items));
+  }
+
+  Dwg_Eed_Data* ExtendedValue() {
+    static constexpr std::array<BITCODE_RC, 9> kCodes = {0, 2, 3, 5, 10, 40, 70, 71, 200};
+    static constexpr std::array<const char*, 3> kTexts = {"DSTYLE", "MVIEW", "x"};
+    static constexpr std::array<BITCODE_RS, 4> kGroups = {40, 41, 341, 16};
+    constexpr std::size_t kRoom = 64;
+    auto* value = reinterpret_cast<Dwg_Eed_Data*>(drawing_.Array(std::vector<char>(kRoom)));
+    value->code = kCodes[input_.Below(kCodes.size())];
+    switch (value->code) {
+      case 0: {
+        const std::string text = kTexts[input_.Below(kTexts.size())];
+        value->u.eed_0.length = static_cast<BITCODE_RS>(text.size());
+        value->u.eed_0.is_tu = unicodeText_ ? 1 : 0;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+          if (unicodeText_) {
+            value->u.eed_0_r2007.string[i] = static_cast<unsigned char>(text[i]);
+          } else {
+            value->u.eed_0.string[i] = text[i];
+          }
+        }
+        break;
+      }
+      case 2: value->u.eed_2.close = input_.Byte() & 1U; break;
+      case 3: value->u.eed_3.layer = AnyHandle(); break;
+      case 5: value->u.eed_5.entity = AnyHandle(); break;
+      case 70: value->u.eed_70.rs = kGroups[input_.Below(kGroups.size())]; break;
+      case 71: value->u.eed_71.rl = input_.Word() << 16U | input_.Word(); break;
+      case 40: value->u.eed_40.real = input_.Double(); break;
+      case 10:
+        value->u.eed_10.point.x = input_.Double();
+        value->u.eed_10.point.y = input_.Double();
+        value->u.eed_10.point.z = input_.Double();
+        break;
+      default: break;
+    }
+    return value;
+  }
+
   void Fill(BITCODE_2RD& point) { point = {input_.Double(), input_.Double()}; }
   void Fill(BITCODE_2DPOINT& point) { point = {input_.Double(), input_.Double()}; }
   void Fill(BITCODE_3BD& point) { point = {input_.Double(), input_.Double(), input_.Double()}; }
@@ -221,6 +296,8 @@ class DrawingBuilder {
     entity->layer = Reference(DWG_TYPE_LAYER);
     Fill(entity->color);
     entity->linewt = input_.Byte();
+    entity->entmode = static_cast<BITCODE_BB>(input_.Byte() % 4);
+    FillExtendedData(*entity);
     if (input_.OneIn(25)) {
       return;  // none of its type
     }
@@ -237,6 +314,9 @@ class DrawingBuilder {
       return;
     }
     object.tio.object = &drawing_.New<Dwg_Object_Object>();
+    object.tio.object->ownerhandle = Reference(input_.OneIn(2) ? DWG_TYPE_DICTIONARY : DWG_TYPE_INSERT);
+    object.tio.object->xdicobjhandle = Reference(DWG_TYPE_DICTIONARY);
+    FillExtendedData(*object.tio.object);
     if (input_.OneIn(25)) {
       return;
     }
@@ -259,7 +339,27 @@ class DrawingBuilder {
   }
 
   void AddTable() {
-    switch (input_.Byte() % 10) {
+    switch (input_.Byte() % 16) {
+      case 10:
+        Object(DWG_TYPE_APPID, &ObjectTio::APPID, [this](auto& application) {
+          static constexpr std::array<const char*, 3> kNames = {"ACAD", "HATCHBACKGROUNDCOLOR",
+                                                                "AcDbBlockRepBTag"};
+          application.name = input_.OneIn(4) ? Text() : Utf(kNames[input_.Below(kNames.size())]);
+        });
+        break;
+      case 11: AddDrawOrder(); break;
+      case 12: AddClip(); break;
+      case 13:
+        Object(DWG_TYPE_DICTIONARY, &ObjectTio::DICTIONARY, [this](auto& dictionary) {
+          Array(dictionary.itemhandles, dictionary.numitems,
+                [this](BITCODE_H& item) { item = Reference(DWG_TYPE_XRECORD); });
+        });
+        break;
+      case 14: AddRecord(); break;
+      case 15:
+        Object(DWG_TYPE_BLOCKREPRESENTATION, &ObjectTio::BLOCKREPRESENTATION,
+               [this](auto& data) { data.block = Reference(DWG_TYPE_BLOCK_HEADER); });
+        break;
       case 0:
         Object(DWG_TYPE_LAYER, &ObjectTio::LAYER, [this](Dwg_Object_LAYER& layer) {
           layer.name = Text();
@@ -294,11 +394,79 @@ class DrawingBuilder {
     }
   }
 
+  // In the drawing's form.
+  char* Utf(const char* text) {
+    std::vector<char> stored;
+    for (; *text != 0; ++text) {
+      stored.push_back(*text);
+      if (unicodeText_) {
+        stored.push_back(0);
+      }
+    }
+    stored.insert(stored.end(), 2, 0);
+    return drawing_.Array(std::move(stored));
+  }
+
+  void AddDrawOrder() {
+    Object(DWG_TYPE_SORTENTSTABLE, &ObjectTio::SORTENTSTABLE, [this](auto& table) {
+      table.block_owner = Reference(DWG_TYPE_BLOCK_HEADER);
+      std::vector<BITCODE_H> keys(input_.Below(13));
+      std::vector<BITCODE_H> entities(keys.size());
+      for (BITCODE_H& key : keys) {
+        key = Reference();
+      }
+      for (BITCODE_H& entity : entities) {
+        entity = Reference(DWG_TYPE_LINE);
+      }
+      table.num_ents = static_cast<BITCODE_BL>(keys.size());
+      table.sort_ents = input_.OneIn(10) ? nullptr : drawing_.Array(std::move(keys));
+      table.ents = input_.OneIn(10) ? nullptr : drawing_.Array(std::move(entities));
+    });
+  }
+
+  void AddClip() {
+    Object(DWG_TYPE_SPATIAL_FILTER, &ObjectTio::SPATIAL_FILTER, [this](auto& filter) {
+      Array(filter.clip_verts, filter.num_clip_verts, [this](auto& point) { Fill(point); });
+      FillExtrusion(filter.extrusion);
+      Fill(filter.origin);
+      filter.display_boundary_on = input_.Byte() & 1U;
+      filter.front_clip_on = input_.Byte() & 1U;
+      filter.back_clip_on = input_.Byte() & 1U;
+      filter.inverse_transform = Matrix();
+      filter.transform = Matrix();
+    });
+  }
+
+  // Result buffers, sometimes in a circle.
+  void AddRecord() {
+    Object(DWG_TYPE_XRECORD, &ObjectTio::XRECORD, [this](auto& record) {
+      std::vector<Dwg_Resbuf> values(1 + input_.Below(5));
+      const std::string text = input_.OneIn(2) ? "ACAD_INVERTEDCLIP_ROUNDTRIP" : input_.Bytes(40);
+      for (Dwg_Resbuf& value : values) {
+        value.type = static_cast<short>(input_.OneIn(2) ? 102 : input_.Byte());
+        value.value.str.size = static_cast<unsigned short>(text.size());
+        value.value.str.u.data = input_.OneIn(6) ? nullptr : drawing_.Text(text);
+      }
+      record.num_xdata = static_cast<BITCODE_BL>(values.size());
+      record.xdata = drawing_.Array(std::move(values));
+      for (std::size_t i = 0; i < record.num_xdata; ++i) {
+        const bool isLast = i + 1 == record.num_xdata;
+        record.xdata[i].nextrb = !isLast ? &record.xdata[i + 1]
+                                 : input_.OneIn(3) ? record.xdata
+                                                   : nullptr;
+      }
+    });
+  }
+
   void AddBlock() {
     Object(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, [this](Dwg_Object_BLOCK_HEADER& block) {
       block.name = MallocedText();
       blocks_.push_back(&block);
       Fill(block.base_pt);
+      if (input_.OneIn(3)) {
+        Array(block.entities, block.num_owned,
+              [this](BITCODE_H& entity) { entity = Reference(DWG_TYPE_LINE); });
+      }
     });
   }
 
@@ -334,6 +502,8 @@ class DrawingBuilder {
     Object(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, [this](Dwg_Object_LAYOUT& layout) {
       layout.block_header = Reference(DWG_TYPE_BLOCK_HEADER);
       layout.layout_name = Text();
+      Array(layout.viewports, layout.num_viewports,
+            [this](BITCODE_H& viewport) { viewport = Reference(DWG_TYPE_VIEWPORT); });
       layout.tab_order = static_cast<BITCODE_BS>(input_.Word());
       Dwg_Object_PLOTSETTINGS& plot = layout.plotsettings;
       plot.plot_paper_unit = input_.Byte();
@@ -368,6 +538,8 @@ class DrawingBuilder {
         Entity(DWG_TYPE_LINE, &EntityTio::LINE, [this](auto& line) {
           Fill(line.start);
           Fill(line.end);
+          line.thickness = input_.OneIn(2) ? 0 : input_.Double();
+          FillExtrusion(line.extrusion);
         });
         break;
       case 1:
@@ -382,6 +554,7 @@ class DrawingBuilder {
           arc.radius = input_.Double();
           arc.start_angle = input_.Double();
           arc.end_angle = input_.Double();
+          FillExtrusion(arc.extrusion);
         });
         break;
       case 3:
@@ -440,6 +613,14 @@ class DrawingBuilder {
     });
   }
 
+  template <typename Polyline>
+  void FillVertices(Polyline& polyline, DWG_OBJECT_TYPE type) {
+    if (input_.OneIn(2)) {
+      Array(polyline.vertex, polyline.num_owned,
+            [this, type](BITCODE_H& vertex) { vertex = Reference(type); });
+    }
+  }
+
   void AddPolyline() {
     switch (input_.Byte() % 6) {
       case 0:
@@ -447,25 +628,46 @@ class DrawingBuilder {
           polyline.flag = static_cast<BITCODE_BS>(input_.Word());
           Array(polyline.points, polyline.num_points, [this](auto& point) { this->Fill(point); });
           Array(polyline.bulges, polyline.num_bulges, [this](double& b) { b = input_.Double(); });
+          Array(polyline.widths, polyline.num_widths, [this](auto& width) {
+            width = {input_.Double(), input_.Double()};
+          });
+          Array(polyline.vertexids, polyline.num_vertexids,
+                [this](BITCODE_BL& id) { id = input_.Byte(); });
+          polyline.const_width = input_.Double();
+          polyline.elevation = input_.Double();
+          FillExtrusion(polyline.extrusion);
         });
         break;
       case 1:
-        Entity(DWG_TYPE_POLYLINE_2D, &EntityTio::POLYLINE_2D,
-               [this](auto& polyline) { polyline.flag = input_.Byte(); });
+        Entity(DWG_TYPE_POLYLINE_2D, &EntityTio::POLYLINE_2D, [this](auto& polyline) {
+          polyline.flag = input_.Byte();
+          polyline.curve_type = input_.Byte() % 9;
+          polyline.start_width = input_.Double();
+          FillExtrusion(polyline.extrusion);
+          FillVertices(polyline, DWG_TYPE_VERTEX_2D);
+        });
         break;
       case 2:
-        Entity(DWG_TYPE_POLYLINE_3D, &EntityTio::POLYLINE_3D,
-               [this](auto& polyline) { polyline.flag = input_.Byte(); });
+        Entity(DWG_TYPE_POLYLINE_3D, &EntityTio::POLYLINE_3D, [this](auto& polyline) {
+          polyline.flag = input_.Byte();
+          polyline.curve_type = input_.Byte();
+          FillVertices(polyline, DWG_TYPE_VERTEX_3D);
+        });
         break;
       case 3:
         Entity(DWG_TYPE_VERTEX_2D, &EntityTio::VERTEX_2D, [this](auto& vertex) {
           Fill(vertex.point);
           vertex.flag = input_.Byte();
           vertex.bulge = input_.Double();
+          vertex.start_width = input_.OneIn(3) ? -1 : input_.Double();
+          vertex.tangent_dir = input_.OneIn(3) ? input_.Double() : 0;
         });
         break;
       case 4:
-        Entity(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D, [this](auto& v) { Fill(v.point); });
+        Entity(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D, [this](auto& v) {
+          Fill(v.point);
+          v.flag = input_.OneIn(3) ? 16 : 0;
+        });
         break;
       default: Entity(DWG_TYPE_SEQEND, &EntityTio::SEQEND, [](auto&) {}); break;
     }
@@ -479,6 +681,7 @@ class DrawingBuilder {
           Fill(solid.corner2);
           Fill(solid.corner3);
           Fill(solid.corner4);
+          FillExtrusion(solid.extrusion);
         });
         break;
       case 1:
@@ -585,6 +788,9 @@ class DrawingBuilder {
         Entity(DWG_TYPE_LEADER, &EntityTio::LEADER, [this](auto& leader) {
           leader.arrowhead_on = input_.Byte() & 1U;
           leader.dimasz = input_.Double();
+          leader.dimstyle = Reference(DWG_TYPE_DIMSTYLE);
+          leader.associated_annotation = Reference(DWG_TYPE_MTEXT);
+          FillExtrusion(leader.extrusion);
           Array(leader.points, leader.num_points, [this](auto& point) { this->Fill(point); });
         });
         break;
@@ -635,6 +841,7 @@ class DrawingBuilder {
       annotation.text_height = input_.Double();
       multileader.arrow_size = input_.Double();
       annotation.has_content_txt = input_.Byte() & 1U;
+      annotation.has_content_blk = input_.Byte() & 1U;
       if (annotation.has_content_txt != 0) {
         annotation.content.txt.default_text = Text();
         annotation.content.txt.height = input_.Double();
@@ -648,8 +855,19 @@ class DrawingBuilder {
         Fill(root.dogleg_vector);
         Array(root.lines, root.num_lines, [this](Dwg_LEADER_Line& line) {
           Array(line.points, line.num_points, [this](auto& point) { this->Fill(point); });
+          Array(line.breaks, line.num_breaks, [this](auto& gap) {
+            Fill(gap.start);
+            Fill(gap.end);
+          });
+          line.flags = input_.Byte();
+          Fill(line.color);
+          line.ltype = Reference();
+          line.arrow_handle = Reference(DWG_TYPE_BLOCK_HEADER);
         });
       });
+      Fill(multileader.line_color);
+      Array(multileader.blocklabels, multileader.num_blocklabels,
+            [this](auto& label) { label.label_text = Text(); });
     });
   }
 
@@ -666,6 +884,7 @@ class DrawingBuilder {
     Fill(insert.ins_pt);
     Fill(insert.scale);
     insert.rotation = input_.Double();
+    FillExtrusion(insert.extrusion);
   }
 
   void AddReference() {
@@ -681,6 +900,7 @@ class DrawingBuilder {
           Fill(image.pt0);
           Fill(image.uvec);
           Fill(image.vvec);
+          Array(image.clip_verts, image.num_clip_verts, [this](auto& point) { this->Fill(point); });
         });
         break;
       case 2:
@@ -689,6 +909,10 @@ class DrawingBuilder {
           Fill(underlay.ins_pt);
           Fill(underlay.scale);
           underlay.angle = input_.Double();
+          underlay.flag = input_.Byte();
+          Array(underlay.clip_verts, underlay.num_clip_verts,
+                [this](auto& point) { this->Fill(point); });
+          FillExtrusion(underlay.extrusion);
         });
         break;
       case 3: AddViewport(); break;
@@ -725,15 +949,40 @@ class DrawingBuilder {
   std::map<DWG_OBJECT_TYPE, std::vector<Handle>> handlesByType_;
 };
 
-std::string Convert(DrawingBuilder& builder, bool isUtf8, bool verbose) {
+using AppendForm = void (*)(JsonOut& out, const Drawing& drawing, const DocumentOptions& options,
+                            StageObserver& observer);
+
+void AppendPlain(JsonOut& out, const Drawing& drawing, const DocumentOptions& options,
+                 StageObserver& observer) {
+  AppendDocument(out, drawing, options, {}, observer);
+}
+
+void AppendComplete(JsonOut& out, const Drawing& drawing, const DocumentOptions& options,
+                    StageObserver& observer) {
+  JsonOut further;
+  AppendCompleteDocument(out, further, drawing, options, {}, observer);
+  out += further.Text();
+}
+
+std::string Convert(DrawingBuilder& builder, bool isUtf8, bool verbose, AppendForm append) {
   const TextForm eightBit = isUtf8 ? TextForm::kUtf8 : TextForm::kWindows1252;
   const Drawing drawing{.data = builder.dwg(),
                         .textForm = builder.unicodeText() ? TextForm::kUtf16 : eightBit,
                         .folder = "."};
   StageObserver observer;
   JsonOut out;
-  AppendDocument(out, drawing, {.verbose = verbose}, {}, observer);
+  append(out, drawing, {.verbose = verbose}, observer);
   return out.Text();
+}
+
+// In time, well formed, and the same again.
+std::string CheckForm(DrawingBuilder& builder, bool isUtf8, bool verbose, AppendForm append) {
+  const TimeBudget budget;
+  const std::string document = Convert(builder, isUtf8, verbose, append);
+  budget.Check();
+  FUZZ_CHECK(IsGrammaticalJson(document + "}"));
+  FUZZ_CHECK(Convert(builder, isUtf8, verbose, append) == document);
+  return document;
 }
 
 }  // namespace
@@ -747,11 +996,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if ((switches & 8U) != 0 && !drawing.unicodeText()) {
     SettleDxf(drawing.dwg());
   }
-  const TimeBudget budget;
-  const std::string document = Convert(drawing, isUtf8, verbose);
-  budget.Check();
-  FUZZ_CHECK(IsGrammaticalJson(document + "}"));
-  FUZZ_CHECK(Convert(drawing, isUtf8, verbose) == document);
+  const std::string document = CheckForm(drawing, isUtf8, verbose, AppendPlain);
+  CheckForm(drawing, isUtf8, verbose, AppendComplete);
   // For the check of the documents against their schema.
   static const bool prints = std::getenv("DWG_FUZZ_PRINT") != nullptr;
   if (prints) {
