@@ -24,10 +24,13 @@ constexpr unsigned kUnderlayMonochrome = 4;
 constexpr unsigned kUnderlayAdjusted = 8;
 constexpr unsigned kUnderlayInverted = 16;
 
-// Two opposite corners stand for a rectangle.
+// Two opposite corners stand for a rectangle. Texts have the first corner of a polygon
+// again at its end.
 std::vector<BITCODE_2RD> WholeBoundary(std::span<const BITCODE_2RD> stored) {
   if (stored.size() != 2) {
-    return {stored.begin(), stored.end()};
+    const bool isClosed = stored.size() > 3 && stored.front().x == stored.back().x &&
+                          stored.front().y == stored.back().y;
+    return {stored.begin(), stored.end() - (isClosed ? 1 : 0)};
   }
   const BITCODE_2RD& a = stored[0];
   const BITCODE_2RD& b = stored[1];

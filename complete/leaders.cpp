@@ -19,6 +19,9 @@
 
 namespace {
 
+// Texts leave out variables that have their default.
+constexpr double kDefaultArrowSize = 0.18;
+
 constexpr unsigned kGroupScale = 40;
 constexpr unsigned kGroupArrowSize = 41;
 constexpr unsigned kGroupLeaderArrow = 341;
@@ -50,6 +53,9 @@ ArrowVariables ArrowOf(const Dwg_Entity_LEADER& leader, const CompleteContext& c
   ArrowVariables arrow{vars.DIMASZ, vars.DIMSCALE, HandleOf(vars.DIMLDRBLK)};
   if (const Dwg_Object_DIMSTYLE* style = StyleOf(leader, context)) {
     arrow = {style->DIMASZ, style->DIMSCALE, HandleOf(style->DIMLDRBLK)};
+  }
+  if (arrow.size == 0 && context.tables.isDxf) {
+    arrow.size = kDefaultArrowSize;
   }
   ForEachOverride(AttachedDataOf(origin.object), context.tables.acadApplication, "DSTYLE",
                   [&](unsigned group, const Dwg_Eed_Data& value) {
@@ -86,6 +92,18 @@ void AppendDirection(JsonOut& out, std::string_view key, const BITCODE_3BD& dire
   AppendPointKey(out, key, direction.x, direction.y, direction.z);
 }
 
+// LibreDWG reads what follows the points of a leader wrongly from a DWG of 2010 and
+// later: it leaves out a point that stands before the size of the annotation.
+bool HasAnnotationBox(const CompleteContext& context) {
+  return context.tables.isDxf || context.dwg().header.from_version < R_2010b;
+}
+
+// Texts leave out the x axis.
+void AppendXDirection(JsonOut& out, const BITCODE_3BD& direction) {
+  const bool isMissing = direction.x == 0 && direction.y == 0 && direction.z == 0;
+  AppendDirection(out, ",\"xDirection\":", isMissing ? BITCODE_3BD{1, 0, 0} : direction);
+}
+
 }  // namespace
 
 void AppendSizedLeader(JsonOut& out, const Dwg_Entity_LEADER& leader,
@@ -105,10 +123,12 @@ void AppendLeaderFurtherKeys(JsonOut& out, const Dwg_Entity_LEADER& leader,
   AppendTrueKey(out, ",\"spline\":", leader.path_type == 1);
   AppendIntKey(out, ",\"annotationType\":", leader.annot_type);
   AppendHandleKey(out, ",\"annotation\":", HandleOf(leader.associated_annotation));
-  AppendBoolKey(out, ",\"hookLine\":", leader.hookline_on != 0);
-  AppendNonZeroKey(out, ",\"textHeight\":", leader.box_height);
-  AppendNonZeroKey(out, ",\"textWidth\":", leader.box_width);
-  AppendDirection(out, ",\"xDirection\":", leader.x_direction);
+  if (HasAnnotationBox(context)) {
+    AppendBoolKey(out, ",\"hookLine\":", leader.hookline_on != 0);
+    AppendNonZeroKey(out, ",\"textHeight\":", leader.box_height);
+    AppendNonZeroKey(out, ",\"textWidth\":", leader.box_width);
+  }
+  AppendXDirection(out, leader.x_direction);
   AppendBlockName(out, ",\"arrowBlock\":", ArrowOf(leader, context, origin).block, context);
   AppendPlaneKeys(out, 0, 0, leader.extrusion);
 }
@@ -125,7 +145,8 @@ constexpr unsigned kOwnArrow = 32;
 
 // Hundredths of a millimetre; below 0 stand layer, block and default.
 void AppendWidth(JsonOut& out, std::string_view key, std::int32_t lineweight) {
-  if (lineweight < 0) {
+  // Texts have 16 bits, which the reader does not extend.
+  if (static_cast<std::int16_t>(lineweight) < 0) {
     out += key;
     out += "\"L\"";
   } else {
