@@ -100,9 +100,10 @@ std::uint32_t TableEntry(Dwg_Codepage table, std::uint32_t code) {
       return missing.codePoint;
     }
   }
-  const auto found =
-      static_cast<std::uint32_t>(dwg_codepage_uwc(table, static_cast<std::uint16_t>(code)));
-  return found == kReplacement ? 0 : found;
+  constexpr wchar_t kUnit = 0xFFFF;
+  const wchar_t found = dwg_codepage_uwc(table, static_cast<std::uint16_t>(code));
+  const auto codePoint = static_cast<std::uint32_t>(found & kUnit);
+  return codePoint == kReplacement ? 0 : codePoint;
 }
 
 // The characters that users of the Japanese page define stand for private ones.
