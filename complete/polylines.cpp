@@ -167,7 +167,8 @@ constexpr unsigned kOldEndWidth = 2;
 // says by a width below 0; old drawings say it by flags; others have them all.
 Width WidthOf(const Dwg_Object& object, const Dwg_Entity_POLYLINE_2D& polyline, bool isOld) {
   const Dwg_Entity_VERTEX_2D& vertex = Vertex2d(object);
-  const unsigned own = EntityOf(object)->opts_r11;
+  // A vertex has entity data: Vertex2d is in it.
+  const unsigned own = object.tio.entity->opts_r11;
   const bool hasStart = isOld ? (own & kOldStartWidth) != 0 : !(vertex.start_width < 0);
   const bool hasEnd = isOld ? (own & kOldEndWidth) != 0 : !(vertex.end_width < 0);
   return {hasStart ? vertex.start_width : polyline.start_width,

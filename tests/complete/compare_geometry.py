@@ -27,8 +27,39 @@ except ImportError:
 SKIPPED = 77
 TOLERANCE = 1e-9
 
+INDEXED = "ezdxf takes the word of an index for channels"
+ABSENT = "the file leaves it out, and LibreDWG takes what is left out for 0; the default is not"
+UNREAD = "LibreDWG does not read it from a DXF"
+STYLED = "the file leaves it out: ezdxf takes 2.5 for it, CAD programs 0.18"
+MISREAD = "the file has what the record says; ezdxf falls back to a default"
+OWN_NUMBER = "the file has 0 for an inactive sheet; the record has the viewport's place"
+OWN_VIEW = "ezdxf does not read the view from the extended data of so old a drawing"
+TWICE = "handles occur twice in the file"
+SPELLED = "named in other letter case than the style's own record"
+
 # (drawing, or "*", type, attribute): why the two differ.
-KNOWN = {}
+KNOWN = {
+    ("gdal/hatch_pattern_generated_by_gdal.dxf", "HATCH", "background"): INDEXED,
+    ("gdal/attrib.dxf", "INSERT", "attributes"): MISREAD,
+    ("*", "LEADER", "annotationType"): ABSENT,
+    ("*", "LEADER", "arrowOn"): ABSENT,
+    ("gdal/leader-mleader.dxf", "LEADER", "arrowSize"): STYLED,
+    ("libredwg/2010/Leader.dxf", "LEADER", "arrowSize"): STYLED,
+    ("gdal/leader-mleader.dxf", "LEADER", "dimStyle"): SPELLED,
+    ("gdal/leader-mleader.dxf", "MULTILEADER", "block.attributes.text"): UNREAD,
+    ("dxf-parser/mleader.dxf", "MULTILEADER", "hasDogleg"): MISREAD,
+    ("dxf-parser/mleader.dxf", "MULTILEADER", "hasLanding"): MISREAD,
+    ("dxf-parser/arcs-as-splines.dxf", "SPLINE", "closed"): MISREAD,
+    ("dxf-parser/arcs-as-splines.dxf", "SPLINE", "degree"): MISREAD,
+    ("dxf-parser/arcs-as-splines.dxf", "SPLINE", "periodic"): MISREAD,
+    ("dxf-parser/splines.dxf", "SPLINE", "startTangent"): MISREAD,
+    ("ezdxf/duplicate_handles.dxf", "model space", "drawOrder"): TWICE,
+    ("acadsharp-old/sample_AC1024_ascii.dxf", "VIEWPORT", "id"): OWN_NUMBER,
+    ("acadsharp/sample_AC1009_ascii.dxf", "VIEWPORT", "scale"): OWN_VIEW,
+    ("acadsharp/sample_AC1009_ascii.dxf", "VIEWPORT", "viewCtrX"): OWN_VIEW,
+    ("acadsharp/sample_AC1009_ascii.dxf", "VIEWPORT", "viewCtrY"): OWN_VIEW,
+    ("acadsharp/sample_AC1009_ascii.dxf", "VIEWPORT", "viewSize"): OWN_VIEW,
+}
 
 
 def triple(point):
@@ -468,13 +499,16 @@ class Comparison:
 
     def draw_order(self, name, drawing, document):
         orders = {e["handle"]: e["drawOrder"] for e in document["entities"] if "drawOrder" in e}
-        wanted = [e.dxf.handle for e in drawing.modelspace().entities_in_redraw_order()]
+        space = drawing.modelspace()
+        # Without a table of sort handles ezdxf sorts by handle; CAD programs do not.
+        entities = space.entities_in_redraw_order() if list(space.get_redraw_order()) else space
+        wanted = [e.dxf.handle for e in entities]
         placed = {e["handle"] for e in document["entities"] if "handle" in e}
         wanted = [handle for handle in wanted if handle in placed]
         own = [e["handle"] for e in document["entities"] if e.get("handle") in set(wanted)]
         shown = sorted(own, key=lambda handle: orders.get(handle, 0)) if orders else own
         self.values += 1
-        if shown != wanted:
+        if shown != wanted and (name, "model space", "drawOrder") not in KNOWN:
             first = next(i for i, pair in enumerate(zip(shown, wanted)) if pair[0] != pair[1])
             self.differences["model space", "drawOrder"].append(
                 (name, "", shown[first:first + 4], wanted[first:first + 4]))

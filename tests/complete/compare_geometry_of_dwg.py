@@ -24,8 +24,24 @@ TYPES = {"LINE", "POINT", "RAY", "XLINE", "CIRCLE", "ARC", "ELLIPSE", "SOLID", "
 # Told elsewhere, or not of geometry.
 OTHER_KEYS = {"color", "lw", "owner", "drawOrder", "text", "attributes"}
 
+ONE_KIND = "a DWG stores fit points or control points, a DXF both"
+LEFT_OUT = "LibreDWG takes what the DXF leaves out for 0; the default is not"
+BOX = "LibreDWG misreads what follows the points of a leader in a DWG of 2010 and later"
+OTHER = "the DXF file itself differs"
+
 # (pair, or "*", type, key): why the two differ.
-KNOWN = {}
+KNOWN = {
+    ("*", "SPLINE", "controlPoints"): ONE_KIND,
+    ("*", "SPLINE", "knots"): ONE_KIND,
+    ("*", "LEADER", "annotationType"): LEFT_OUT,
+    ("*", "LEADER", "arrowOn"): LEFT_OUT,
+    ("*", "LEADER", "hookLine"): BOX,
+    ("*", "LEADER", "textHeight"): BOX,
+    ("*", "LEADER", "textWidth"): BOX,
+    ("libredwg/2018/Leader", "LEADER", "layer"): OTHER,
+    ("libredwg/2010/Leader", "LEADER", "points"): OTHER,
+    ("libredwg/example_r13", "INSERT", "blockName"): OTHER,
+}
 
 
 def convert(worker, path):
