@@ -190,7 +190,6 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_DWFUNDERLAY: return Further(source, &Tio::DWFUNDERLAY, AppendUnderlayFurtherKeys);
     case DWG_TYPE_DGNUNDERLAY: return Further(source, &Tio::DGNUNDERLAY, AppendUnderlayFurtherKeys);
     case DWG_TYPE_HELIX: return Further(source, &Tio::HELIX, AppendHelixFurtherKeys);
-    case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendBlockArrayFurtherKeys);
     case DWG_TYPE_TEXT: return Further(source, &Tio::TEXT, AppendTextFurtherKeys);
     case DWG_TYPE_ATTRIB: return Further(source, &Tio::ATTRIB, AppendAttributeFurtherKeys);
     case DWG_TYPE_ATTDEF:
@@ -204,7 +203,9 @@ void AppendFurtherKeys(const Source& source) {
     case DWG_TYPE_SPLINE: return Further(source, &Tio::SPLINE, AppendSplineFurtherKeys);
     case DWG_TYPE_HATCH: return Further(source, &Tio::HATCH, AppendHatchFurtherKeys);
     case DWG_TYPE_INSERT: return Further(source, &Tio::INSERT, AppendInsertFurtherKeys);
-    case DWG_TYPE_MINSERT: return Further(source, &Tio::MINSERT, AppendArrayedInsertFurtherKeys);
+    case DWG_TYPE_MINSERT:
+      Further(source, &Tio::MINSERT, AppendArrayedInsertFurtherKeys);
+      return Further(source, &Tio::MINSERT, AppendBlockArrayFurtherKeys);
     case DWG_TYPE_IMAGE: return Further(source, &Tio::IMAGE, AppendImageFurtherKeys);
     case DWG_TYPE_WIPEOUT: return Further(source, &Tio::WIPEOUT, AppendWipeoutFurtherKeys);
     case DWG_TYPE_PDFUNDERLAY:
