@@ -195,6 +195,24 @@ char SeparatorOf(std::int32_t code) {
   return code >= kFirst && code <= kLast ? static_cast<char>(code) : '.';
 }
 
+// Programs that write DXF may leave out what has its default, and the library's reader
+// then has 0 there, as for one that is 0. A factor of alternate units that is 0 tells such
+// a file: nobody writes that.
+void TakeDefaults(DimensionFormat& format, const Dwg_Object_DIMSTYLE& style,
+                  const CompleteContext& context) {
+  constexpr std::int32_t kDecimals = 4;
+  const bool isFromDxf = (context.dwg().opts & DWG_OPTS_INDXF) != 0;
+  if (!isFromDxf || style.DIMALTF != 0) {
+    return;
+  }
+  if (format.length.decimals == 0) {
+    format.length.decimals = kDecimals;
+  }
+  if (format.toleranceDecimals == 0) {
+    format.toleranceDecimals = kDecimals;
+  }
+}
+
 void TakeFromStyle(DimensionFormat& format, const Dwg_Object_DIMSTYLE& style,
                    const CompleteContext& context) {
   const std::int32_t fractions = style.DIMFRAC;
@@ -227,6 +245,7 @@ void TakeFromStyle(DimensionFormat& format, const Dwg_Object_DIMSTYLE& style,
   format.alternateRounding = style.DIMALTRND;
   format.alternatePostfix = std::string(context.Decode(style.DIMAPOST));
   format.arcSymbol = style.DIMARCSYM;
+  TakeDefaults(format, style, context);
 }
 
 void TakeFromDimension(DimensionFormat& format, const Settings& settings) {

@@ -91,8 +91,12 @@ void AppendRest(JsonOut& out, const Dimension& dimension, Measure measure,
   const auto overrides = DimensionOverrides(*origin.object.tio.entity, context);
   const auto* style = ReferencedObject(dimension.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE,
                                        context);
+  const DimensionFormat format = FormatOf(style, overrides, context);
   AppendNumberKey(out, ",\"measured\":", measured);
-  AppendText(out, dimension, measured, measure, FormatOf(style, overrides, context), context);
+  AppendText(out, dimension, measured, measure, format, context);
+  if (measure == Measure::kArcLength) {
+    AppendIntKey(out, ",\"arcSymbol\":", format.arcSymbol);
+  }
   AppendPlacing(out, dimension);
   AppendStyle(out, dimension, overrides, context);
   AppendPlaneKeys(out, dimension.elevation, 0, dimension.extrusion);

@@ -1,6 +1,7 @@
 #include "complete/helix.hpp"
 
 #include "complete/common_keys.hpp"
+#include "complete/proxy_graphics.hpp"
 #include "encode/json_text.hpp"
 #include "entities/spline.hpp"
 
@@ -36,7 +37,13 @@ Dwg_Entity_SPLINE SplineOf(const Dwg_Entity_HELIX& helix) {
 
 void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteContext& context,
                  const EntityOrigin& origin) {
-  AppendSpline(out, SplineOf(helix), context.base, origin);
+  const bool hasCurve = (helix.fit_pts != nullptr && helix.num_fit_pts > 0) ||
+                        (helix.ctrl_pts != nullptr && helix.num_ctrl_pts > 0);
+  if (hasCurve) {
+    AppendSpline(out, SplineOf(helix), context.base, origin);
+  } else {
+    AppendStoredGraphics(out, StoredGraphics(*origin.object.tio.entity), context);
+  }
 }
 
 void AppendHelixFurtherKeys(JsonOut& out, const Dwg_Entity_HELIX& helix) {

@@ -6,6 +6,7 @@
 #include "complete/complete_context.hpp"
 #include "encode/json_out.hpp"
 
+// The stored graphics stand in for a spline that the library's DXF reader leaves out.
 void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteContext& context,
                  const EntityOrigin& origin);
 

@@ -116,19 +116,25 @@ std::string Fraction(const Mixed& mixed, const UnitFormat& format, bool hasWhole
   }
 }
 
-std::string MixedText(const Mixed& mixed, const UnitFormat& format) {
+// A whole part of 0 stands behind feet only.
+std::string MixedText(const Mixed& mixed, const UnitFormat& format, bool isBehindFeet = false) {
   if (mixed.numerator == 0) {
     return std::to_string(mixed.whole);
   }
-  const bool hasWhole = mixed.whole != 0;
+  const bool hasWhole = mixed.whole != 0 || isBehindFeet;
   return (hasWhole ? std::to_string(mixed.whole) : std::string{}) +
          Fraction(mixed, format, hasWhole);
+}
+
+bool HasFeet(std::int64_t feet, const UnitFormat& format) {
+  const std::int32_t zeros = format.zeros & kFeetAndInches;
+  return feet != 0 || zeros == kAllZeros || zeros == kNoZeroInches;
 }
 
 std::string FeetText(std::int64_t feet, std::string_view inches, bool isZeroInches,
                      const UnitFormat& format) {
   const std::int32_t zeros = format.zeros & kFeetAndInches;
-  const bool hasFeet = feet != 0 || zeros == kAllZeros || zeros == kNoZeroInches;
+  const bool hasFeet = HasFeet(feet, format);
   const bool hasInches =
       !isZeroInches || zeros == kAllZeros || zeros == kNoZeroFeet || (feet == 0 && !hasFeet);
   std::string text = hasFeet ? std::to_string(feet) + '\'' : std::string{};
@@ -145,7 +151,7 @@ std::string ArchitecturalLength(double value, const UnitFormat& format) {
   const auto perFoot = static_cast<std::int64_t>(kInchesPerFoot);
   const std::int64_t feet = inches.whole / perFoot;
   inches.whole %= perFoot;
-  return FeetText(feet, MixedText(inches, format), inches.whole == 0 && inches.numerator == 0,
+  return FeetText(feet, MixedText(inches, format, HasFeet(feet, format)), inches.whole == 0 && inches.numerator == 0,
                   format);
 }
 
@@ -219,11 +225,10 @@ Affixes SplitAt(std::string_view text, std::string_view mark) {
   return {.prefix = text.substr(0, at), .suffix = text.substr(at + mark.size())};
 }
 
-std::string_view SignOf(Measure measure, const DimensionFormat& format) {
+std::string_view SignOf(Measure measure) {
   switch (measure) {
     case Measure::kRadius: return "R";
     case Measure::kDiameter: return "\u2205";
-    case Measure::kArcLength: return format.arcSymbol == 0 ? "\u2312" : "";
     default: return {};
   }
 }
@@ -267,7 +272,7 @@ std::string WithAffixes(const std::string& text, Measure measure, const Dimensio
   }
   const Affixes affixes = SplitAt(format.postfix, "<>");
   const std::string_view prefix =
-      affixes.prefix.empty() ? SignOf(measure, format) : affixes.prefix;
+      affixes.prefix.empty() ? SignOf(measure) : affixes.prefix;
   return std::string(prefix) + text + std::string(affixes.suffix);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "complete/lookup.hpp"
@@ -24,6 +25,8 @@ constexpr unsigned kControlPoint = 16;
 
 bool IsMeshPart(const Dwg_Object& object) {
   switch (object.fixedtype) {
+    case DWG_TYPE_VERTEX_2D:
+    case DWG_TYPE_VERTEX_3D:
     case DWG_TYPE_VERTEX_MESH:
     case DWG_TYPE_VERTEX_PFACE:
     case DWG_TYPE_VERTEX_PFACE_FACE: return true;
@@ -55,24 +58,44 @@ Parts PartsOf(const Mesh& mesh, const Dwg_Object& object, const CompleteContext&
   return parts;
 }
 
+struct MeshVertex {
+  BITCODE_3BD point;
+  unsigned flag;
+};
+
+using VertexList = std::vector<MeshVertex>;
+
 template <typename Vertex>
-std::vector<const Vertex*> VerticesOf(const Parts& parts, DWG_OBJECT_TYPE type,
-                                      Vertex* EntityTio::*member) {
-  std::vector<const Vertex*> vertices;
+void AddVertex(VertexList& vertices, const Vertex* vertex) {
+  if (vertex != nullptr) {
+    vertices.push_back({vertex->point, vertex->flag});
+  }
+}
+
+// The DXF reader tells the kinds of vertices by markers that some files lack, and
+// leaves those of polygon meshes as it does those of plane polylines.
+VertexList VerticesOf(const Parts& parts) {
+  VertexList vertices;
   for (const Dwg_Object* part : parts) {
-    const Vertex* vertex = part->fixedtype == type ? EntityData(*part, member) : nullptr;
-    if (vertex != nullptr) {
-      vertices.push_back(vertex);
+    switch (part->fixedtype) {
+      case DWG_TYPE_VERTEX_2D: AddVertex(vertices, EntityData(*part, &EntityTio::VERTEX_2D)); break;
+      case DWG_TYPE_VERTEX_3D: AddVertex(vertices, EntityData(*part, &EntityTio::VERTEX_3D)); break;
+      case DWG_TYPE_VERTEX_MESH:
+        AddVertex(vertices, EntityData(*part, &EntityTio::VERTEX_MESH));
+        break;
+      case DWG_TYPE_VERTEX_PFACE:
+        AddVertex(vertices, EntityData(*part, &EntityTio::VERTEX_PFACE));
+        break;
+      default: break;
     }
   }
   return vertices;
 }
 
-template <typename Vertex>
-void AppendPoints(JsonOut& out, std::string_view key, const std::vector<const Vertex*>& vertices) {
+void AppendPoints(JsonOut& out, std::string_view key, const VertexList& vertices) {
   JsonList points(out, key);
-  for (const Vertex* vertex : vertices) {
-    points.Point(vertex->point.x, vertex->point.y, vertex->point.z);
+  for (const MeshVertex& vertex : vertices) {
+    points.Point(vertex.point.x, vertex.point.y, vertex.point.z);
   }
   points.Close();
 }
@@ -152,18 +175,16 @@ void AppendEdgeList(JsonOut& out, std::span<const Dwg_MESH_edge> edges,
 
 void AppendPolygonMesh(JsonOut& out, const Dwg_Entity_POLYLINE_MESH& mesh,
                        const CompleteContext& context, const EntityOrigin& origin) {
-  using List = std::vector<const Dwg_Entity_VERTEX_MESH*>;
-  const List all = VerticesOf(PartsOf(mesh, origin.object, context), DWG_TYPE_VERTEX_MESH,
-                              &EntityTio::VERTEX_MESH);
-  List fit;
-  List control;
-  for (const Dwg_Entity_VERTEX_MESH* vertex : all) {
-    ((vertex->flag & kControlPoint) != 0 ? control : fit).push_back(vertex);
+  const VertexList all = VerticesOf(PartsOf(mesh, origin.object, context));
+  VertexList fit;
+  VertexList control;
+  for (const MeshVertex& vertex : all) {
+    ((vertex.flag & kControlPoint) != 0 ? control : fit).push_back(vertex);
   }
   if (all.empty()) {
     return;
   }
-  const bool isSmoothed = !control.empty() && (fit.empty() || (fit.front()->flag & kFitPoint) != 0);
+  const bool isSmoothed = !control.empty() && (fit.empty() || (fit.front().flag & kFitPoint) != 0);
   const bool hasDensity = isSmoothed && mesh.m_density != 0 && mesh.n_density != 0;
   AppendIntKey(out, ",\"m\":", hasDensity ? mesh.m_density : mesh.num_m_verts);
   AppendIntKey(out, ",\"n\":", hasDensity ? mesh.n_density : mesh.num_n_verts);
@@ -181,7 +202,7 @@ void AppendPolygonMesh(JsonOut& out, const Dwg_Entity_POLYLINE_MESH& mesh,
 void AppendPolyfaceMesh(JsonOut& out, const Dwg_Entity_POLYLINE_PFACE& mesh,
                         const CompleteContext& context, const EntityOrigin& origin) {
   const Parts parts = PartsOf(mesh, origin.object, context);
-  const auto vertices = VerticesOf(parts, DWG_TYPE_VERTEX_PFACE, &EntityTio::VERTEX_PFACE);
+  const VertexList vertices = VerticesOf(parts);
   if (vertices.empty()) {
     return;
   }

@@ -1,5 +1,6 @@
 #include "complete/multilines.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -36,12 +37,61 @@ Point Along(const Point& from, const Point& direction, double distance) {
 
 // Where an element crosses the miter of a vertex, and the distances along the
 // segment behind it at which the element begins and ends in turn.
+// The library's DXF reader loses the distances along the miters: then they follow from
+// the style's offsets, which are measured across the path.
+class Offsets {
+ public:
+  Offsets(const Dwg_Entity_MLINE& multiline, std::span<const Dwg_MLINESTYLE_line> elements)
+      : elements_(elements), scale_(multiline.scale), normal_(multiline.extrusion) {
+    const auto byOffset = [](const auto& a, const auto& b) { return a.offset < b.offset; };
+    const auto [least, greatest] =
+        std::minmax_element(elements.begin(), elements.end(), byOffset);
+    constexpr unsigned kTop = 0;
+    constexpr unsigned kBottom = 2;
+    if (!elements.empty() && multiline.justification == kTop) {
+      base_ = greatest->offset;
+    } else if (!elements.empty() && multiline.justification == kBottom) {
+      base_ = least->offset;
+    }
+  }
+
+  // Along the vertex' miter; 0 where that runs along the path.
+  double Along(const Dwg_MLINE_vertex& vertex, std::size_t element) const {
+    if (element >= elements_.size()) {
+      return 0;
+    }
+    const Point& direction = vertex.vertex_direction;
+    const Point& miter = vertex.miter_direction;
+    const double across = miter.x * (normal_.y * direction.z - normal_.z * direction.y) +
+                          miter.y * (normal_.z * direction.x - normal_.x * direction.z) +
+                          miter.z * (normal_.x * direction.y - normal_.y * direction.x);
+    return across == 0 ? 0 : (elements_[element].offset - base_) * scale_ / across;
+  }
+
+ private:
+  std::span<const Dwg_MLINESTYLE_line> elements_;
+  double scale_;
+  Point normal_;
+  double base_ = 0;
+};
+
+struct Path {
+  Vertices vertices;
+  bool isClosed;
+  Offsets offsets;
+  bool hasDistances;  // along the miters
+};
+
 struct Crossing {
   Point point;
   std::span<const double> changes;
 };
 
-Crossing CrossingOf(const Dwg_MLINE_vertex& vertex, std::size_t element) {
+Crossing CrossingOf(const Dwg_MLINE_vertex& vertex, std::size_t element, const Path& path) {
+  if (!path.hasDistances) {
+    const double distance = path.offsets.Along(vertex, element);
+    return {.point = Along(vertex.vertex, vertex.miter_direction, distance), .changes = {}};
+  }
   const auto lines = SpanOf(vertex.lines, vertex.num_lines);
   if (element >= lines.size()) {
     return {.point = vertex.vertex, .changes = {}};
@@ -113,14 +163,16 @@ bool AddSegment(Stretches& stretches, const Crossing& from, const Crossing& to,
   return reachesEnd;
 }
 
-void AppendElementLines(JsonOut& out, Vertices vertices, std::size_t element, bool isClosed) {
+void AppendElementLines(JsonOut& out, const Path& path, std::size_t element) {
+  const Vertices vertices = path.vertices;
   Stretches stretches(out);
   bool continues = false;
-  const std::size_t segments = isClosed ? vertices.size() : vertices.size() - 1;
+  const std::size_t segments = path.isClosed ? vertices.size() : vertices.size() - 1;
   for (std::size_t i = 0; i < segments; ++i) {
     const Dwg_MLINE_vertex& next = vertices[i + 1 == vertices.size() ? 0 : i + 1];
-    continues = AddSegment(stretches, CrossingOf(vertices[i], element), CrossingOf(next, element),
-                           vertices[i].vertex_direction, continues);
+    continues = AddSegment(stretches, CrossingOf(vertices[i], element, path),
+                           CrossingOf(next, element, path), vertices[i].vertex_direction,
+                           continues);
   }
   stretches.Close();
 }
@@ -152,8 +204,8 @@ void AppendElementLinetype(JsonOut& out, const Dwg_MLINESTYLE_line& element,
   out += name == nullptr ? std::string_view{"\"Continuous\""} : std::string_view{*name};
 }
 
-void AppendElement(JsonOut& out, const Dwg_MLINESTYLE_line* style, Vertices vertices,
-                   std::size_t element, bool isClosed, const CompleteContext& context) {
+void AppendElement(JsonOut& out, const Dwg_MLINESTYLE_line* style, const Path& path,
+                   std::size_t element, const CompleteContext& context) {
   AppendNumberKey(out, "{\"offset\":", style == nullptr ? 0 : style->offset);
   out += ",\"color\":";
   if (style == nullptr) {
@@ -163,8 +215,21 @@ void AppendElement(JsonOut& out, const Dwg_MLINESTYLE_line* style, Vertices vert
     out += ",\"linetype\":";
     AppendElementLinetype(out, *style, context);
   }
-  AppendElementLines(out, vertices, element, isClosed);
+  AppendElementLines(out, path, element);
   out += '}';
+}
+
+// Whether any element lies beside the path.
+bool HasDistances(Vertices vertices) {
+  for (const Dwg_MLINE_vertex& vertex : vertices) {
+    for (const Dwg_MLINE_line& line : SpanOf(vertex.lines, vertex.num_lines)) {
+      const auto parameters = SpanOf(line.segparms, line.num_segparms);
+      if (!parameters.empty() && parameters.front() != 0) {
+        return true;
+      }
+    }
+  }
+  return false;
 }
 
 void AppendPath(JsonOut& out, Vertices vertices) {
@@ -235,11 +300,14 @@ void AppendMultiline(JsonOut& out, const Dwg_Entity_MLINE& multiline,
   }
   const auto elements = style == nullptr ? std::span<const Dwg_MLINESTYLE_line>{}
                                          : SpanOf(style->lines, style->num_lines);
+  const Path path{.vertices = vertices,
+                  .isClosed = isClosed,
+                  .offsets = Offsets(multiline, elements),
+                  .hasDistances = HasDistances(vertices)};
   JsonList list(out, ",\"elements\":[");
   for (std::size_t i = 0; i < multiline.num_lines; ++i) {
     list.Item([&] {
-      AppendElement(out, i < elements.size() ? &elements[i] : nullptr, vertices, i, isClosed,
-                    context);
+      AppendElement(out, i < elements.size() ? &elements[i] : nullptr, path, i, context);
     });
   }
   list.Close();

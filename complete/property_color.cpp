@@ -27,9 +27,25 @@ BITCODE_BSd IndexOf(const Dwg_Color& color) {
 
 }  // namespace
 
+namespace {
+
+// The library's DXF reader has the index in its place, and in the word the method of its
+// own and what the index looks like; a true colour has no index there or none of its own.
+BITCODE_BSd IndexInDxf(const Dwg_Color& color) {
+  constexpr std::uint32_t kRgbMask = 0xFFFFFF;
+  const std::uint32_t method = ColorMethod(color);
+  const bool isTrueColor = (method == 0 || method == kMethodTrueColor) &&
+                           (color.rgb & kRgbMask) != 0;
+  return isTrueColor ? kTrueColor : color.index;
+}
+
+}  // namespace
+
 void AppendPropertyColor(JsonOut& out, const Dwg_Color& color, const CompleteContext& context) {
+  const bool isFromDxf = (context.dwg().opts & DWG_OPTS_INDXF) != 0;
   Dwg_Color shown = color;
-  shown.index = IndexOf(color);
+  shown.index = isFromDxf ? IndexInDxf(color) : IndexOf(color);
+  shown.rgb = shown.index == kTrueColor ? color.rgb : 0;
   AppendColor(out, shown, context.base.drawing.palette);
 }
 
@@ -37,5 +53,6 @@ void AppendColorWord(JsonOut& out, std::uint32_t word, const CompleteContext& co
   Dwg_Color color{};
   color.rgb = word;
   color.index = kByLayer;
-  AppendPropertyColor(out, color, context);
+  color.index = IndexOf(color);
+  AppendColor(out, color, context.base.drawing.palette);
 }

@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "complete/common_keys.hpp"
 #include "complete/lookup.hpp"
 #include "complete/plane_keys.hpp"
+#include "complete/stored_bytes.hpp"
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -47,8 +49,8 @@ void AppendPlace(JsonOut& out, std::size_t row, std::size_t column) {
   AppendIntKey(out, ",\"column\":", static_cast<std::int64_t>(column));
 }
 
-void AppendText(JsonOut& out, const char* text, const CompleteContext& context) {
-  AppendQuotedKey(out, ",\"text\":", context.Decode(text));
+void AppendText(JsonOut& out, std::string_view text) {
+  AppendQuotedKey(out, ",\"text\":", text);
 }
 
 void AppendCellBlock(JsonOut& out, const Dwg_Object_Ref* block, double scale,
@@ -59,17 +61,32 @@ void AppendCellBlock(JsonOut& out, const Dwg_Object_Ref* block, double scale,
   }
 }
 
-bool HasText(const char* text, const CompleteContext& context) {
-  return text != nullptr && !context.Decode(text).view().empty();
+std::string Decoded(const char* text, const CompleteContext& context) {
+  return std::string(context.Decode(text));
 }
 
-// From release 2007 on a cell's text is a value.
-const char* TextOf(const char* text, const Dwg_TABLE_value& value,
-                   const CompleteContext& context) {
-  if (HasText(text, context)) {
-    return text;
+// A string value is stored as bytes: 16-bit units up to a zero.
+std::string StoredString(const Dwg_TABLE_value& value) {
+  constexpr BITCODE_BL kString = 4;
+  constexpr BITCODE_BL kGeneral = 512;
+  if (value.data_type != kString && value.data_type != kGeneral) {
+    return {};
   }
-  return HasText(value.value_string, context) ? value.value_string : value.data_string;
+  ByteReader reader(SpanOf<unsigned char>(value.data_date, value.data_size));
+  const std::u16string units = reader.WideText();
+  return std::string(DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(units.data())));
+}
+
+// From release 2007 on a cell's text is a value: as it is shown, else as it is stored.
+std::string TextOf(const Dwg_TABLE_value& value, const CompleteContext& context) {
+  const std::string shown = Decoded(value.value_string, context);
+  const std::string stored = shown.empty() ? StoredString(value) : shown;
+  return stored.empty() ? Decoded(value.data_string, context) : stored;
+}
+
+std::string TextOf(const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
+  const std::string text = Decoded(cell.text_value, context);
+  return text.empty() ? TextOf(cell.value, context) : text;
 }
 
 void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
@@ -98,7 +115,7 @@ void AppendOldCell(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteConte
   if (cell.type == kBlockCell) {
     AppendCellBlock(out, cell.block_handle, cell.block_scale, context);
   } else {
-    AppendText(out, TextOf(cell.text_value, cell.value, context), context);
+    AppendText(out, TextOf(cell, context));
   }
   if (cell.rotation != 0) {
     AppendNumberKey(out, ",\"rotationRad\":", cell.rotation);
@@ -157,9 +174,9 @@ void AppendNewCell(JsonOut& out, const Dwg_TableCell& cell, const CompleteContex
       AppendCellBlock(out, content.handle, content.content_format.block_scale, context);
       break;
     }
-    const char* text = TextOf(nullptr, content.value, context);
-    if (HasText(text, context)) {
-      AppendText(out, text, context);
+    const std::string text = TextOf(content.value, context);
+    if (!text.empty()) {
+      AppendText(out, text);
       break;
     }
   }
