@@ -273,7 +273,7 @@ def check_mesh(check, record, entity, _blocks):
     check.same("faces", record["faces"], [list(f) for f in entity.faces])
     check.same("edges", record["edges"], [list(e) for e in entity.edges])
     check.same("creases", record["creases"], list(entity.creases))
-    check.same("subdivisionLevel", record["subdivisionLevel"], entity.dxf.levels)
+    check.same("subdivisionLevel", record["subdivisionLevel"], entity.dxf.subdivision_levels)
 
 
 def check_helix(check, record, entity, _blocks):

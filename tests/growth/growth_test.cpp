@@ -14,9 +14,11 @@
 #include <dwg.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <new>
@@ -24,6 +26,7 @@
 #include <utility>
 #include <vector>
 
+#include "complete/document.hpp"
 #include "document/document.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/lookup_tables.hpp"
@@ -451,6 +454,113 @@ TEST(Growth, SingleLineText) {
 }
 
 // What the two judges have to find: the script this one's work,
+void ExpectLinearCompleteDocument(std::size_t n, const Fill& fill) {
+  ExpectLinear(n, [&fill](std::size_t size) {
+    auto drawing = std::make_shared<LargeDrawing>(kMostObjects * size);
+    fill(*drawing, size);
+    return [drawing] {
+      StageObserver observer;
+      JsonOut out;
+      JsonOut further;
+      AppendCompleteDocument(out, further, Drawing{.data = drawing->data()}, {}, {}, observer);
+    };
+  });
+}
+
+// All of one style, with a list of variables each.
+TEST(CompleteGrowth, Dimensions) {
+  ExpectLinearCompleteDocument(2000, [](LargeDrawing& drawing, std::size_t size) {
+    auto& style = drawing.AddObject(DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, 1);
+    style.name = drawing.Text("Site");
+    for (std::size_t i = 0; i < size; ++i) {
+      const auto [entity, dimension] = drawing.Part(&EntityTio::DIMENSION_ANG2LN);
+      dimension->dimstyle = drawing.Ref(1);
+      drawing.AddEntity(DWG_TYPE_DIMENSION_ANG2LN, entity, 16 + i);
+    }
+  });
+}
+
+TEST(CompleteGrowth, OneDimensionWithManyVariables) {
+  ExpectLinearCompleteDocument(2000, [](LargeDrawing& drawing, std::size_t size) {
+    const auto [entity, dimension] = drawing.Part(&EntityTio::DIMENSION_ALIGNED);
+    auto& value = drawing.New<Dwg_Eed_Data>();
+    value.code = 70;
+    value.u.eed_70.rs = 271;
+    std::vector<Dwg_Eed> values(size);
+    for (Dwg_Eed& item : values) {
+      item.data = &value;
+    }
+    auto& marked = drawing.New<std::array<char, sizeof(Dwg_Eed_Data) + 8>>();
+    auto* mark = reinterpret_cast<Dwg_Eed_Data*>(marked.data());
+    mark->u.eed_0.length = 6;
+    std::memcpy(mark->u.eed_0.string, "DSTYLE", 6);
+    values[0].data = mark;
+    entity->num_eed = static_cast<BITCODE_BL>(size);
+    entity->eed = drawing.Array(values);
+    drawing.AddEntity(DWG_TYPE_DIMENSION_ALIGNED, entity, 16);
+  });
+}
+
+// Meshes without an end of their own, one behind the other.
+TEST(CompleteGrowth, PolygonMeshes) {
+  ExpectLinearCompleteDocument(2000, [](LargeDrawing& drawing, std::size_t size) {
+    for (std::size_t i = 0; i < size; ++i) {
+      drawing.AddEntity(DWG_TYPE_POLYLINE_MESH, drawing.Part(&EntityTio::POLYLINE_MESH).first);
+      drawing.AddEntity(DWG_TYPE_VERTEX_MESH, drawing.Part(&EntityTio::VERTEX_MESH).first);
+    }
+  });
+}
+
+TEST(CompleteGrowth, StoredGraphics) {
+  ExpectLinearCompleteDocument(4000, [](LargeDrawing& drawing, std::size_t size) {
+    // The head, then polylines of one point, and a layer's number before each.
+    auto& bytes = drawing.New<std::vector<unsigned char>>();
+    bytes.resize(8);
+    for (std::size_t i = 0; i < size; ++i) {
+      bytes.insert(bytes.end(), {12, 0, 0, 0, 16, 0, 0, 0, 1, 0, 0, 0});
+      bytes.insert(bytes.end(), {36, 0, 0, 0, 6, 0, 0, 0, 1, 0, 0, 0});
+      bytes.insert(bytes.end(), 24, 0);
+    }
+    const auto [entity, proxy] = drawing.Part(&EntityTio::PROXY_ENTITY);
+    entity->preview_exists = 1;
+    entity->preview_size = bytes.size();
+    entity->preview = bytes.data();
+    drawing.AddEntity(DWG_TYPE_PROXY_ENTITY, entity, 16);
+  });
+}
+
+TEST(CompleteGrowth, MultilineOfManyVertices) {
+  ExpectLinearCompleteDocument(2000, [](LargeDrawing& drawing, std::size_t size) {
+    const auto [entity, multiline] = drawing.Part(&EntityTio::MLINE);
+    multiline->num_lines = 3;
+    multiline->num_verts = static_cast<BITCODE_BS>(size);
+    multiline->verts = drawing.Array(std::vector<Dwg_MLINE_vertex>(size));
+    drawing.AddEntity(DWG_TYPE_MLINE, entity, 16);
+  });
+}
+
+TEST(CompleteGrowth, TableOfManyCells) {
+  ExpectLinearCompleteDocument(2000, [](LargeDrawing& drawing, std::size_t size) {
+    const auto [entity, table] = drawing.Part(&EntityTio::TABLE);
+    table->num_cols = 1;
+    table->num_cells = static_cast<unsigned long>(size);
+    table->cells = drawing.Array(std::vector<Dwg_TABLE_Cell>(size));
+    drawing.AddEntity(DWG_TYPE_TABLE, entity, 16);
+  });
+}
+
+TEST(CompleteGrowth, ToleranceOfManyCells) {
+  ExpectLinearCompleteDocument(4000, [](LargeDrawing& drawing, std::size_t size) {
+    const auto [entity, tolerance] = drawing.Part(&EntityTio::TOLERANCE);
+    std::string text;
+    for (std::size_t i = 0; i < size; ++i) {
+      text += "{\\Fgdt;j}%%v";
+    }
+    tolerance->text_value = drawing.Text(text);
+    drawing.AddEntity(DWG_TYPE_TOLERANCE, entity, 16);
+  });
+}
+
 TEST(Planted, SquareOfTheSize) {
   ExpectLinear(1'000, [](std::size_t n) {
     return [numbers = std::vector<char>(n, 1)] {
