@@ -28,31 +28,31 @@ struct Variable {
 };
 
 constexpr std::array kVariables = {
-    Variable{3, "DIMPOST"}, Variable{4, "DIMAPOST"}, Variable{40, "DIMSCALE"},
-    Variable{41, "DIMASZ"},      Variable{42, "DIMEXO"},    Variable{43, "DIMDLI"},
-    Variable{44, "DIMEXE"},      Variable{45, "DIMRND"},    Variable{46, "DIMDLE"},
-    Variable{47, "DIMTP"},       Variable{48, "DIMTM"},     Variable{49, "DIMFXL"},
-    Variable{50, "DIMJOGANG"},   Variable{69, "DIMTFILL"},  Variable{70, "DIMTFILLCLR"},
-    Variable{71, "DIMTOL"},      Variable{72, "DIMLIM"},    Variable{73, "DIMTIH"},
-    Variable{74, "DIMTOH"},      Variable{75, "DIMSE1"},    Variable{76, "DIMSE2"},
-    Variable{77, "DIMTAD"},      Variable{78, "DIMZIN"},    Variable{79, "DIMAZIN"},
-    Variable{90, "DIMARCSYM"},   Variable{140, "DIMTXT"},   Variable{141, "DIMCEN"},
-    Variable{142, "DIMTSZ"},     Variable{143, "DIMALTF"},  Variable{144, "DIMLFAC"},
-    Variable{145, "DIMTVP"},     Variable{146, "DIMTFAC"},  Variable{147, "DIMGAP"},
-    Variable{148, "DIMALTRND"},  Variable{170, "DIMALT"},   Variable{171, "DIMALTD"},
-    Variable{172, "DIMTOFL"},    Variable{173, "DIMSAH"},   Variable{174, "DIMTIX"},
-    Variable{175, "DIMSOXD"},    Variable{176, "DIMCLRD"},  Variable{177, "DIMCLRE"},
-    Variable{178, "DIMCLRT"},    Variable{179, "DIMADEC"},  Variable{270, "DIMUNIT"},
-    Variable{271, "DIMDEC"},     Variable{272, "DIMTDEC"},  Variable{273, "DIMALTU"},
-    Variable{274, "DIMALTTD"},   Variable{275, "DIMAUNIT"}, Variable{276, "DIMFRAC"},
-    Variable{277, "DIMLUNIT"},   Variable{278, "DIMDSEP"},  Variable{279, "DIMTMOVE"},
-    Variable{280, "DIMJUST"},    Variable{281, "DIMSD1"},   Variable{282, "DIMSD2"},
-    Variable{283, "DIMTOLJ"},    Variable{284, "DIMTZIN"},  Variable{285, "DIMALTZ"},
-    Variable{286, "DIMALTTZ"},   Variable{287, "DIMFIT"},   Variable{288, "DIMUPT"},
-    Variable{289, "DIMATFIT"},   Variable{290, "DIMFXLON"}, Variable{294, "DIMTXTDIRECTION"},
-    Variable{340, "DIMTXSTY"},   Variable{341, "DIMLDRBLK"}, Variable{342, "DIMBLK"},
-    Variable{343, "DIMBLK1"},    Variable{344, "DIMBLK2"},  Variable{345, "DIMLTYPE"},
-    Variable{346, "DIMLTEX1"},   Variable{347, "DIMLTEX2"}, Variable{371, "DIMLWD"},
+    Variable{3, "DIMPOST"},     Variable{4, "DIMAPOST"},    Variable{40, "DIMSCALE"},
+    Variable{41, "DIMASZ"},     Variable{42, "DIMEXO"},     Variable{43, "DIMDLI"},
+    Variable{44, "DIMEXE"},     Variable{45, "DIMRND"},     Variable{46, "DIMDLE"},
+    Variable{47, "DIMTP"},      Variable{48, "DIMTM"},      Variable{49, "DIMFXL"},
+    Variable{50, "DIMJOGANG"},  Variable{69, "DIMTFILL"},   Variable{70, "DIMTFILLCLR"},
+    Variable{71, "DIMTOL"},     Variable{72, "DIMLIM"},     Variable{73, "DIMTIH"},
+    Variable{74, "DIMTOH"},     Variable{75, "DIMSE1"},     Variable{76, "DIMSE2"},
+    Variable{77, "DIMTAD"},     Variable{78, "DIMZIN"},     Variable{79, "DIMAZIN"},
+    Variable{90, "DIMARCSYM"},  Variable{140, "DIMTXT"},    Variable{141, "DIMCEN"},
+    Variable{142, "DIMTSZ"},    Variable{143, "DIMALTF"},   Variable{144, "DIMLFAC"},
+    Variable{145, "DIMTVP"},    Variable{146, "DIMTFAC"},   Variable{147, "DIMGAP"},
+    Variable{148, "DIMALTRND"}, Variable{170, "DIMALT"},    Variable{171, "DIMALTD"},
+    Variable{172, "DIMTOFL"},   Variable{173, "DIMSAH"},    Variable{174, "DIMTIX"},
+    Variable{175, "DIMSOXD"},   Variable{176, "DIMCLRD"},   Variable{177, "DIMCLRE"},
+    Variable{178, "DIMCLRT"},   Variable{179, "DIMADEC"},   Variable{270, "DIMUNIT"},
+    Variable{271, "DIMDEC"},    Variable{272, "DIMTDEC"},   Variable{273, "DIMALTU"},
+    Variable{274, "DIMALTTD"},  Variable{275, "DIMAUNIT"},  Variable{276, "DIMFRAC"},
+    Variable{277, "DIMLUNIT"},  Variable{278, "DIMDSEP"},   Variable{279, "DIMTMOVE"},
+    Variable{280, "DIMJUST"},   Variable{281, "DIMSD1"},    Variable{282, "DIMSD2"},
+    Variable{283, "DIMTOLJ"},   Variable{284, "DIMTZIN"},   Variable{285, "DIMALTZ"},
+    Variable{286, "DIMALTTZ"},  Variable{287, "DIMFIT"},    Variable{288, "DIMUPT"},
+    Variable{289, "DIMATFIT"},  Variable{290, "DIMFXLON"},  Variable{294, "DIMTXTDIRECTION"},
+    Variable{340, "DIMTXSTY"},  Variable{341, "DIMLDRBLK"}, Variable{342, "DIMBLK"},
+    Variable{343, "DIMBLK1"},   Variable{344, "DIMBLK2"},   Variable{345, "DIMLTYPE"},
+    Variable{346, "DIMLTEX1"},  Variable{347, "DIMLTEX2"},  Variable{371, "DIMLWD"},
     Variable{372, "DIMLWE"},
 };
 
@@ -195,21 +195,27 @@ char SeparatorOf(std::int32_t code) {
   return code >= kFirst && code <= kLast ? static_cast<char>(code) : '.';
 }
 
-// Programs that write DXF may leave out what has its default, and the library's reader
-// then has 0 there, as for one that is 0. A factor of alternate units that is 0 tells such
-// a file: nobody writes that.
+// Of the variables that a DXF may leave out, those whose default is not 0 and which the
+// library does not set by itself. Its reader says in the flag which of them were there.
+constexpr unsigned kHasDecimals = 2;
+constexpr unsigned kHasToleranceDecimals = 4;
+constexpr unsigned kHasTextHeight = 8;
+constexpr std::int32_t kDefaultDecimals = 4;
+constexpr double kDefaultTextHeight = 0.18;
+
+bool IsLeftOut(const Dwg_Object_DIMSTYLE& style, unsigned variable,
+               const CompleteContext& context) {
+  const bool isFromDxf = (context.dwg().opts & DWG_OPTS_INDXF) != 0;
+  return isFromDxf && (style.flag0 & variable) == 0;
+}
+
 void TakeDefaults(DimensionFormat& format, const Dwg_Object_DIMSTYLE& style,
                   const CompleteContext& context) {
-  constexpr std::int32_t kDecimals = 4;
-  const bool isFromDxf = (context.dwg().opts & DWG_OPTS_INDXF) != 0;
-  if (!isFromDxf || style.DIMALTF != 0) {
-    return;
+  if (IsLeftOut(style, kHasDecimals, context)) {
+    format.length.decimals = kDefaultDecimals;
   }
-  if (format.length.decimals == 0) {
-    format.length.decimals = kDecimals;
-  }
-  if (format.toleranceDecimals == 0) {
-    format.toleranceDecimals = kDecimals;
+  if (IsLeftOut(style, kHasToleranceDecimals, context)) {
+    format.toleranceDecimals = kDefaultDecimals;
   }
 }
 
@@ -281,9 +287,11 @@ void TakeFromDimension(DimensionFormat& format, const Settings& settings) {
   }
 }
 
-double ScaledTextHeight(const Dwg_Object_DIMSTYLE* style, const Settings& settings) {
-  double height = style == nullptr ? 0 : style->DIMTXT;
-  double scale = style == nullptr ? 1 : style->DIMSCALE;
+double ScaledTextHeight(const Dwg_Object_DIMSTYLE& style, const Settings& settings,
+                        const CompleteContext& context) {
+  double height =
+      IsLeftOut(style, kHasTextHeight, context) ? kDefaultTextHeight : double{style.DIMTXT};
+  double scale = style.DIMSCALE;
   settings.Number(140, height);
   settings.Number(40, scale);
   return scale > 0 ? height * scale : height;
@@ -338,6 +346,8 @@ DimensionFormat FormatOf(const Dwg_Object_DIMSTYLE* style,
   }
   const Settings settings(overrides);
   TakeFromDimension(format, settings);
-  format.textHeight = ScaledTextHeight(style, settings);
+  if (style != nullptr) {
+    format.textHeight = ScaledTextHeight(*style, settings, context);
+  }
   return format;
 }

@@ -33,9 +33,9 @@ void AppendDimensionOverrides(JsonOut& out, const std::vector<DimensionOverride>
 
 // How a length or an angle becomes a text.
 struct UnitFormat {
-  std::int32_t unit = 0;      // as DIMLUNIT or DIMAUNIT
-  std::int32_t decimals = 0;  // or the exponent of 2 of the least fraction
-  std::int32_t zeros = 0;     // as DIMZIN or DIMAZIN
+  std::int32_t unit = 0;       // as DIMLUNIT or DIMAUNIT
+  std::int32_t decimals = 0;   // or the exponent of 2 of the least fraction
+  std::int32_t zeros = 0;      // as DIMZIN or DIMAZIN
   std::int32_t fractions = 0;  // as DIMFRAC
   char separator = '.';
 };

@@ -71,8 +71,7 @@ void AppendPlacing(JsonOut& out, const Dimension& dimension) {
 template <typename Dimension>
 void AppendStyle(JsonOut& out, const Dimension& dimension,
                  const std::vector<DimensionOverride>& overrides, const CompleteContext& context) {
-  if (const std::string* name =
-          context.tables.dimensionStyles.Find(HandleOf(dimension.dimstyle))) {
+  if (const std::string* name = context.tables.dimensionStyles.Find(HandleOf(dimension.dimstyle))) {
     out += ",\"dimensionStyle\":";
     out += *name;
   }
@@ -89,8 +88,8 @@ void AppendRest(JsonOut& out, const Dimension& dimension, Measure measure,
   const double measured =
       dimension.act_measurement != 0 ? dimension.act_measurement : MeasureOf(dimension);
   const auto overrides = DimensionOverrides(*origin.object.tio.entity, context);
-  const auto* style = ReferencedObject(dimension.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE,
-                                       context);
+  const auto* style =
+      ReferencedObject(dimension.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, context);
   const DimensionFormat format = FormatOf(style, overrides, context);
   AppendNumberKey(out, ",\"measured\":", measured);
   AppendText(out, dimension, measured, measure, format, context);
@@ -146,8 +145,7 @@ void AppendLinearDimensionFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_L
 }
 
 void AppendAlignedDimensionFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_ALIGNED& dimension,
-                                       const CompleteContext& context,
-                                       const EntityOrigin& origin) {
+                                       const CompleteContext& context, const EntityOrigin& origin) {
   AppendWorldPoint(out, ",\"definitionPoint\":", dimension.def_pt);
   AppendWorldPoint(out, ",\"extensionPoint1\":", dimension.xline1_pt);
   AppendWorldPoint(out, ",\"extensionPoint2\":", dimension.xline2_pt);

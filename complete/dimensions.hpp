@@ -33,13 +33,11 @@ void AppendRadiusDimensionFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_R
                                       const CompleteContext& context, const EntityOrigin& origin);
 void AppendDiameterDimensionFurtherKeys(JsonOut& out,
                                         const Dwg_Entity_DIMENSION_DIAMETER& dimension,
-                                        const CompleteContext& context,
-                                        const EntityOrigin& origin);
+                                        const CompleteContext& context, const EntityOrigin& origin);
 void AppendTwoLineAngularFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_ANG2LN& dimension,
                                      const CompleteContext& context, const EntityOrigin& origin);
 void AppendThreePointAngularFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_ANG3PT& dimension,
-                                        const CompleteContext& context,
-                                        const EntityOrigin& origin);
+                                        const CompleteContext& context, const EntityOrigin& origin);
 void AppendOrdinateFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_ORDINATE& dimension,
                                const CompleteContext& context, const EntityOrigin& origin);
 void AppendArcDimensionFurtherKeys(JsonOut& out, const Dwg_Entity_ARC_DIMENSION& dimension,

@@ -44,8 +44,8 @@ void AppendForeign(JsonOut& out, const Dwg_Object_Entity& entity, const Dwg_Clas
 
 }  // namespace
 
-void AppendProxy(JsonOut& out, const Dwg_Entity_PROXY_ENTITY& proxy,
-                 const CompleteContext& context, const EntityOrigin& origin) {
+void AppendProxy(JsonOut& out, const Dwg_Entity_PROXY_ENTITY& proxy, const CompleteContext& context,
+                 const EntityOrigin& origin) {
   AppendForeign(out, *origin.object.tio.entity, ClassAt(proxy.class_id, context), "PROXY_ENTITY",
                 context);
 }

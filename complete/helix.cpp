@@ -47,6 +47,9 @@ void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteCont
 }
 
 void AppendHelixFurtherKeys(JsonOut& out, const Dwg_Entity_HELIX& helix) {
+  if (!(helix.radius > 0)) {
+    return;
+  }
   AppendPointKey(out, ",\"axisBase\":", helix.axis_base_pt.x, helix.axis_base_pt.y,
                  helix.axis_base_pt.z);
   AppendPointKey(out, ",\"axisVector\":", helix.axis_vector.x, helix.axis_vector.y,

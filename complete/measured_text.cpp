@@ -36,8 +36,7 @@ double Shown(double value) {
 
 std::string Digits(double value, std::chars_format form, std::int32_t decimals) {
   std::array<char, 64> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, form, decimals).ptr;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, form, decimals).ptr;
   return {text.data(), end};
 }
 
@@ -151,8 +150,8 @@ std::string ArchitecturalLength(double value, const UnitFormat& format) {
   const auto perFoot = static_cast<std::int64_t>(kInchesPerFoot);
   const std::int64_t feet = inches.whole / perFoot;
   inches.whole %= perFoot;
-  return FeetText(feet, MixedText(inches, format, HasFeet(feet, format)), inches.whole == 0 && inches.numerator == 0,
-                  format);
+  return FeetText(feet, MixedText(inches, format, HasFeet(feet, format)),
+                  inches.whole == 0 && inches.numerator == 0, format);
 }
 
 std::string EngineeringLength(double value, const UnitFormat& format) {
@@ -271,8 +270,7 @@ std::string WithAffixes(const std::string& text, Measure measure, const Dimensio
     return text;
   }
   const Affixes affixes = SplitAt(format.postfix, "<>");
-  const std::string_view prefix =
-      affixes.prefix.empty() ? SignOf(measure) : affixes.prefix;
+  const std::string_view prefix = affixes.prefix.empty() ? SignOf(measure) : affixes.prefix;
   return std::string(prefix) + text + std::string(affixes.suffix);
 }
 

@@ -72,6 +72,14 @@ void AddVertex(VertexList& vertices, const Vertex* vertex) {
   }
 }
 
+// Of a polyface mesh, where a file lacks the markers: the library's DXF reader has then no
+// place for the face's numbers.
+bool IsFaceRecord(const MeshVertex& vertex) {
+  constexpr unsigned kMeshVertex = 64;
+  constexpr unsigned kPolyfacePart = 128;
+  return (vertex.flag & (kMeshVertex | kPolyfacePart)) == kPolyfacePart;
+}
+
 // The DXF reader tells the kinds of vertices by markers that some files lack, and
 // leaves those of polygon meshes as it does those of plane polylines.
 VertexList VerticesOf(const Parts& parts) {
@@ -202,7 +210,8 @@ void AppendPolygonMesh(JsonOut& out, const Dwg_Entity_POLYLINE_MESH& mesh,
 void AppendPolyfaceMesh(JsonOut& out, const Dwg_Entity_POLYLINE_PFACE& mesh,
                         const CompleteContext& context, const EntityOrigin& origin) {
   const Parts parts = PartsOf(mesh, origin.object, context);
-  const VertexList vertices = VerticesOf(parts);
+  VertexList vertices = VerticesOf(parts);
+  std::erase_if(vertices, IsFaceRecord);
   if (vertices.empty()) {
     return;
   }

@@ -9,9 +9,9 @@
 
 #include "complete/common_keys.hpp"
 #include "complete/lookup.hpp"
+#include "complete/property_color.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -44,8 +44,7 @@ class Offsets {
   Offsets(const Dwg_Entity_MLINE& multiline, std::span<const Dwg_MLINESTYLE_line> elements)
       : elements_(elements), scale_(multiline.scale), normal_(multiline.extrusion) {
     const auto byOffset = [](const auto& a, const auto& b) { return a.offset < b.offset; };
-    const auto [least, greatest] =
-        std::minmax_element(elements.begin(), elements.end(), byOffset);
+    const auto [least, greatest] = std::minmax_element(elements.begin(), elements.end(), byOffset);
     constexpr unsigned kTop = 0;
     constexpr unsigned kBottom = 2;
     if (!elements.empty() && multiline.justification == kTop) {
@@ -154,8 +153,7 @@ bool AddSegment(Stretches& stretches, const Crossing& from, const Crossing& to,
   bool reachesEnd = false;
   for (std::size_t i = 0; i < changes.size(); i += 2) {
     const bool startsAtVertex = i == 0 && changes[0] == 0;
-    const Point start =
-        startsAtVertex ? from.point : Along(from.point, direction, changes[i]);
+    const Point start = startsAtVertex ? from.point : Along(from.point, direction, changes[i]);
     reachesEnd = i + 1 == changes.size();
     const Point end = reachesEnd ? to.point : Along(from.point, direction, changes[i + 1]);
     stretches.Add(start, end, startsAtVertex && continues);
@@ -170,9 +168,9 @@ void AppendElementLines(JsonOut& out, const Path& path, std::size_t element) {
   const std::size_t segments = path.isClosed ? vertices.size() : vertices.size() - 1;
   for (std::size_t i = 0; i < segments; ++i) {
     const Dwg_MLINE_vertex& next = vertices[i + 1 == vertices.size() ? 0 : i + 1];
-    continues = AddSegment(stretches, CrossingOf(vertices[i], element, path),
-                           CrossingOf(next, element, path), vertices[i].vertex_direction,
-                           continues);
+    continues =
+        AddSegment(stretches, CrossingOf(vertices[i], element, path),
+                   CrossingOf(next, element, path), vertices[i].vertex_direction, continues);
   }
   stretches.Close();
 }
@@ -194,9 +192,9 @@ void AppendElementLinetype(JsonOut& out, const Dwg_MLINESTYLE_line& element,
   const auto* control =
       ReferencedObject(context.dwg().header_vars.LTYPE_CONTROL_OBJECT, DWG_TYPE_LTYPE_CONTROL,
                        &ObjectTio::LTYPE_CONTROL, context);
-  const auto entries = control == nullptr ? std::span<const BITCODE_H>{}
-                                          : SpanOf<BITCODE_H>(control->entries,
-                                                              control->num_entries);
+  const auto entries = control == nullptr
+                           ? std::span<const BITCODE_H>{}
+                           : SpanOf<BITCODE_H>(control->entries, control->num_entries);
   const auto index = static_cast<std::size_t>(element.lt_index);
   const std::string* name = element.lt_index > 0 && index < entries.size()
                                 ? context.tables.linetypes.Find(HandleOf(entries[index]))
@@ -293,8 +291,8 @@ void AppendMultiline(JsonOut& out, const Dwg_Entity_MLINE& multiline,
   AppendIntKey(out, ",\"justification\":", multiline.justification);
   AppendPointKey(out, ",\"base\":", multiline.base_point.x, multiline.base_point.y,
                  multiline.base_point.z);
-  const auto* style = ReferencedObject(multiline.mlinestyle, DWG_TYPE_MLINESTYLE,
-                                       &ObjectTio::MLINESTYLE, context);
+  const auto* style =
+      ReferencedObject(multiline.mlinestyle, DWG_TYPE_MLINESTYLE, &ObjectTio::MLINESTYLE, context);
   if (style != nullptr) {
     AppendStyle(out, *style, multiline.flags, context);
   }

@@ -34,8 +34,8 @@ namespace {
 BITCODE_BSd IndexInDxf(const Dwg_Color& color) {
   constexpr std::uint32_t kRgbMask = 0xFFFFFF;
   const std::uint32_t method = ColorMethod(color);
-  const bool isTrueColor = (method == 0 || method == kMethodTrueColor) &&
-                           (color.rgb & kRgbMask) != 0;
+  const bool isTrueColor =
+      (method == 0 || method == kMethodTrueColor) && (color.rgb & kRgbMask) != 0;
   return isTrueColor ? kTrueColor : color.index;
 }
 

@@ -197,8 +197,8 @@ class GraphicsWriter {
   }
 
   static bool IsDrawn(std::uint32_t kind) {
-    return kind != kPushMatrix && kind != kPushMatrix2 && kind != kPopMatrix &&
-           kind != kPushClip && kind != kPopClip;
+    return kind != kPushMatrix && kind != kPushMatrix2 && kind != kPopMatrix && kind != kPushClip &&
+           kind != kPopClip;
   }
 
   // Filling holds for one item only.
@@ -319,8 +319,8 @@ class GraphicsWriter {
     std::vector<bool> holes;
     for (std::uint64_t read = 0; read < length;) {
       const std::int64_t count = reader.Int32();
-      const auto size = std::min<std::uint64_t>(static_cast<std::uint64_t>(std::abs(count)),
-                                                length - read - 1);
+      const auto size =
+          std::min<std::uint64_t>(static_cast<std::uint64_t>(std::abs(count)), length - read - 1);
       holes.push_back(count < 0);
       faces.Item([&] { AppendFace(reader, size); });
       read += size + 1;

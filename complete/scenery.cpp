@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "complete/common_keys.hpp"
+#include "complete/property_color.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -63,8 +63,7 @@ void AppendSectionPlane(JsonOut& out, const Dwg_Entity_SECTIONOBJECT& section,
                         const CompleteContext& context) {
   AppendQuotedKey(out, ",\"name\":", context.Decode(section.name));
   AppendPoints(out, ",\"points\":[", SpanOf<BITCODE_3BD>(section.verts, section.num_verts));
-  AppendPoints(out, ",\"backPoints\":[",
-               SpanOf<BITCODE_3BD>(section.blverts, section.num_blverts));
+  AppendPoints(out, ",\"backPoints\":[", SpanOf<BITCODE_3BD>(section.blverts, section.num_blverts));
   AppendIntKey(out, ",\"state\":", section.state);
   AppendSpatialPoint(out, ",\"verticalDirection\":", section.vert_dir);
   AppendNumberKey(out, ",\"topHeight\":", section.top_height);

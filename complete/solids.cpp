@@ -57,8 +57,7 @@ void AppendWires(JsonOut& out, std::string_view key, const Dwg_3DSOLID_wire* wir
   list.Close();
 }
 
-void AppendSilhouettes(JsonOut& out, const Dwg_3DSOLID_silhouette* silhouettes,
-                       std::size_t count) {
+void AppendSilhouettes(JsonOut& out, const Dwg_3DSOLID_silhouette* silhouettes, std::size_t count) {
   JsonList list(out, ",\"silhouettes\":[");
   for (const Dwg_3DSOLID_silhouette& silhouette : SpanOf(silhouettes, count)) {
     list.Item([&] { AppendSilhouette(out, silhouette); });

@@ -20,8 +20,7 @@ void AppendSurface(JsonOut& out, const Surface& surface);
 
 void AppendWires(JsonOut& out, std::string_view key, const Dwg_3DSOLID_wire* wires,
                  std::size_t count);
-void AppendSilhouettes(JsonOut& out, const Dwg_3DSOLID_silhouette* silhouettes,
-                       std::size_t count);
+void AppendSilhouettes(JsonOut& out, const Dwg_3DSOLID_silhouette* silhouettes, std::size_t count);
 void AppendModelerData(JsonOut& out, bool isDrawn, bool isEmpty, unsigned version);
 
 template <typename Surface>

@@ -127,8 +127,8 @@ double TextHeight(const Dwg_Entity_TOLERANCE& tolerance, const CompleteContext& 
   if (tolerance.height > 0) {
     return tolerance.height;
   }
-  const auto* style = ReferencedObject(tolerance.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE,
-                                       context);
+  const auto* style =
+      ReferencedObject(tolerance.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, context);
   return FormatOf(style, DimensionOverrides(*origin.object.tio.entity, context), context)
       .textHeight;
 }
@@ -151,8 +151,7 @@ void AppendShape(JsonOut& out, const Dwg_Entity_SHAPE& shape, const CompleteCont
   if (shape.style_id != 0 && !isFromDxf) {
     AppendIntKey(out, ",\"shapeNumber\":", shape.style_id);
   }
-  const auto* style =
-      ReferencedObject(shape.style, DWG_TYPE_STYLE, &ObjectTio::STYLE, context);
+  const auto* style = ReferencedObject(shape.style, DWG_TYPE_STYLE, &ObjectTio::STYLE, context);
   if (style != nullptr) {
     AppendQuotedKey(out, ",\"shapeFile\":", context.Decode(style->font_file));
   }
@@ -167,8 +166,8 @@ void AppendTolerance(JsonOut& out, const Dwg_Entity_TOLERANCE& tolerance,
   const DecodedText text = context.Decode(tolerance.text_value);
   AppendNumberKey(out, ",\"x\":", tolerance.ins_pt.x);
   AppendNumberKey(out, ",\"y\":", tolerance.ins_pt.y);
-  AppendNumberKey(out, ",\"rotationRad\":",
-                  PortableAtan2(tolerance.x_direction.y, tolerance.x_direction.x));
+  AppendNumberKey(
+      out, ",\"rotationRad\":", PortableAtan2(tolerance.x_direction.y, tolerance.x_direction.x));
   AppendNumberKey(out, ",\"height\":", TextHeight(tolerance, context, origin));
   AppendQuotedKey(out, ",\"rawText\":", text);
   JsonList rows(out, ",\"rows\":[");
@@ -186,13 +185,11 @@ void AppendTolerance(JsonOut& out, const Dwg_Entity_TOLERANCE& tolerance,
 
 void AppendToleranceFurtherKeys(JsonOut& out, const Dwg_Entity_TOLERANCE& tolerance,
                                 const CompleteContext& context) {
-  AppendPointKey(out, ",\"position\":", tolerance.ins_pt.x, tolerance.ins_pt.y,
-                 tolerance.ins_pt.z);
+  AppendPointKey(out, ",\"position\":", tolerance.ins_pt.x, tolerance.ins_pt.y, tolerance.ins_pt.z);
   const BITCODE_3BD& axis = tolerance.x_direction;
   const bool isMissing = axis.x == 0 && axis.y == 0 && axis.z == 0;
   AppendPointKey(out, ",\"xDirection\":", isMissing ? 1 : axis.x, axis.y, axis.z);
-  if (const std::string* name =
-          context.tables.dimensionStyles.Find(HandleOf(tolerance.dimstyle))) {
+  if (const std::string* name = context.tables.dimensionStyles.Find(HandleOf(tolerance.dimstyle))) {
     out += ",\"dimensionStyle\":";
     out += *name;
   }

@@ -10,11 +10,11 @@
 #include "complete/common_keys.hpp"
 #include "complete/lookup.hpp"
 #include "complete/plane_keys.hpp"
+#include "complete/property_color.hpp"
 #include "complete/stored_bytes.hpp"
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "complete/property_color.hpp"
 #include "entities/drawing_access.hpp"
 
 namespace {
@@ -85,8 +85,8 @@ std::string TextOf(const Dwg_TABLE_value& value, const CompleteContext& context)
 }
 
 std::string TextOf(const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
-  const std::string text = Decoded(cell.text_value, context);
-  return text.empty() ? TextOf(cell.value, context) : text;
+  const std::string text = TextOf(cell.value, context);
+  return text.empty() ? Decoded(cell.text_value, context) : text;
 }
 
 void AppendOwnFormat(JsonOut& out, const Dwg_TABLE_Cell& cell, const CompleteContext& context) {
@@ -134,8 +134,7 @@ void AppendRange(JsonOut& out, std::uint64_t row, std::uint64_t column, std::uin
 }
 
 // A cell that covers others says how many columns and rows it has.
-void AppendCoveringCells(JsonOut& out, std::span<const Dwg_TABLE_Cell> cells,
-                         std::size_t columns) {
+void AppendCoveringCells(JsonOut& out, std::span<const Dwg_TABLE_Cell> cells, std::size_t columns) {
   JsonList ranges(out, ",\"merged\":[");
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const std::uint64_t width = std::max<std::uint64_t>(cells[i].merged_width_flag, 1);
@@ -150,10 +149,10 @@ void AppendCoveringCells(JsonOut& out, std::span<const Dwg_TABLE_Cell> cells,
 }
 
 void AppendOldForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
-  AppendNumbers(out, ",\"columnWidths\":[",
-                SpanOf<BITCODE_BD>(table.col_widths, table.num_cols), Itself);
-  AppendNumbers(out, ",\"rowHeights\":[",
-                SpanOf<BITCODE_BD>(table.row_heights, table.num_rows), Itself);
+  AppendNumbers(out, ",\"columnWidths\":[", SpanOf<BITCODE_BD>(table.col_widths, table.num_cols),
+                Itself);
+  AppendNumbers(out, ",\"rowHeights\":[", SpanOf<BITCODE_BD>(table.row_heights, table.num_rows),
+                Itself);
   const std::size_t columns = table.num_cols;
   const auto cells = SpanOf(table.cells, columns == 0 ? 0 : table.num_cells);
   JsonList list(out, ",\"cells\":[");
@@ -206,10 +205,9 @@ void AppendMergedRanges(JsonOut& out, const Dwg_FormattedTableData& data) {
 void AppendNewForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteContext& context) {
   const auto columns = SpanOf(table.tdata.cols, table.tdata.num_cols);
   const auto rows = SpanOf(table.tdata.rows, table.tdata.num_rows);
-  AppendNumbers<Dwg_TableDataColumn>(out, ",\"columnWidths\":[", columns,
-                                     [](const Dwg_TableDataColumn& column) {
-                                       return double{column.width};
-                                     });
+  AppendNumbers<Dwg_TableDataColumn>(
+      out, ",\"columnWidths\":[", columns,
+      [](const Dwg_TableDataColumn& column) { return double{column.width}; });
   AppendNumbers<Dwg_TableRow>(out, ",\"rowHeights\":[", rows,
                               [](const Dwg_TableRow& row) { return double{row.height}; });
   JsonList list(out, ",\"cells\":[");

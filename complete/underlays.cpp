@@ -75,8 +75,7 @@ void AppendUnderlayFurtherKeys(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay
   AppendBoolKey(out, ",\"isAdjustedToBackground\":", (underlay.flag & kAdjusted) != 0);
   if ((underlay.flag & kClipped) != 0) {
     AppendOutline(out, ",\"clip\":[", SpanOf(underlay.clip_verts, underlay.num_clip_verts));
-    AppendOutline(out, ",\"clipHole\":[",
-                  SpanOf(underlay.clip_inverts, underlay.num_clip_inverts));
+    AppendOutline(out, ",\"clipHole\":[", SpanOf(underlay.clip_inverts, underlay.num_clip_inverts));
     AppendBoolKey(out, ",\"isClipInverted\":", (underlay.flag & kInverted) != 0);
   }
   AppendPlaneKeys(out, underlay.ins_pt.z, 0, underlay.extrusion);

@@ -49,9 +49,37 @@ COUNTED = {"DIMENSION_ANG2LN", "DIMENSION_ANG3PT", "DIMENSION_DIAMETER", "DIMENS
 TYPE_WORDS = {"DWFUNDERLAY": "DWFUNDERLAY", "DGNUNDERLAY": "DGNUNDERLAY",
               "SECTION": "SECTIONOBJECT"}
 
+OLD_SEPARATOR = "R13 and R14 took the decimal separator from the system"
+CONVERTED = "the program that wrote the DXF changed it"
+
 # File and record type (or `count`), and why it differs.
-KNOWN = {}
-KNOWN_PAIRS = {}
+KNOWN = {
+    ("acadsharp/sample_AC1009_ascii.dxf", "DIMENSION_ANG3PT"): "the drawn text has no degree sign",
+    ("acadsharp/sample_AC1009_ascii.dxf", "DIMENSION_ANG2LN"): "the drawn text has no degree sign",
+    ("acadsharp/sample_AC1009_ascii.dxf", "DIMENSION_ALIGNED"): "R12 styles have no decimals",
+    ("acadsharp/sample_AC1009_ascii.dxf", "POLYLINE_PFACE"): "faces of R12 are not read",
+    ("acadsharp/sample_AC1032_binary.dxf", "TOLERANCE"): "the library reads ^J as a blank",
+    ("ezdxf/duplicate_handles.dxf", "DIMENSION_LINEAR"): "its style's handle is another object's",
+    ("ezdxf/duplicate_handles.dxf", "DIMENSION_RADIUS"): "its style's handle is another object's",
+    ("gdal/assorted.dxf", "count"): "a dimension without a type, which ezdxf calls linear",
+    ("libredwg/example_r12.dxf", "DIMENSION_ANG2LN"): "the drawn text has no degree sign",
+    ("libredwg/example_r12.dxf", "POLYLINE_PFACE"): "faces of R12 are not read",
+    ("libredwg/example_r13.dxf", "DIMENSION_ALIGNED"): OLD_SEPARATOR,
+    ("libredwg/example_r13.dxf", "DIMENSION_ORDINATE"): OLD_SEPARATOR,
+    ("libredwg/example_r13.dxf", "DIMENSION_LINEAR"): OLD_SEPARATOR,
+    ("libredwg/example_r14.dxf", "DIMENSION_ALIGNED"): OLD_SEPARATOR,
+    ("libredwg/example_r14.dxf", "DIMENSION_ORDINATE"): OLD_SEPARATOR,
+    ("libredwg/example_r14.dxf", "DIMENSION_LINEAR"): OLD_SEPARATOR,
+    ("skymakerolof-dxf/dimensions.dxf", "DIMENSION_RADIUS"): "drawn without the R by its program",
+}
+# Of a pair: the DWG, and record type and key.
+KNOWN_PAIRS = {
+    **{(f"libredwg/2000/entities-{name}.dwg", f"DIMENSION_ALIGNED.{key}"):
+       "a user text of one blank is trimmed in the DXF"
+       for name in ("2d", "3d") for key in ("html", "userText", "text")},
+    ("libredwg/example_2000.dwg", "LIGHT.lightColor"): "the DXF has no colour",
+    ("libredwg/example_r14.dwg", "DIMENSION_ANG2LN.styleOverrides"): CONVERTED,
+}
 
 
 # -- the worker's document
@@ -373,8 +401,8 @@ def check_entities(check, document, drawing):
 
 # -- a DWG and the same drawing as DXF
 
-# What one of the two files does not hold.
-UNPAIRED_KEYS = {"owner", "handle", "layer", "shapeNumber", "shapeFile", "linetype", "lw", "modelerVersion",
+# What one of the two files does not hold, or numbers anew; `dimDec` is the plain form's.
+UNPAIRED_KEYS = {"blockName", "dimDec", "owner", "handle", "layer", "shapeNumber", "shapeFile", "linetype", "lw", "modelerVersion",
                  "hasModelerData", "wires", "silhouettes", "reason", "className", "cppName"}
 
 
@@ -395,10 +423,17 @@ def check_pair(check, of_dwg, of_dxf):
             continue
         for key in record.keys() & other.keys() - UNPAIRED_KEYS:
             try:
-                check.same(key, flat(record[key]), flat(other[key]))
+                check.same(key, flat(texts(key, record[key])), flat(texts(key, other[key])))
             except Found as difference:
                 found.setdefault(f"{record['type']}.{key}", f"{record['handle']} {difference}")
     return found
+
+
+def texts(key, value):
+    """Of a table's cells the texts: the two forms of tables hold different formats."""
+    if key != "cells":
+        return value
+    return [[cell["row"], cell["column"], cell.get("text", "")] for cell in value]
 
 
 def flat(value):

@@ -82,12 +82,12 @@ TEST_F(CompleteDimensions, AlignedDimensionHasWhatItShows) {
   dimension.xline2_pt = {4, 6, 9};
   dimension.def_pt = {0, 8, 0};
   dimension.user_text = drawing.Text("L=<>");
-  EXPECT_EQ(drawing.FurtherKeys(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED,
-                                dimension),
-            R"("definitionPoint":[0,8,0],"extensionPoint1":[1,2,9],"extensionPoint2":[4,6,9],)"
-            R"("measured":5,"measuredText":"5.0","text":"L=5.0","html":"<p>L=5.0</p>",)"
-            R"("attachment":5,"textRotationRad":0,"textIsPlacedByUser":false,)"
-            R"("dimensionStyle":"Site","blockName":"*D7")");
+  EXPECT_EQ(
+      drawing.FurtherKeys(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, dimension),
+      R"("definitionPoint":[0,8,0],"extensionPoint1":[1,2,9],"extensionPoint2":[4,6,9],)"
+      R"("measured":5,"measuredText":"5.0","text":"L=5.0","html":"<p>L=5.0</p>",)"
+      R"("attachment":5,"textRotationRad":0,"textIsPlacedByUser":false,)"
+      R"("dimensionStyle":"Site","blockName":"*D7")");
 }
 
 TEST_F(CompleteDimensions, StoredMeasureComesFirst) {
@@ -95,10 +95,10 @@ TEST_F(CompleteDimensions, StoredMeasureComesFirst) {
   Fill(dimension);
   dimension.xline2_pt = {3, 4, 0};
   dimension.act_measurement = 7;
-  EXPECT_NE(drawing.FurtherKeys(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED,
-                                dimension)
-                .find(R"("measured":7,"measuredText":"7.0")"),
-            std::string::npos);
+  EXPECT_NE(
+      drawing.FurtherKeys(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, dimension)
+          .find(R"("measured":7,"measuredText":"7.0")"),
+      std::string::npos);
 }
 
 TEST_F(CompleteDimensions, DimensionsOwnVariablesReplaceTheStyles) {
@@ -106,9 +106,9 @@ TEST_F(CompleteDimensions, DimensionsOwnVariablesReplaceTheStyles) {
   Fill(dimension);
   dimension.act_measurement = 5;
   drawing.AddEntity(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, 0x78) = dimension;
-  const std::vector<Dwg_Eed> values = {
-      Text("DSTYLE"), Value(2),   Short(271),     Short(3),   Short(3), Text("<> m"),
-      Short(144),     Real(0.01), Short(0x7FFF), Short(1),   Value(2)};
+  const std::vector<Dwg_Eed> values = {Text("DSTYLE"), Value(2),     Short(271), Short(3),
+                                       Short(3),       Text("<> m"), Short(144), Real(0.01),
+                                       Short(0x7FFF),  Short(1),     Value(2)};
   Dwg_Object_Entity& entity = drawing.lastEntity();
   entity.num_eed = static_cast<BITCODE_BL>(values.size());
   entity.eed = drawing.Array(values);

@@ -55,9 +55,9 @@ TEST_F(FurtherTypes, MultilineElementsWithACut) {
   multiline.scale = 1;
   multiline.num_lines = 2;
   multiline.num_verts = 2;
-  multiline.verts = drawing.Array<Dwg_MLINE_vertex>(
-      {MlineVertex(drawing, {0, 0, 0}, {0, 0}, {2, 0, 3, 5}),
-       MlineVertex(drawing, {10, 0, 0}, {0, 0}, {2, 0})});
+  multiline.verts =
+      drawing.Array<Dwg_MLINE_vertex>({MlineVertex(drawing, {0, 0, 0}, {0, 0}, {2, 0, 3, 5}),
+                                       MlineVertex(drawing, {10, 0, 0}, {0, 0}, {2, 0})});
   multiline.mlinestyle = drawing.Ref(0x30);
   EXPECT_EQ(
       drawing.OwnKeys(DWG_TYPE_MLINE, &Tio::MLINE, multiline),
@@ -337,7 +337,12 @@ Bytes CompoundFile(const Bytes& stream, std::uint32_t afterLast = kEnd) {
     header.Long(kFree);
   }
   const auto entry = [&](unsigned char kind, std::uint32_t start, std::uint32_t length) {
-    header.Bytes(Bytes(66, 0)).Bytes({kind, 1}).Bytes(Bytes(48, 0)).Long(start).Long(length).Long(0);
+    header.Bytes(Bytes(66, 0))
+        .Bytes({kind, 1})
+        .Bytes(Bytes(48, 0))
+        .Long(start)
+        .Long(length)
+        .Long(0);
   };
   entry(5, kEnd, 0);
   entry(2, 2, static_cast<std::uint32_t>(stream.size()));

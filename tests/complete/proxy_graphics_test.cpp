@@ -137,7 +137,14 @@ TEST_F(ProxyGraphics, EndlessLines) {
 // two bulges 1 (code 01) and 0 (code 10). Bit by bit:
 //   00 00010000 00000010 | 01 00000010 | 01 00000010 | x y | 11 x 11 y | 01 10
 TEST_F(ProxyGraphics, LightweightPolyline) {
-  std::string bits = "00" "00010000" "00000010" "01" "00000010" "01" "00000010";
+  std::string bits =
+      "00"
+      "00010000"
+      "00000010"
+      "01"
+      "00000010"
+      "01"
+      "00000010";
   const auto number = [](double value) {
     const Bytes bytes = ByteWriter().Double(value).bytes();
     std::string text;
@@ -151,8 +158,8 @@ TEST_F(ProxyGraphics, LightweightPolyline) {
   bits += number(1) + number(2) + "11" + number(3) + "11" + number(4) + "01" + "10";
   Bytes packed((bits.size() + 7) / 8);
   for (std::size_t i = 0; i < bits.size(); ++i) {
-    packed[i / 8] = static_cast<unsigned char>(packed[i / 8] |
-                                               (bits[i] == '1' ? 0x80U >> (i % 8) : 0U));
+    packed[i / 8] =
+        static_cast<unsigned char>(packed[i / 8] | (bits[i] == '1' ? 0x80U >> (i % 8) : 0U));
   }
   EXPECT_EQ(Item(33, ByteWriter().Long(static_cast<std::uint32_t>(packed.size())).Bytes(packed)),
             R"(,"graphics":[{"type":"LWPOLYLINE","closed":true,"points":[[1,2],[3,4]],)"

@@ -447,3 +447,58 @@ TEST_F(DxfReaderTest, AHatchHasThePathsThatItHas) {
 }
 
 }  // namespace
+
+namespace {
+
+std::string Class(const std::string& name, const std::string& cppName) {
+  return Section("CLASSES", "0\nCLASS\n1\n" + name + "\n2\n" + cppName +
+                                "\n3\nObjectDBX Classes\n90\n1025\n280\n0\n281\n1\n");
+}
+
+}  // namespace
+
+// The code 63 is none that a cell has.
+TEST_F(DxfReaderTest, CellsOfATableGoOnBehindAnUnexpectedCode) {
+  Read(Header("AC1021") + Class("ACAD_TABLE", "AcDbTable") +
+       Entities("0\nACAD_TABLE\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n10\n0.0\n"
+                "20\n0.0\n30\n0.0\n100\nAcDbTable\n91\n1\n92\n2\n141\n1.0\n142\n1.0\n142\n1.0\n"
+                "171\n1\n1\nfirst\n63\n5\n302\nFIRST\n171\n1\n1\nsecond\n") +
+       "0\nEOF\n");
+  const auto tables = OfType(DWG_TYPE_TABLE);
+  ASSERT_EQ(tables.size(), 1U);
+  const auto& table = *EntityData(*tables[0], &EntityTio::TABLE);
+  ASSERT_EQ(table.num_cells, 2U);
+  EXPECT_STREQ(table.cells[0].text_value, "first");
+  EXPECT_STREQ(table.cells[0].value.value_string, "FIRST");
+  EXPECT_STREQ(table.cells[1].text_value, "second");
+}
+
+TEST_F(DxfReaderTest, MeshKeepsItsCreases) {
+  Read(Header("AC1024") + Class("MESH", "AcDbSubDMesh") +
+       Entities("0\nMESH\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbSubDMesh\n71\n2\n72\n0\n91\n0\n"
+                "92\n2\n10\n0.0\n20\n0.0\n30\n0.0\n10\n1.0\n20\n0.0\n30\n0.0\n93\n3\n90\n2\n90\n0\n"
+                "90\n1\n94\n1\n90\n0\n90\n1\n95\n1\n140\n0.5\n90\n0\n") +
+       "0\nEOF\n");
+  const auto meshes = OfType(DWG_TYPE_MESH);
+  ASSERT_EQ(meshes.size(), 1U);
+  const auto& mesh = *EntityData(*meshes[0], &EntityTio::MESH);
+  ASSERT_EQ(mesh.num_crease, 1U);
+  EXPECT_EQ(mesh.crease[0], 0.5);
+}
+
+TEST_F(DxfReaderTest, DimensionStyleTellsWhichVariablesItHas) {
+  const auto style = [](const std::string& name, const std::string& variables) {
+    return "0\nDIMSTYLE\n105\n" + name +
+           "\n100\nAcDbSymbolTableRecord\n100\nAcDbDimStyleTableRecord\n2\nS" + name + "\n70\n0\n" +
+           variables;
+  };
+  Read(Header("AC1015") +
+       Section("TABLES", "0\nTABLE\n2\nDIMSTYLE\n5\nA\n100\nAcDbSymbolTable\n70\n2\n" +
+                             style("51", "") + style("52", "140\n0.0\n271\n0\n272\n0\n") +
+                             "0\nENDTAB\n") +
+       "0\nEOF\n");
+  const auto styles = OfType(DWG_TYPE_DIMSTYLE);
+  ASSERT_EQ(styles.size(), 2U);
+  EXPECT_EQ(ObjectData(*styles[0], &ObjectTio::DIMSTYLE)->flag0, 0);
+  EXPECT_EQ(ObjectData(*styles[1], &ObjectTio::DIMSTYLE)->flag0, 2 + 4 + 8);
+}
