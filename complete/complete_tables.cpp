@@ -132,6 +132,28 @@ Handle ActiveSheet(const Drawing& drawing, const LookupTables& base) {
   return active == sheets.end() ? 0 : *active;
 }
 
+const Dwg_Object* Resolved(Handle handle, const Dwg_Data& dwg) {
+  return handle == 0 || dwg.object_map == nullptr ? nullptr
+                                                  : dwg_resolve_handle_silent(&dwg, handle);
+}
+
+// A layout that does not tell its block is told by the block.
+void AddLayoutsOfBlocks(LookupTables& base, const Dwg_Data& dwg) {
+  for (const Handle sheet : base.paperSpaces) {
+    const Dwg_Object* object = Resolved(sheet, dwg);
+    const auto* block = object == nullptr ? nullptr : ObjectData(*object, &ObjectTio::BLOCK_HEADER);
+    if (block == nullptr || object->fixedtype != DWG_TYPE_BLOCK_HEADER ||
+        base.layoutsByBlock.Find(sheet) != nullptr) {
+      continue;
+    }
+    const Dwg_Object* layout = Resolved(HandleOf(block->layout), dwg);
+    if (layout != nullptr && layout->fixedtype == DWG_TYPE_LAYOUT &&
+        ObjectData(*layout, &ObjectTio::LAYOUT) != nullptr) {
+      base.layoutsByBlock[sheet] = ObjectData(*layout, &ObjectTio::LAYOUT);
+    }
+  }
+}
+
 }  // namespace
 
 Handle CompleteTables::OwnerOf(const Dwg_Object_Entity& entity, Handle modelSpace) const {
@@ -151,6 +173,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   tables.holdsLineweights = drawing.data.header.from_version >= R_2000b;
   tables.acadApplication = Application(drawing, "ACAD");
   tables.hatchBackgroundApplication = Application(drawing, "HATCHBACKGROUNDCOLOR");
+  AddLayoutsOfBlocks(base, drawing.data);
   EntitiesByOwner byOwner;
   const auto objects = Objects(drawing.data);
   byOwner.Reserve(objects.size());

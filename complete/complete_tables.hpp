@@ -73,5 +73,6 @@ struct CompleteTables {
 };
 
 // `base` are the tables of the same drawing. Its groups of entities by owner are
-// made anew, with the contents of the active sheet under that sheet.
+// made anew, with the contents of the active sheet under that sheet, and blocks of sheets
+// that only tell their layout themselves get it.
 CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base);

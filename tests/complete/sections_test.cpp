@@ -253,6 +253,26 @@ TEST_F(CompleteSections, LayersOfOldReleasesArePlottedAndOfTheDefaultWidth) {
   EXPECT_THAT(document, HasSubstr(R"("plotted":false,"linetype":"Continuous","handle":"11")"));
 }
 
+TEST_F(CompleteSections, SheetsWhoseLayoutDoesNotTellItsBlock) {
+  auto& block = drawing_.AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, 0x20);
+  block.name = drawing_.Text("*Paper_Space");
+  block.layout = drawing_.Ref(0x21);
+  auto& other = drawing_.AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, 0x22);
+  other.name = drawing_.Text("*Paper_Space0");
+  other.layout = drawing_.Ref(0x20);
+  auto& layout = drawing_.AddObject(DWG_TYPE_LAYOUT, &ObjectTio::LAYOUT, 0x21);
+  layout.layout_name = drawing_.Text("A3");
+  layout.plotsettings.paper_size = drawing_.Text("plotter");
+  layout.plotsettings.plot_type = 5;
+  layout.INSBASE = {1, 2, 3};
+  const std::string document = Document();
+  EXPECT_THAT(document, HasSubstr(R"({"name":"A3","tabOrder":0,)"));
+  EXPECT_THAT(document, HasSubstr(R"("plotDevice":"plotter")"));
+  EXPECT_THAT(document, HasSubstr(R"("plotType":5,"plotWindow":[[0,0],[0,0]])"));
+  EXPECT_THAT(document, HasSubstr(R"("insertionBase":[1,2,3])"));
+  EXPECT_THAT(document, HasSubstr(R"({"name":"*Paper_Space0","entities":[],"block":"22",)"));
+}
+
 TEST_F(CompleteSections, BlocksTellOfTheirReference) {
   auto& block = drawing_.AddObject(DWG_TYPE_BLOCK_HEADER, &ObjectTio::BLOCK_HEADER, 0x20);
   block.name = drawing_.Text("Site");
