@@ -52,7 +52,7 @@ TEST_F(GeometryKeysTest, AnExtrudedCircleSaysWhereItIsSeen) {
   EXPECT_THAT(drawing_.RecordOf(DWG_TYPE_CIRCLE, &EntityTio::CIRCLE, circle),
               AllOf(HasSubstr(R"("cx":1,"cy":2,"radius":4,)"),
                     EndsWith(R"("elevation":3,"extrusion":[0,0,-1],)"
-                             R"("world":{"xAxis":[-1,0,0],"yAxis":[-0,1,0],"center":[-1,2,-3]}})")));
+                             R"("world":{"xAxis":[-1,0,0],"yAxis":[0,1,0],"center":[-1,2,-3]}})")));
 }
 
 TEST_F(GeometryKeysTest, ATriangleHasThreeCornersInTheWorldToo) {
@@ -185,24 +185,29 @@ class HatchKeysTest : public GeometryKeysTest {
   Dwg_Entity_HATCH hatch_{};
 };
 
-// Bulge tan(22.5 degrees) from (1,0) to (0,1) is a quarter of the unit circle about the
-// origin: nine steps of ten degrees, the last at (cos 80, sin 80).
-TEST_F(HatchKeysTest, BulgedEdgesRunToTheNextVertex) {
-  const double bulge = std::sqrt(2.0) - 1;
+// An arc of the unit circle about the origin, from 0 to 95 degrees: ten steps of 9.5
+// degrees. The bulge is the tangent of a quarter of the angle.
+class ArcInHatchTest : public HatchKeysTest {
+ protected:
+  static constexpr double kDegree = 3.141592653589793 / 180;
+
+  const double bulge_ = std::tan(95.0 / 4 * kDegree);
+  const BITCODE_2RD start_{1, 0};
+  const BITCODE_2RD end_{std::cos(95 * kDegree), std::sin(95 * kDegree)};
+};
+
+TEST_F(ArcInHatchTest, BulgedEdgesRunToTheNextVertex) {
   const std::string record =
-      RecordOf(Polyline({{nullptr, {1, 0}, bulge}, {nullptr, {0, 1}, 0}, {nullptr, {0, 0}, 0}}));
-  EXPECT_THAT(record, HasSubstr(R"("loops":[[1,0,0.984807753,0.1736481777,)"));
-  EXPECT_THAT(record, HasSubstr(R"(,0.1736481777,0.984807753,0,1,0,0]])"));
-  EXPECT_THAT(record, HasSubstr(R"("boundary":[{"flags":2,"closed":true,)"
-                                R"("points":[[1,0],[0,1],[0,0]],"bulges":[0.4142135624,0,0]}])"));
+      RecordOf(Polyline({{nullptr, start_, bulge_}, {nullptr, end_, 0}, {nullptr, {0, 0}, 0}}));
+  EXPECT_THAT(record, HasSubstr(R"("loops":[[1,0,0.9862856015,0.1650476059,)"));
+  EXPECT_THAT(record, HasSubstr(R"(,0.07845909573,0.9969173337,-0.08715574275,0.9961946981,0,0]])"));
+  EXPECT_THAT(record, HasSubstr(R"("bulges":[0.4400105309,0,0]}])"));
 }
 
-// The same arc the other way: clockwise from (0,1) to (1,0).
-TEST_F(HatchKeysTest, NegativeBulgesRunClockwise) {
-  const double bulge = 1 - std::sqrt(2.0);
+TEST_F(ArcInHatchTest, NegativeBulgesRunClockwise) {
   EXPECT_THAT(
-      RecordOf(Polyline({{nullptr, {0, 1}, bulge}, {nullptr, {1, 0}, 0}, {nullptr, {0, 0}, 0}})),
-      HasSubstr(R"("loops":[[0,1,0.1736481777,0.984807753,)"));
+      RecordOf(Polyline({{nullptr, end_, -bulge_}, {nullptr, start_, 0}, {nullptr, {0, 0}, 0}})),
+      AllOf(HasSubstr(R"("loops":[[-0.08715574275,0.9961946981,0.07845909573,0.9969173337,)"), HasSubstr(R"(,0.9862856015,0.1650476059,1,0,0,0]])")));
 }
 
 TEST_F(HatchKeysTest, BulgesThatAreNoNumbersAreStraight) {
