@@ -91,21 +91,7 @@ class DxfPairReader {
 
   static bool IsLineEnd(const char* at) { return *at == '\n' || (*at == '\r' && at[1] == '\n'); }
 
-  // Eight of them.
-  static bool AreDigits(const char* at) {
-    constexpr std::uint64_t kZeros = 0x3030303030303030U;
-    constexpr std::uint64_t kBehindNines = 0x4646464646464646U;
-    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof(word));
-    return (((word + kBehindNines) | (word - kZeros)) & kHighBits) == 0;
-  }
-
   static const char* SkipDigits(const char* at, const char* most) {
-    constexpr std::ptrdiff_t kAtOnce = 8;
-    while (most - at >= kAtOnce && AreDigits(at)) {
-      at += kAtOnce;
-    }
     while (*at >= '0' && *at <= '9' && at != most) {
       ++at;
     }

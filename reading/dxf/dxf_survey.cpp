@@ -152,7 +152,7 @@ class Surveyor {
 
   void BeginRecord(const DxfPair& pair) {
     const std::string_view name = pair.value;
-    if (isOpen_ && name == content_) {
+    if (isOpen_ && !name.empty() && name == content_) {
       BeginContent(pair, contentSection_);
       return;
     }
@@ -178,7 +178,8 @@ class Surveyor {
       survey_.hasEnd = true;
       survey_.end = pairs_.offset();
     } else {
-      content_ = name;
+      // A SECTION without a name is content, too; the next one may have a name.
+      content_ = name == "SECTION" ? std::string_view() : name;
       contentSection_ = DxfSectionOfRecord(name);
       BeginContent(pair, contentSection_);
     }

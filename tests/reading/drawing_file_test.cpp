@@ -86,6 +86,36 @@ std::vector<double> PointCoordinates(const DrawingFile& file) {
   return coordinates;
 }
 
+// With so many blanks before each group code that the library's own reader takes
+// them, not our sources beside it.
+std::string WithPaddedCodes(const std::string& text) {
+  std::string padded;
+  bool isCode = true;
+  for (std::size_t at = 0; at < text.size(); isCode = !isCode) {
+    const std::size_t end = text.find('\n', at) + 1;
+    padded += std::string(isCode ? 12 : 0, ' ') + text.substr(at, end - at);
+    at = end;
+  }
+  return padded;
+}
+
+std::string Entity(const std::string& type, const std::string& handle, const std::string& subclass,
+                   const std::string& groups) {
+  return "0\n" + type + "\n5\n" + handle +
+         "\n100\nAcDbEntity\n8\nA\n62\n3\n370\n50\n48\n0.5\n60\n1\n6\nBYLAYER\n100\n" + subclass +
+         "\n" + groups;
+}
+
+template <typename Data>
+const Data& Only(const DrawingFile& file, DWG_OBJECT_TYPE type, Data* EntityTio::*member) {
+  const Data* found = nullptr;
+  for (const Dwg_Object& object : Objects(file.drawing().data)) {
+    found = object.fixedtype == type ? EntityData(object, member) : found;
+  }
+  EXPECT_NE(found, nullptr);
+  return *found;
+}
+
 }  // namespace
 
 TEST_F(DrawingFileTest, DxfExtensionInAnyLetterCaseIsDxf) {
@@ -293,4 +323,106 @@ TEST_F(DrawingFileTest, IntegersOfADxfMayBePadded) {
       }
     }
   }
+}
+
+// With the file's end at the end of a page there is no NUL behind it, and without a
+// line feed there is no end of the last line: both are read otherwise.
+TEST_F(DrawingFileTest, DxfOfWholePagesIsRead) {
+  constexpr std::size_t kPage = 65536;
+  std::string text = Dxf("AC1015", "A");
+  text.insert(4, std::string(kPage - text.size(), '-'));
+  text.insert(kPage / 2, "\n999\n");
+  for (const std::size_t size : {kPage - 1, kPage, kPage + 1}) {
+    std::string sized = text;
+    for (std::size_t left = sized.size() - size; left != 0; --left) {
+      sized.erase(8, 1);
+    }
+    for (const bool endsWithLine : {true, false}) {
+      DrawingFile file(Write("a.dxf", endsWithLine ? sized : sized.substr(0, size - 1)));
+      file.Read();
+      ASSERT_FALSE(file.HasFailed());
+      EXPECT_EQ(PointCoordinates(file), std::vector<double>{1.0});
+    }
+  }
+}
+
+TEST_F(DrawingFileTest, GroupsAreReadAlikeHoweverTheirCodesAreWritten) {
+  const std::string entities = Entity("ARC", "A1", "AcDbCircle",
+                                      "10\n1.5\n20\n2.5\n30\n3.5\n40\n7.25\n100\nAcDbArc\n50\n30."
+                                      "0\n51\n0.0\n39\n0.75\n210\n0.0\n"
+                                      "220\n0.0\n230\n-1.0\n") +
+                               Entity("TEXT", "A2", "AcDbText",
+                                      "10\n1.0\n20\n2.0\n30\n0.0\n40\n2.5\n1\nOne ^J "
+                                      "two\n41\n0.8\n50\n45.0\n51\n15.0\n71\n2\n72\n1\n"
+                                      "11\n4.0\n21\n5.0\n31\n6.0\n100\nAcDbText\n73\n3\n") +
+                               Entity("INSERT", "A3", "AcDbBlockReference",
+                                      "2\nDoor\n10\n1.0\n20\n2.0\n30\n3.0\n41\n2.0\n42\n2.0\n43\n2."
+                                      "0\n50\n90.0\n44\n5.0\n45\n6.0\n") +
+                               Entity("MTEXT", "A4", "AcDbMText",
+                                      "10\n1.0\n20\n2.0\n30\n3.0\n40\n2.5\n41\n10."
+                                      "0\n71\n5\n3\nfirst \n1\nlast\n11\n0.0\n21\n1.0\n31\n0.0\n");
+  std::string text = Dxf("AC1015", "A");
+  // The last few groups of a file are always left to the library.
+  std::string last;
+  for (const std::string handle : {"B1", "B2", "B3", "B4"}) {
+    last += Entity("POINT", handle, "AcDbPoint", "10\n1.0\n20\n2.0\n30\n0.0\n");
+  }
+  const std::size_t begin = text.find("0\nPOINT\n5\n20");
+  text.replace(begin, text.find("0\nENDSEC", begin) - begin, entities + last);
+  DrawingFile plain(Write("plain.dxf", text));
+  DrawingFile padded(Write("padded.dxf", WithPaddedCodes(text)));
+  plain.Read();
+  padded.Read();
+  ASSERT_FALSE(plain.HasFailed());
+  ASSERT_FALSE(padded.HasFailed());
+  EXPECT_EQ(plain.warnings(), std::vector<std::string>{});
+  EXPECT_EQ(padded.warnings(), std::vector<std::string>{});
+
+  const auto& arc = Only(plain, DWG_TYPE_ARC, &EntityTio::ARC);
+  const auto& paddedArc = Only(padded, DWG_TYPE_ARC, &EntityTio::ARC);
+  EXPECT_EQ(arc.radius, 7.25);
+  EXPECT_EQ(arc.extrusion.z, -1.0);
+  for (const auto member : {&Dwg_Entity_ARC::radius, &Dwg_Entity_ARC::start_angle,
+                            &Dwg_Entity_ARC::end_angle, &Dwg_Entity_ARC::thickness}) {
+    EXPECT_EQ(arc.*member, paddedArc.*member);
+  }
+  EXPECT_EQ(arc.parent->color.index, paddedArc.parent->color.index);
+  EXPECT_EQ(arc.parent->linewt, paddedArc.parent->linewt);
+  EXPECT_EQ(arc.parent->ltype_scale, paddedArc.parent->ltype_scale);
+  EXPECT_EQ(arc.parent->invisible, paddedArc.parent->invisible);
+  ASSERT_NE(arc.parent->layer, nullptr);
+  EXPECT_EQ(arc.parent->layer->absolute_ref, paddedArc.parent->layer->absolute_ref);
+
+  const auto& words = Only(plain, DWG_TYPE_TEXT, &EntityTio::TEXT);
+  const auto& paddedWords = Only(padded, DWG_TYPE_TEXT, &EntityTio::TEXT);
+  EXPECT_STREQ(words.text_value, "One \n two");
+  EXPECT_STREQ(words.text_value, paddedWords.text_value);
+  EXPECT_EQ(words.rotation, paddedWords.rotation);
+  EXPECT_EQ(words.dataflags, paddedWords.dataflags);
+  EXPECT_EQ(words.vert_alignment, 3);
+  EXPECT_EQ(words.alignment_pt.y, paddedWords.alignment_pt.y);
+
+  const auto& insert = Only(plain, DWG_TYPE_INSERT, &EntityTio::INSERT);
+  const auto& paddedInsert = Only(padded, DWG_TYPE_INSERT, &EntityTio::INSERT);
+  EXPECT_EQ(insert.scale_flag, paddedInsert.scale_flag);
+  EXPECT_EQ(insert.scale.z, 2.0);
+  EXPECT_EQ(insert.rotation, paddedInsert.rotation);
+  EXPECT_EQ(insert.row_spacing, paddedInsert.row_spacing);
+
+  const auto& mtext = Only(plain, DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  EXPECT_STREQ(mtext.text, "first last");
+  EXPECT_STREQ(mtext.text, Only(padded, DWG_TYPE_MTEXT, &EntityTio::MTEXT).text);
+  EXPECT_EQ(mtext.x_axis_dir.y, 1.0);
+}
+
+// Only the second one opens a section.
+TEST_F(DrawingFileTest, SectionWithoutANameDoesNotHideTheNext) {
+  DrawingFile file(
+      Write("a.dxf",
+            "0\nSECTION\n5\n1\n0\nSECTION\n2\nENTITIES\n0\nPOINT\n5\nA\n8\n0\n10\n3.0\n20\n"
+            "0.0\n0\nENDSEC\n0\nEOF\n"));
+  file.Read();
+  ASSERT_FALSE(file.HasFailed());
+  EXPECT_EQ(file.drawing().unknownEntities.at("SECTION"), 1U);
+  EXPECT_EQ(PointCoordinates(file), std::vector<double>{3.0});
 }
