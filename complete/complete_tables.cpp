@@ -192,8 +192,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   byOwner.Finish();
   tables.polylineParts.Finish();
   tables.drawOrder = BuildDrawOrder(drawing.data, byOwner, tables.isDxf);
-  tables.references =
-      BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
+  tables.references = BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);
   tables.viewportIds = NumberViewports(base, tables.drawOrder);
   return tables;
