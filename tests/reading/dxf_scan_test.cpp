@@ -60,7 +60,7 @@ std::optional<int> Code(const std::string& line) {
 
 std::string Digits(std::mt19937& random, unsigned most) {
   std::string digits;
-  for (unsigned left = random() % (most + 1); left != 0; --left) {
+  for (auto left = random() % (most + 1); left != 0; --left) {
     digits += static_cast<char>('0' + random() % 10);
   }
   return digits;
