@@ -56,7 +56,7 @@ class Machine:
 
     def files(self):
         """All files but what every use of apt changes."""
-        left_out = ("var/lib/apt", "var/lib/dpkg", "var/cache", "var/log", "proc", "dev", "tmp",
+        left_out = ("var/lib/apt", "var/lib/dpkg", "var/cache", "var/log", "proc", "dev", "srv", "var/tmp",
                     "etc/ld.so.cache", "etc/resolv.conf")
         found = set()
         for folder, folders, names in os.walk(self.folder):
@@ -77,22 +77,22 @@ def make_root(folder, suite):
 
 def install(machine, deb):
     say("Installing the package")
-    shutil.copy(deb, machine.folder / "tmp/package.deb")
+    shutil.copy(deb, machine.folder / "srv/package.deb")
     quiet = {"env": {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"}}
     machine.run("apt-get", "update", "-qq", **quiet)
     machine.run("apt-get", "install", "-y", "-qq", "libcurl4", **quiet)
     if (machine.folder / "usr/libexec/dwg_import_worker").exists():
         machine.run("apt-get", "purge", "-y", "-qq", "dwg-import-worker", **quiet)
     before = machine.files()
-    machine.run("apt-get", "install", "-y", "-qq", "/tmp/package.deb", **quiet)
+    machine.run("apt-get", "install", "-y", "-qq", "/srv/package.deb", **quiet)
     require(machine.files() - before, "the package has installed nothing")
     return before, quiet
 
 
 def convert(machine, deb):
     say("Converting a drawing")
-    shutil.copy(ROOT / "examples/plan.dwg", machine.folder / "tmp/plan.dwg")
-    with machine.start("dwg_import_worker", "/tmp/plan.dwg", KVT_DWG_SANDBOX="report") as process:
+    shutil.copy(ROOT / "examples/plan.dwg", machine.folder / "srv/plan.dwg")
+    with machine.start("dwg_import_worker", "/srv/plan.dwg", KVT_DWG_SANDBOX="report") as process:
         output, errors = process.communicate(timeout=SECONDS)
     require(process.returncode == 0 and b"Sandbox: no_new_privs" in errors,
             f"status {process.returncode}, {errors!r}")
@@ -113,7 +113,7 @@ def crash(machine):
     say("Crashing it")
     with ReportServer() as server:
         process = machine.start("dwg_import_worker", "-", KVT_SENTRY_DSN=server.dsn,
-                                KVT_SENTRY_DB="/tmp/reports")
+                                KVT_SENTRY_DB="/var/tmp/reports")
         while b"Reading" not in (line := process.stderr.readline()):
             require(line, "the worker ended before its read")
         time.sleep(0.5)  # into the read itself
