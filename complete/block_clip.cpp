@@ -54,9 +54,8 @@ bool NamesInvertedClip(const Dwg_Resbuf& value) {
 }
 
 bool HoldsInvertedClip(const Dwg_Object& object) {
-  const auto* record = object.fixedtype == DWG_TYPE_XRECORD
-                           ? ObjectData(object, &ObjectTio::XRECORD)
-                           : nullptr;
+  const auto* record =
+      object.fixedtype == DWG_TYPE_XRECORD ? ObjectData(object, &ObjectTio::XRECORD) : nullptr;
   if (record == nullptr) {
     return false;
   }
@@ -94,8 +93,7 @@ SpacePoint Transformed(const double* matrix, const SpacePoint& p) {
     return p;
   }
   const std::span<const double> m(matrix, kMatrixSize);
-  return {m[0] * p.x + m[1] * p.y + m[2] * p.z + m[3],
-          m[4] * p.x + m[5] * p.y + m[6] * p.z + m[7],
+  return {m[0] * p.x + m[1] * p.y + m[2] * p.z + m[3], m[4] * p.x + m[5] * p.y + m[6] * p.z + m[7],
           m[8] * p.x + m[9] * p.y + m[10] * p.z + m[11]};
 }
 

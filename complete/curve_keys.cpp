@@ -12,8 +12,8 @@ template <typename Curve>
 void AppendCenterFurtherKeys(JsonOut& out, const Curve& curve) {
   AppendPlaneKeys(out, curve.center.z, curve.thickness, curve.extrusion);
   AppendWorld(out, curve.extrusion, [&](const EntityPlane& plane) {
-    AppendSpacePoint(out, ",\"center\":",
-                     plane.ToWorld(curve.center.x, curve.center.y, curve.center.z));
+    AppendSpacePoint(out,
+                     ",\"center\":", plane.ToWorld(curve.center.x, curve.center.y, curve.center.z));
   });
 }
 

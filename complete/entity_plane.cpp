@@ -16,8 +16,7 @@ SpacePoint Cross(const SpacePoint& a, const SpacePoint& b) {
 SpacePoint Normalized(const SpacePoint& v) {
   const double largest = std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
   const SpacePoint scaled{v.x / largest, v.y / largest, v.z / largest};
-  const double length =
-      std::sqrt(scaled.x * scaled.x + scaled.y * scaled.y + scaled.z * scaled.z);
+  const double length = std::sqrt(scaled.x * scaled.x + scaled.y * scaled.y + scaled.z * scaled.z);
   return {scaled.x / length, scaled.y / length, scaled.z / length};
 }
 

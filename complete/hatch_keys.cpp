@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-#include "complete/common_keys.hpp"
 #include "complete/attached_data.hpp"
+#include "complete/common_keys.hpp"
 #include "complete/hatch_loops.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
@@ -110,8 +110,8 @@ void AppendPolylineBoundary(JsonOut& out, const Dwg_HATCH_Path& path) {
     points.Point(vertex.point.x, vertex.point.y);
   }
   points.Close();
-  if (path.bulges_present == 0 || std::all_of(vertices.begin(), vertices.end(),
-                                              [](const auto& v) { return v.bulge == 0; })) {
+  if (path.bulges_present == 0 ||
+      std::all_of(vertices.begin(), vertices.end(), [](const auto& v) { return v.bulge == 0; })) {
     return;
   }
   JsonList bulges(out, ",\"bulges\":[");

@@ -78,8 +78,8 @@ void AddBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, double
   const double offset = (1 - bulge * bulge) / (4 * bulge);
   const double centerX = (from.x + to.x) / 2 - offset * dy;
   const double centerY = (from.y + to.y) / 2 + offset * dx;
-  const double radius = std::sqrt((from.x - centerX) * (from.x - centerX) +
-                                  (from.y - centerY) * (from.y - centerY));
+  const double radius =
+      std::sqrt((from.x - centerX) * (from.x - centerX) + (from.y - centerY) * (from.y - centerY));
   const double start = PortableAtan2(from.y - centerY, from.x - centerX);
   const double angle = 4 * PortableAtan(bulge);
   const int steps = StepCount(angle);

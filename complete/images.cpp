@@ -89,8 +89,8 @@ void AppendUnderlayClip(JsonOut& out, const Dwg_Entity_PDFUNDERLAY& underlay) {
   for (const BITCODE_2RD& corner : corners) {
     const double x = corner.x * underlay.scale.x;
     const double y = corner.y * underlay.scale.y;
-    const SpacePoint way = plane.ToWorld(x * turn.cosine - y * turn.sine,
-                                         x * turn.sine + y * turn.cosine, 0);
+    const SpacePoint way =
+        plane.ToWorld(x * turn.cosine - y * turn.sine, x * turn.sine + y * turn.cosine, 0);
     world.Point(underlay.ins_pt.x + way.x, underlay.ins_pt.y + way.y, underlay.ins_pt.z + way.z);
   }
   world.Close();

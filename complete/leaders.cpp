@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "complete/common_keys.hpp"
 #include "complete/attached_data.hpp"
+#include "complete/common_keys.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"

@@ -58,8 +58,7 @@ PolylineVertices OwnVertices(const Polyline& polyline, const Dwg_Object& object,
                              T* EntityTio::*member) {
   PolylineVertices vertices;
   if (context.dwg().object_map != nullptr) {
-    for (const Dwg_Object_Ref* reference :
-         SpanOf<BITCODE_H>(polyline.vertex, polyline.num_owned)) {
+    for (const Dwg_Object_Ref* reference : SpanOf<BITCODE_H>(polyline.vertex, polyline.num_owned)) {
       const Handle handle = HandleOf(reference);
       const Dwg_Object* found =
           handle == 0 ? nullptr : dwg_resolve_handle_silent(&context.dwg(), handle);

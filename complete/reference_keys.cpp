@@ -78,8 +78,8 @@ void AppendFurtherKeys(JsonOut& out, const Insert& insert, const CompleteContext
                     context);
   }
   AppendWorld(out, insert.extrusion, [&](const EntityPlane& plane) {
-    AppendSpacePoint(out, ",\"position\":",
-                     plane.ToWorld(insert.ins_pt.x, insert.ins_pt.y, insert.ins_pt.z));
+    AppendSpacePoint(
+        out, ",\"position\":", plane.ToWorld(insert.ins_pt.x, insert.ins_pt.y, insert.ins_pt.z));
   });
 }
 

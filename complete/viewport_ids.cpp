@@ -27,9 +27,8 @@ void SortByPlace(Viewports& viewports, const HandleMap<std::uint32_t>& drawOrder
     const std::uint32_t* found = drawOrder.Find(object->handle.value);
     return found == nullptr ? 0 : *found;
   };
-  std::stable_sort(
-      viewports.begin(), viewports.end(),
-      [&](const Dwg_Object* a, const Dwg_Object* b) { return place(a) < place(b); });
+  std::stable_sort(viewports.begin(), viewports.end(),
+                   [&](const Dwg_Object* a, const Dwg_Object* b) { return place(a) < place(b); });
 }
 
 // The first of the list that a layout has.
@@ -43,10 +42,9 @@ Handle ListedFirst(Handle sheet, const LookupTables& base) {
 }
 
 void MoveToFront(Viewports& viewports, Handle handle) {
-  const auto found =
-      std::find_if(viewports.begin(), viewports.end(), [&](const Dwg_Object* viewport) {
-        return handle != 0 && viewport->handle.value == handle;
-      });
+  const auto found = std::find_if(
+      viewports.begin(), viewports.end(),
+      [&](const Dwg_Object* viewport) { return handle != 0 && viewport->handle.value == handle; });
   if (found != viewports.end()) {
     std::rotate(viewports.begin(), found, found + 1);
   }
@@ -74,8 +72,7 @@ void AddNumbered(ViewportIds& numbers, Handle sheet, const Viewports& viewports)
 ViewportIds NumberViewports(const LookupTables& base, const HandleMap<std::uint32_t>& drawOrder) {
   ViewportIds numbers;
   for (const Handle sheet : base.paperSpaces) {
-    Viewports viewports =
-        sheet == 0 ? Viewports{} : ViewportsOf(base.entitiesByOwner.Of(sheet));
+    Viewports viewports = sheet == 0 ? Viewports{} : ViewportsOf(base.entitiesByOwner.Of(sheet));
     if (viewports.empty()) {
       continue;
     }

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "complete/common_keys.hpp"
 #include "complete/attached_data.hpp"
+#include "complete/common_keys.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/json_text.hpp"
 #include "entities/drawing_access.hpp"

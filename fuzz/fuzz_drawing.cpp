@@ -314,7 +314,8 @@ class DrawingBuilder {
       return;
     }
     object.tio.object = &drawing_.New<Dwg_Object_Object>();
-    object.tio.object->ownerhandle = Reference(input_.OneIn(2) ? DWG_TYPE_DICTIONARY : DWG_TYPE_INSERT);
+    object.tio.object->ownerhandle =
+        Reference(input_.OneIn(2) ? DWG_TYPE_DICTIONARY : DWG_TYPE_INSERT);
     object.tio.object->xdicobjhandle = Reference(DWG_TYPE_DICTIONARY);
     FillExtendedData(*object.tio.object);
     if (input_.OneIn(25)) {
@@ -451,7 +452,7 @@ class DrawingBuilder {
       record.xdata = drawing_.Array(std::move(values));
       for (std::size_t i = 0; i < record.num_xdata; ++i) {
         const bool isLast = i + 1 == record.num_xdata;
-        record.xdata[i].nextrb = !isLast ? &record.xdata[i + 1]
+        record.xdata[i].nextrb = !isLast           ? &record.xdata[i + 1]
                                  : input_.OneIn(3) ? record.xdata
                                                    : nullptr;
       }

@@ -97,8 +97,7 @@ TEST_F(GeometryKeysTest, WidthsWithoutAnArrayAreNone) {
 class PolylineVerticesTest : public GeometryKeysTest {
  protected:
   void AddVertex(Handle handle, double x, unsigned flag = 0, Handle owner = 0) {
-    auto& vertex =
-        drawing_.AddEntity(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D, handle, owner);
+    auto& vertex = drawing_.AddEntity(DWG_TYPE_VERTEX_3D, &EntityTio::VERTEX_3D, handle, owner);
     vertex.point = {x, 0, x};
     vertex.flag = static_cast<BITCODE_RC>(flag);
   }
@@ -200,14 +199,16 @@ TEST_F(ArcInHatchTest, BulgedEdgesRunToTheNextVertex) {
   const std::string record =
       RecordOf(Polyline({{nullptr, start_, bulge_}, {nullptr, end_, 0}, {nullptr, {0, 0}, 0}}));
   EXPECT_THAT(record, HasSubstr(R"("loops":[[1,0,0.9862856015,0.1650476059,)"));
-  EXPECT_THAT(record, HasSubstr(R"(,0.07845909573,0.9969173337,-0.08715574275,0.9961946981,0,0]])"));
+  EXPECT_THAT(record,
+              HasSubstr(R"(,0.07845909573,0.9969173337,-0.08715574275,0.9961946981,0,0]])"));
   EXPECT_THAT(record, HasSubstr(R"("bulges":[0.4400105309,0,0]}])"));
 }
 
 TEST_F(ArcInHatchTest, NegativeBulgesRunClockwise) {
   EXPECT_THAT(
       RecordOf(Polyline({{nullptr, end_, -bulge_}, {nullptr, start_, 0}, {nullptr, {0, 0}, 0}})),
-      AllOf(HasSubstr(R"("loops":[[-0.08715574275,0.9961946981,0.07845909573,0.9969173337,)"), HasSubstr(R"(,0.9862856015,0.1650476059,1,0,0,0]])")));
+      AllOf(HasSubstr(R"("loops":[[-0.08715574275,0.9961946981,0.07845909573,0.9969173337,)"),
+            HasSubstr(R"(,0.9862856015,0.1650476059,1,0,0,0]])")));
 }
 
 TEST_F(HatchKeysTest, BulgesThatAreNoNumbersAreStraight) {
@@ -322,11 +323,10 @@ TEST_F(ImageKeysTest, AClipIsInPixelsAndInTheWorld) {
   image_.clipping = 1;
   image_.num_clip_verts = 2;
   image_.clip_verts = drawing_.Array<BITCODE_2RD>({{-0.5, -0.5}, {9.5, 19.5}});
-  EXPECT_THAT(
-      drawing_.RecordOf(DWG_TYPE_IMAGE, &EntityTio::IMAGE, image_),
-      HasSubstr(R"("clip":{"on":true,"inverted":false,)"
-                R"("pixels":[[-0.5,-0.5],[9.5,-0.5],[9.5,19.5],[-0.5,19.5]],)"
-                R"("world":[[100,240,0],[120,240,0],[120,200,0],[100,200,0]]})"));
+  EXPECT_THAT(drawing_.RecordOf(DWG_TYPE_IMAGE, &EntityTio::IMAGE, image_),
+              HasSubstr(R"("clip":{"on":true,"inverted":false,)"
+                        R"("pixels":[[-0.5,-0.5],[9.5,-0.5],[9.5,19.5],[-0.5,19.5]],)"
+                        R"("world":[[100,240,0],[120,240,0],[120,200,0],[100,200,0]]})"));
 }
 
 TEST_F(GeometryKeysTest, ARectangularWipeoutHasFourCorners) {
@@ -346,8 +346,7 @@ class ViewportKeysTest : public GeometryKeysTest {
   static constexpr Handle kSheet = 0x50;
 
   Dwg_Entity_VIEWPORT& AddViewport(Handle handle) {
-    auto& viewport =
-        drawing_.AddEntity(DWG_TYPE_VIEWPORT, &EntityTio::VIEWPORT, handle, kSheet);
+    auto& viewport = drawing_.AddEntity(DWG_TYPE_VIEWPORT, &EntityTio::VIEWPORT, handle, kSheet);
     viewport.width = 10;
     viewport.height = 8;
     viewport.VIEWSIZE = 4;

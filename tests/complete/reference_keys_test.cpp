@@ -80,8 +80,7 @@ class ReferenceKeysTest : public testing::Test {
   static constexpr Handle kApplication = 0x12;
 
   void AddApplication(const std::string& name) {
-    drawing_.AddObject(DWG_TYPE_APPID, &ObjectTio::APPID, kApplication).name =
-        drawing_.Text(name);
+    drawing_.AddObject(DWG_TYPE_APPID, &ObjectTio::APPID, kApplication).name = drawing_.Text(name);
   }
 
   Dwg_Entity_INSERT& AddInsert(Handle handle, Handle block) {
@@ -237,8 +236,7 @@ TEST_F(LeaderTest, WithoutAStyleTheDrawingsVariablesCount) {
 }
 
 TEST_F(ReferenceKeysTest, MultileaderLinesHaveTheirOwnLook) {
-  auto& multileader =
-      drawing_.AddEntity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, 0x50);
+  auto& multileader = drawing_.AddEntity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, 0x50);
   Dwg_LEADER_Line line{};
   line.num_points = 1;
   line.points = drawing_.Array<BITCODE_3DPOINT>({{1, 2, 3}});
@@ -257,18 +255,16 @@ TEST_F(ReferenceKeysTest, MultileaderLinesHaveTheirOwnLook) {
   multileader.ctx.leaders = drawing_.Array<Dwg_LEADER_Node>({node});
   multileader.line_color.rgb = 0xC1000000;
   multileader.line_linewt = -2;
-  EXPECT_THAT(
-      drawing_.RecordOfLast(),
-      AllOf(HasSubstr(R"("leaderColor":"K","leaderLw":"L",)"),
-            HasSubstr(R"("leaders":[{"index":0,"doglegDirection":[1,0,0],"doglegLength":5,)"
-                      R"("lines":[{"index":0,"points":[[1,2,3]],)"
-                      R"("color":{"r":255,"g":0,"b":0},"lw":25,"arrowSize":4}]}])")));
+  EXPECT_THAT(drawing_.RecordOfLast(),
+              AllOf(HasSubstr(R"("leaderColor":"K","leaderLw":"L",)"),
+                    HasSubstr(R"("leaders":[{"index":0,"doglegDirection":[1,0,0],"doglegLength":5,)"
+                              R"("lines":[{"index":0,"points":[[1,2,3]],)"
+                              R"("color":{"r":255,"g":0,"b":0},"lw":25,"arrowSize":4}]}])")));
 }
 
 TEST_F(ReferenceKeysTest, AMultileaderOfABlockAloneIsWritten) {
   drawing_.AddBlock(0x20, "tag");
-  auto& multileader =
-      drawing_.AddEntity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, 0x50);
+  auto& multileader = drawing_.AddEntity(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER, 0x50);
   multileader.ctx.has_content_blk = 1;
   multileader.ctx.content.blk.block_table = drawing_.Ref(0x20);
   multileader.ctx.content.blk.location = {1, 2, 3};
