@@ -305,6 +305,9 @@ def check_mesh(check, record, entity, _blocks):
 
 
 def check_helix(check, record, entity, _blocks):
+    if "graphics" in record:  # what the library does not read, see the page
+        check.same("graphics", len(record["graphics"]) > 0, True)
+        return
     check_points(check, record, entity, {"axisBase": "axis_base_point", "startPoint": "start_point",
                                          "axisVector": "axis_vector"})
     check.same("radius", record["radius"], entity.dxf.radius)

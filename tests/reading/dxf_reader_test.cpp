@@ -464,9 +464,7 @@ TEST_F(DxfReaderTest, CellsOfATableGoOnBehindAnUnexpectedCode) {
                 "20\n0.0\n30\n0.0\n100\nAcDbTable\n91\n1\n92\n2\n141\n1.0\n142\n1.0\n142\n1.0\n"
                 "171\n1\n1\nfirst\n63\n5\n302\nFIRST\n171\n1\n1\nsecond\n") +
        "0\nEOF\n");
-  const auto tables = OfType(DWG_TYPE_TABLE);
-  ASSERT_EQ(tables.size(), 1U);
-  const auto& table = *EntityData(*tables[0], &EntityTio::TABLE);
+  const auto& table = Only(DWG_TYPE_TABLE, &EntityTio::TABLE);
   ASSERT_EQ(table.num_cells, 2U);
   EXPECT_STREQ(table.cells[0].text_value, "first");
   EXPECT_STREQ(table.cells[0].value.value_string, "FIRST");
@@ -479,9 +477,7 @@ TEST_F(DxfReaderTest, MeshKeepsItsCreases) {
                 "92\n2\n10\n0.0\n20\n0.0\n30\n0.0\n10\n1.0\n20\n0.0\n30\n0.0\n93\n3\n90\n2\n90\n0\n"
                 "90\n1\n94\n1\n90\n0\n90\n1\n95\n1\n140\n0.5\n90\n0\n") +
        "0\nEOF\n");
-  const auto meshes = OfType(DWG_TYPE_MESH);
-  ASSERT_EQ(meshes.size(), 1U);
-  const auto& mesh = *EntityData(*meshes[0], &EntityTio::MESH);
+  const auto& mesh = Only(DWG_TYPE_MESH, &EntityTio::MESH);
   ASSERT_EQ(mesh.num_crease, 1U);
   EXPECT_EQ(mesh.crease[0], 0.5);
 }
@@ -497,8 +493,11 @@ TEST_F(DxfReaderTest, DimensionStyleTellsWhichVariablesItHas) {
                              style("51", "") + style("52", "140\n0.0\n271\n0\n272\n0\n") +
                              "0\nENDTAB\n") +
        "0\nEOF\n");
-  const auto styles = OfType(DWG_TYPE_DIMSTYLE);
-  ASSERT_EQ(styles.size(), 2U);
-  EXPECT_EQ(ObjectData(*styles[0], &ObjectTio::DIMSTYLE)->flag0, 0);
-  EXPECT_EQ(ObjectData(*styles[1], &ObjectTio::DIMSTYLE)->flag0, 2 + 4 + 8);
+  std::vector<int> flags;
+  for (const Dwg_Object* object : OfType(DWG_TYPE_DIMSTYLE)) {
+    if (const auto* data = ObjectData(*object, &ObjectTio::DIMSTYLE)) {
+      flags.push_back(data->flag0);
+    }
+  }
+  EXPECT_EQ(flags, (std::vector<int>{0, 2 + 4 + 8}));
 }
