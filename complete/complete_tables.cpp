@@ -1,12 +1,16 @@
 #include "complete/complete_tables.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "complete/draw_order.hpp"
 #include "encode/ascii.hpp"
 #include "encode/json_text.hpp"
 #include "entities/block_names.hpp"
+#include "entities/walk_entities.hpp"
 
 namespace {
 
@@ -104,15 +108,16 @@ void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& 
 }
 
 // The application of that name, 0 when the drawing names none.
-Handle Application(const Drawing& drawing, std::string_view name) {
-  for (const Dwg_Object& object : Objects(drawing.data)) {
-    if (object.fixedtype != DWG_TYPE_APPID) {
+Handle Application(const Drawing& drawing, std::span<const Dwg_Object* const> objects,
+                   std::string_view name) {
+  for (const Dwg_Object* object : objects) {
+    if (object->fixedtype != DWG_TYPE_APPID) {
       continue;
     }
-    const auto* application = ObjectData(object, &ObjectTio::APPID);
+    const auto* application = ObjectData(*object, &ObjectTio::APPID);
     if (application != nullptr && application->name != nullptr &&
         drawing.Decode(application->name).view() == name) {
-      return object.handle.value;
+      return object->handle.value;
     }
   }
   return 0;
@@ -171,19 +176,20 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   tables.activeSheet = ActiveSheet(drawing, base);
   tables.isDxf = (drawing.data.opts & DWG_OPTS_INDXF) != 0;
   tables.holdsLineweights = drawing.data.header.from_version >= R_2000b;
-  tables.acadApplication = Application(drawing, "ACAD");
-  tables.hatchBackgroundApplication = Application(drawing, "HATCHBACKGROUNDCOLOR");
   AddLayoutsOfBlocks(base, drawing.data);
   EntitiesByOwner byOwner;
+  // Few beside the entities, so that they are gone through again below.
+  std::vector<const Dwg_Object*> others;
   const auto objects = Objects(drawing.data);
   byOwner.Reserve(objects.size());
-  for (const Dwg_Object& object : objects) {
-    AddObject(tables, object, drawing);
+  for (std::size_t i = 0; i < objects.size(); ++i) {
+    PrefetchOwner(objects, i);
+    const Dwg_Object& object = objects[i];
     const Dwg_Object_Entity* entity = EntityOf(object);
     if (entity == nullptr) {
-      continue;
-    }
-    if (IsPolylinePart(object)) {
+      AddObject(tables, object, drawing);
+      others.push_back(&object);
+    } else if (IsPolylinePart(object)) {
       tables.polylineParts.Add(HandleOf(entity->ownerhandle), object);
     } else {
       byOwner.Add(tables.OwnerOf(*entity, base.modelSpace), object);
@@ -191,8 +197,11 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   }
   byOwner.Finish();
   tables.polylineParts.Finish();
-  tables.drawOrder = BuildDrawOrder(drawing.data, byOwner, tables.isDxf);
-  tables.references = BuildReferenceTables(drawing.data, Application(drawing, "AcDbBlockRepBTag"));
+  tables.acadApplication = Application(drawing, others, "ACAD");
+  tables.hatchBackgroundApplication = Application(drawing, others, "HATCHBACKGROUNDCOLOR");
+  tables.drawOrder = BuildDrawOrder(others, byOwner, tables.isDxf);
+  tables.references =
+      BuildReferenceTables(drawing.data, others, Application(drawing, others, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);
   tables.viewportIds = NumberViewports(base, tables.drawOrder);
   return tables;

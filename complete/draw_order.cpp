@@ -82,11 +82,12 @@ void AddBlockList(HandleMap<std::uint32_t>& order, const Dwg_Object_BLOCK_HEADER
 
 }  // namespace
 
-HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities,
-                                        bool isDxf) {
+HandleMap<std::uint32_t> BuildDrawOrder(std::span<const Dwg_Object* const> objects,
+                                        const EntitiesByOwner& entities, bool isDxf) {
   HandleMap<std::uint32_t> order;
   HandleMap<const Dwg_Object_SORTENTSTABLE*> tables;
-  for (const Dwg_Object& object : Objects(dwg)) {
+  for (const Dwg_Object* const each : objects) {
+    const Dwg_Object& object = *each;
     if (object.fixedtype != DWG_TYPE_SORTENTSTABLE) {
       continue;
     }
@@ -97,7 +98,8 @@ HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwn
     }
   }
   HandleSet done;
-  for (const Dwg_Object& object : Objects(dwg)) {
+  for (const Dwg_Object* const each : objects) {
+    const Dwg_Object& object = *each;
     const Handle handle = object.handle.value;
     const auto* block = object.fixedtype == DWG_TYPE_BLOCK_HEADER
                             ? ObjectData(object, &ObjectTio::BLOCK_HEADER)

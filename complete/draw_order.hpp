@@ -5,6 +5,7 @@
 #include <dwg.h>
 
 #include <cstdint>
+#include <span>
 
 #include "entities/handle_map.hpp"
 #include "entities/lookup_tables.hpp"
@@ -13,6 +14,6 @@
 // blocks whose entities are not drawn in the order of `entities`. A table of sort
 // handles decides (an entity that it does not name goes by its own handle), else the
 // list that the block itself has, which is that of a DWG: a text has its entities in
-// their order.
-HandleMap<std::uint32_t> BuildDrawOrder(const Dwg_Data& dwg, const EntitiesByOwner& entities,
-                                        bool isDxf);
+// their order. `objects` are those of the drawing that are no entities.
+HandleMap<std::uint32_t> BuildDrawOrder(std::span<const Dwg_Object* const> objects,
+                                        const EntitiesByOwner& entities, bool isDxf);

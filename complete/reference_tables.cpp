@@ -71,11 +71,13 @@ Handle ReferenceTables::DynamicBlockOf(Handle reference, Handle block) const {
   return source == nullptr ? 0 : *source;
 }
 
-ReferenceTables BuildReferenceTables(const Dwg_Data& dwg, Handle blockRepresentationApplication) {
+ReferenceTables BuildReferenceTables(const Dwg_Data& dwg,
+                                     std::span<const Dwg_Object* const> objects,
+                                     Handle blockRepresentationApplication) {
   ReferenceTables tables;
   if (dwg.object_map != nullptr) {
-    for (const Dwg_Object& object : Objects(dwg)) {
-      Add(tables, dwg, object, blockRepresentationApplication);
+    for (const Dwg_Object* object : objects) {
+      Add(tables, dwg, *object, blockRepresentationApplication);
     }
   }
   return tables;

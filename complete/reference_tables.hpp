@@ -4,6 +4,8 @@
 
 #include <dwg.h>
 
+#include <span>
+
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
 #include "entities/lookup_tables.hpp"
@@ -20,4 +22,7 @@ struct ReferenceTables {
   Handle DynamicBlockOf(Handle reference, Handle block) const;
 };
 
-ReferenceTables BuildReferenceTables(const Dwg_Data& dwg, Handle blockRepresentationApplication);
+// `objects` are those of the drawing that are no entities.
+ReferenceTables BuildReferenceTables(const Dwg_Data& dwg,
+                                     std::span<const Dwg_Object* const> objects,
+                                     Handle blockRepresentationApplication);

@@ -160,21 +160,6 @@ Handle ModelSpaceByLibrary(Dwg_Data& dwg) {
   return HandleOf(dwg_model_space_ref(&dwg));
 }
 
-const Dwg_Object_Entity* EntityAt(std::span<const Dwg_Object> objects, std::size_t position) {
-  return position < objects.size() ? EntityOf(objects[position]) : nullptr;
-}
-
-// What leads to the owners of the entities some way ahead.
-void PrefetchOwner(std::span<const Dwg_Object> objects, std::size_t position) {
-  constexpr std::size_t kStep = 8;
-  if (const auto* entity = EntityAt(objects, position + 2 * kStep)) {
-    Prefetch(&entity->ownerhandle);
-  }
-  if (const auto* entity = EntityAt(objects, position + kStep)) {
-    Prefetch(entity->ownerhandle);
-  }
-}
-
 }  // namespace
 
 LookupTables BuildLookupTables(const Drawing& drawing) {

@@ -65,3 +65,17 @@ void WalkEntities(std::span<const Dwg_Object* const> entities, Each each) {
     each(*entities[i]);
   }
 }
+
+// Asks for what leads to the owners of the entities some way behind a position.
+inline void PrefetchOwner(std::span<const Dwg_Object> objects, std::size_t position) {
+  constexpr std::size_t kStep = 8;
+  const auto entityAt = [objects](std::size_t i) {
+    return i < objects.size() ? EntityOf(objects[i]) : nullptr;
+  };
+  if (const auto* entity = entityAt(position + 2 * kStep)) {
+    Prefetch(&entity->ownerhandle);
+  }
+  if (const auto* entity = entityAt(position + kStep)) {
+    Prefetch(entity->ownerhandle);
+  }
+}

@@ -427,7 +427,7 @@ TEST_F(DxfReaderTest, AVisualStyleIsReadToItsEnd) {
               "0\nVISUALSTYLE\n5\nA0\n330\n0\n100\nAcDbVisualStyle\n2\nX\n70\n4\n177\n3\n"
               "291\n0\n176\n1\n71\n2\n176\n1\n176\n1\n") +
       "0\nEOF\n";
-  EXPECT_EQ(dxf_read_memory(text.data(), text.size(), &dwg_), 0);
+  EXPECT_EQ(dxf_read_memory(text.data(), text.size(), 0, &dwg_), 0);
   EXPECT_EQ(OfType(DWG_TYPE_VISUALSTYLE).size(), 1U);
 }
 
