@@ -646,6 +646,10 @@ read_real (const unsigned char *at, const Dwg_Object *obj, int type,
   const unsigned char *next = dxf_scan_real (at, &value);
   if (!next)
     return NULL;
+  /* new_object() takes it for the elevation */
+  if (to->kind == SLOT_PASSED_OVER && value != 0.0
+      && (type == PLAIN_SOLID || type == PLAIN_TRACE))
+    return NULL;
   switch (to->kind)
     {
     case SLOT_REAL:

@@ -431,6 +431,28 @@ TEST_F(DxfReaderTest, AVisualStyleIsReadToItsEnd) {
   EXPECT_EQ(OfType(DWG_TYPE_VISUALSTYLE).size(), 1U);
 }
 
+// What it refers to has the code of an owner, too.
+TEST_F(DxfReaderTest, AProxyHasTheOwnerThatStandsFirst) {
+  Read(
+      Drawing("0\nACAD_PROXY_ENTITY\n5\nA0\n330\n1F\n100\nAcDbEntity\n8\n0\n"
+              "100\nAcDbProxyEntity\n90\n498\n91\n500\n330\nB7\n330\n0\n94\n0\n" +
+              Line()));
+  ASSERT_EQ(OfType(DWG_TYPE_PROXY_ENTITY).size(), 1U);
+  EXPECT_EQ(HandleOf(OfType(DWG_TYPE_PROXY_ENTITY)[0]->tio.entity->ownerhandle), 0x1FU);
+}
+
+TEST_F(DxfReaderTest, ASolidHasTheHeightOfItsFirstCorner) {
+  Read(
+      Drawing("0\nSOLID\n5\nA0\n8\n0\n10\n0.0\n20\n0.0\n30\n2.5\n11\n1.0\n21\n0.0\n31\n2.5\n"
+              "12\n0.0\n22\n1.0\n32\n2.5\n13\n1.0\n23\n1.0\n33\n2.5\n" +
+              Line()));
+  ASSERT_EQ(OfType(DWG_TYPE_SOLID).size(), 1U);
+  const auto* solid = EntityData(*OfType(DWG_TYPE_SOLID)[0], &EntityTio::SOLID);
+  ASSERT_NE(solid, nullptr);
+  EXPECT_EQ(solid->elevation, 2.5);
+  EXPECT_EQ(solid->corner4.y, 1);
+}
+
 TEST_F(DxfReaderTest, AHatchHasThePathsThatItHas) {
   const std::string path =
       "92\n2\n72\n0\n73\n1\n93\n9\n10\n0.0\n20\n0.0\n10\n4.0\n20\n0.0\n10\n4.0\n20\n4.0\n97\n0\n";
