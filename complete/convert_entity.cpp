@@ -49,6 +49,8 @@ void AppendUnknownEntity(const Source& source) {
 
 // Appends a record up to its colour keys, or nothing. Types that stand here have
 // no record in the plain form, or one that the complete form corrects.
+// A line a type, like a table.
+// NOLINTNEXTLINE(readability-function-size)
 void AppendOpenCompleteRecord(const Source& source) {
   using Tio = EntityTio;
   switch (source.object.fixedtype) {
@@ -154,6 +156,8 @@ void Further(const Source& source, T* EntityTio::*member, Writer writer) {
   }
 }
 
+// A line a type, like a table.
+// NOLINTNEXTLINE(readability-function-size)
 void AppendFurtherKeys(const Source& source) {
   using Tio = EntityTio;
   switch (source.object.fixedtype) {

@@ -246,7 +246,7 @@ std::string WithTolerance(double value, Measure measure, const DimensionFormat& 
     return "{\\S" + ValueText(value + format.plus, measure, format.length, format) + '^' +
            ValueText(value - format.minus, measure, format.length, format) + ";}";
   }
-  const std::string text = ValueText(value, measure, format.length, format);
+  std::string text = ValueText(value, measure, format.length, format);
   if (!format.hasTolerance) {
     return text;
   }

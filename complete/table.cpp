@@ -19,8 +19,7 @@
 
 namespace {
 
-// Both forms' cells.
-constexpr unsigned kTextCell = 1;
+// A cell of either form that shows a block; all others show text.
 constexpr unsigned kBlockCell = 2;
 
 // Which of its properties a cell of the old form sets for itself.

@@ -427,7 +427,7 @@ class DrawingBuilder {
 
   void AddClip() {
     Object(DWG_TYPE_SPATIAL_FILTER, &ObjectTio::SPATIAL_FILTER, [this](auto& filter) {
-      Array(filter.clip_verts, filter.num_clip_verts, [this](auto& point) { Fill(point); });
+      Array(filter.clip_verts, filter.num_clip_verts, [this](auto& point) { this->Fill(point); });
       FillExtrusion(filter.extrusion);
       Fill(filter.origin);
       filter.display_boundary_on = input_.Byte() & 1U;
@@ -598,7 +598,7 @@ class DrawingBuilder {
       Fill(spline.beg_tan_vec);
       Fill(spline.end_tan_vec);
       if (input_.OneIn(4)) {
-        Array(spline.fit_pts, spline.num_fit_pts, [this](auto& point) { Fill(point); });
+        Array(spline.fit_pts, spline.num_fit_pts, [this](auto& point) { this->Fill(point); });
       }
       Array(spline.ctrl_pts, spline.num_ctrl_pts, [this](auto& point) {
         point.x = input_.Double();
@@ -729,7 +729,7 @@ class DrawingBuilder {
       segment.is_ccw = input_.Byte() & 1U;
       segment.minor_major_ratio = input_.Double();
       if (segment.curve_type == 4) {
-        Array(segment.fitpts, segment.num_fitpts, [this](auto& point) { Fill(point); });
+        Array(segment.fitpts, segment.num_fitpts, [this](auto& point) { this->Fill(point); });
         Array(segment.control_points, segment.num_control_points,
               [this](auto& control) { Fill(control.point); });
       }
@@ -857,8 +857,8 @@ class DrawingBuilder {
         Array(root.lines, root.num_lines, [this](Dwg_LEADER_Line& line) {
           Array(line.points, line.num_points, [this](auto& point) { this->Fill(point); });
           Array(line.breaks, line.num_breaks, [this](auto& gap) {
-            Fill(gap.start);
-            Fill(gap.end);
+            this->Fill(gap.start);
+            this->Fill(gap.end);
           });
           line.flags = input_.Byte();
           Fill(line.color);
