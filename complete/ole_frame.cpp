@@ -8,6 +8,7 @@
 
 #include "complete/common_keys.hpp"
 #include "complete/compound_file.hpp"
+#include "complete/thumbnail.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 #include "entities/drawing_access.hpp"
@@ -18,21 +19,6 @@ namespace {
 constexpr std::size_t kHeadSize = 128;
 constexpr std::size_t kCornersAt = 2;
 constexpr int kCorners = 4;
-
-void AppendBase64(std::string& text, StoredBytes bytes) {
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
-    std::uint32_t group = 0;
-    for (std::size_t k = 0; k < 3; ++k) {
-      group = group << 8U | (k < count ? bytes[i + k] : 0U);
-    }
-    for (std::size_t k = 0; k < 4; ++k) {
-      text += k <= count ? kDigits[group >> (18 - 6 * k) & 63U] : '=';
-    }
-  }
-}
 
 bool StartsWith(StoredBytes bytes, std::string_view start) {
   return bytes.size() >= start.size() &&
@@ -53,9 +39,7 @@ std::size_t BitmapLength(StoredBytes bytes) {
 }
 
 EmbeddedPicture PictureOf(std::string_view kind, StoredBytes bytes) {
-  EmbeddedPicture picture{.kind = kind, .base64 = {}};
-  AppendBase64(picture.base64, bytes);
-  return picture;
+  return {.kind = kind, .base64 = Base64(bytes)};
 }
 
 // A picture that the bytes begin with.
