@@ -62,7 +62,7 @@ class ToleranceParser {
   void Step() {
     if (Take("%%v")) {
       EndCell();
-    } else if (Take("^j") || Take("\n")) {
+    } else if (Take("^j") || Take("\n") || Take("\\p")) {
       EndRow();
     } else if (Take("%%d")) {
       cell_ += "°";
@@ -70,8 +70,6 @@ class ToleranceParser {
       cell_ += "±";
     } else if (Take("%%c")) {
       cell_ += "\u2300";
-    } else if (Take("\\p")) {
-      EndRow();
     } else if (Take("\\f")) {
       TakeFont();
     } else {

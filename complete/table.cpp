@@ -152,8 +152,8 @@ void AppendOldForm(JsonOut& out, const Dwg_Entity_TABLE& table, const CompleteCo
                 Itself);
   AppendNumbers(out, ",\"rowHeights\":[", SpanOf<BITCODE_BD>(table.row_heights, table.num_rows),
                 Itself);
-  const std::size_t columns = table.num_cols;
-  const auto cells = SpanOf(table.cells, columns == 0 ? 0 : table.num_cells);
+  const std::size_t columns = std::max<std::size_t>(table.num_cols, 1);
+  const auto cells = SpanOf(table.cells, table.num_cols == 0 ? 0 : table.num_cells);
   JsonList list(out, ",\"cells\":[");
   for (std::size_t i = 0; i < cells.size(); ++i) {
     list.Item([&] {
