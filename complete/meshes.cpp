@@ -51,9 +51,9 @@ Parts PartsOf(const Mesh& mesh, const Dwg_Object& object, const CompleteContext&
     return parts;
   }
   const auto objects = Objects(context.dwg());
-  for (std::size_t i = std::size_t{object.index} + 1; i < objects.size() && IsMeshPart(objects[i]);
-       ++i) {
-    parts.push_back(&objects[i]);
+  std::size_t next = object.index;
+  while (++next < objects.size() && IsMeshPart(objects[next])) {
+    parts.push_back(&objects[next]);
   }
   return parts;
 }

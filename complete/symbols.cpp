@@ -1,5 +1,6 @@
 #include "complete/symbols.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -89,9 +90,10 @@ class ToleranceParser {
     rest_.remove_prefix(1);
     if (character == '}') {
       hasSymbols_ = false;
-    } else if (character == '\\' && !rest_.empty()) {
-      cell_ += rest_.front();
-      rest_.remove_prefix(1);
+    } else if (character == '\\') {
+      // The character behind it stands for itself.
+      cell_ += rest_.substr(0, 1);
+      rest_ = rest_.substr(std::min<std::size_t>(1, rest_.size()));
     } else if (character != '{') {
       const std::string_view symbol = hasSymbols_ ? SymbolOf(character) : std::string_view{};
       cell_ += symbol.empty() ? std::string_view{&character, 1} : symbol;
