@@ -1,5 +1,8 @@
 #include "complete/groups.hpp"
 
+#include <string>
+#include <string_view>
+
 #include "complete/common_keys.hpp"
 #include "complete/table_section.hpp"
 #include "encode/json_text.hpp"
@@ -18,7 +21,7 @@ void AppendGroup(JsonOut& out, const Dwg_Object& object, const Dwg_Object_GROUP&
                  const CompleteContext& context) {
   const std::string* name = context.tables.groups.Find(object.handle.value);
   out += "{\"name\":";
-  out += name == nullptr ? "\"\"" : *name;
+  out += name == nullptr ? std::string_view("\"\"") : std::string_view(*name);
   AppendHandleKey(out, ",\"handle\":", object.handle.value);
   AppendQuotedKey(out, ",\"description\":", context.Decode(group.name));
   AppendBoolKey(out, ",\"selectable\":", group.selectable != 0);
