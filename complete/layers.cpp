@@ -1,6 +1,7 @@
 #include "complete/layers.hpp"
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "complete/common_keys.hpp"
@@ -67,7 +68,7 @@ void AppendLayer(JsonOut& out, const LayerEntry& entry, const Dwg_Object& object
   AppendBoolKey(out, ",\"plotted\":", IsPlotted(entry, context.dwg()));
   const std::string* linetype = context.tables.linetypes.Find(HandleOf(layer.ltype));
   out += ",\"linetype\":";
-  out += linetype == nullptr ? "\"Continuous\"" : *linetype;
+  out += linetype == nullptr ? std::string_view("\"Continuous\"") : std::string_view(*linetype);
   AppendHandleKey(out, ",\"handle\":", object.handle.value);
   AppendDescription(out, object, context);
   out += '}';

@@ -29,5 +29,5 @@ const VertexIndex& FollowingVertices(const EntityContext& context);
 // What the records of those two have behind their type, with these vertices, all of
 // which have data of the type; nothing without vertices. Bit 1 of `flag` is set for
 // a closed polyline.
-void AppendVertices2d(JsonOut& out, unsigned flag, VertexIndex::Vertices vertices);
+void AppendVertices2d(JsonOut& out, unsigned flag, VertexIndex::Vertices objects);
 void AppendVertices3d(JsonOut& out, unsigned flag, VertexIndex::Vertices vertices);
