@@ -69,7 +69,8 @@ std::string WideString(const Dwg_Eed_Data& data) {
   const auto& value = data.u.eed_0_r2007;
   std::vector<std::uint16_t> units;
   for (std::size_t i = 0; i < value.length && value.string[i] != 0; ++i) {
-    units.push_back(value.string[i]);
+    const std::uint16_t unit = value.string[i];
+    units.push_back(unit);
   }
   units.push_back(0);
   return std::string(DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(units.data())));

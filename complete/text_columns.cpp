@@ -108,7 +108,9 @@ TextColumns TextColumnsOf(const Dwg_Entity_MTEXT& mtext, const Dwg_Object& objec
   for (const Dwg_Eed& item :
        Between(items, "ACAD_MTEXT_COLUMNS_BEGIN", "ACAD_MTEXT_COLUMNS_END", context)) {
     if (CodeOf(item) == kHandleItem) {
-      columns.linked.push_back(item.data->u.eed_5.entity);
+      // A copy: it may lie unaligned.
+      const Handle linked = item.data->u.eed_5.entity;
+      columns.linked.push_back(linked);
     }
   }
   return columns;

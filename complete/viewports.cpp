@@ -35,6 +35,12 @@ struct ListedView {
   bool isWhole() const { return points.size() >= 2 && numbers.size() >= 7 && flags.size() >= 2; }
 };
 
+// A value of a packed structure, which no reference may be bound to.
+template <typename T>
+T Copy(T value) {
+  return value;
+}
+
 ListedView ListedViewOf(const Dwg_Object& object, Handle application) {
   ListedView view;
   bool isView = false;
@@ -45,13 +51,13 @@ ListedView ListedViewOf(const Dwg_Object& object, Handle application) {
     }
     switch (value.code) {
       case kAttachedPoint: {
-        const auto& point = value.u.eed_10.point;
+        const BITCODE_3RD point = value.u.eed_10.point;
         view.points.push_back({point.x, point.y, point.z});
         break;
       }
-      case kAttachedReal: view.numbers.push_back(value.u.eed_40.real); break;
-      case kAttachedShort: view.flags.push_back(value.u.eed_70.rs); break;
-      case kAttachedLayer: view.frozenLayers.push_back(value.u.eed_3.layer); break;
+      case kAttachedReal: view.numbers.push_back(Copy(value.u.eed_40.real)); break;
+      case kAttachedShort: view.flags.push_back(Copy(value.u.eed_70.rs)); break;
+      case kAttachedLayer: view.frozenLayers.push_back(Copy(value.u.eed_3.layer)); break;
       default: break;
     }
   });
