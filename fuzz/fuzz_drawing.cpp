@@ -979,7 +979,7 @@ std::string Convert(DrawingBuilder& builder, bool isUtf8, bool verbose, AppendFo
 // In time, well formed, and the same again.
 std::string CheckForm(DrawingBuilder& builder, bool isUtf8, bool verbose, AppendForm append) {
   const TimeBudget budget;
-  const std::string document = Convert(builder, isUtf8, verbose, append);
+  std::string document = Convert(builder, isUtf8, verbose, append);
   budget.Check();
   FUZZ_CHECK(IsGrammaticalJson(document + "}"));
   FUZZ_CHECK(Convert(builder, isUtf8, verbose, append) == document);
