@@ -24,7 +24,7 @@ lint() {
 lint_worker() {
   say "clang-tidy: worker, tests, fuzz targets, benchmarks"
   { room_sources && our_sources 'tests/*.cpp' 'fuzz/*.cpp' 'bench/*.cpp'; } |
-    grep -vE '_win\.cpp$' | lint build/dev-clang
+    grep -vE '_win(_test)?\.cpp$' | lint build/dev-clang
 }
 
 lint_preview() {

@@ -20,8 +20,8 @@ class FurtherTypes : public testing::Test {
   DrawnTypes drawing;
 };
 
-Dwg_MLINE_vertex MlineVertex(DrawnTypes& drawing, BITCODE_3BD at, std::vector<double> first,
-                             std::vector<double> second) {
+Dwg_MLINE_vertex MlineVertex(DrawnTypes& drawing, BITCODE_3BD at, const std::vector<double>& first,
+                             const std::vector<double>& second) {
   std::vector<Dwg_MLINE_line> lines(2);
   lines[0].num_segparms = static_cast<BITCODE_BS>(first.size());
   lines[0].segparms = drawing.Array(first);

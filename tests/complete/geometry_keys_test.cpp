@@ -271,14 +271,14 @@ TEST_F(HatchKeysTest, HasTheColoursOfItsGradient) {
   hatch_.is_gradient_fill = 1;
   hatch_.gradient_name = drawing_.Text("LINEAR");
   hatch_.gradient_angle = 1.5;
-  Dwg_HATCH_Color of_dwg{};
-  of_dwg.color.rgb = 0xC2010203;
-  Dwg_HATCH_Color of_text{};
-  of_text.shift_value = 1;
-  of_text.color.index = 5;
-  of_text.color.rgb = 0x040506;
+  Dwg_HATCH_Color ofDwg{};
+  ofDwg.color.rgb = 0xC2010203;
+  Dwg_HATCH_Color ofText{};
+  ofText.shift_value = 1;
+  ofText.color.index = 5;
+  ofText.color.rgb = 0x040506;
   hatch_.num_colors = 2;
-  hatch_.colors = drawing_.Array<Dwg_HATCH_Color>({of_dwg, of_text});
+  hatch_.colors = drawing_.Array<Dwg_HATCH_Color>({ofDwg, ofText});
   EXPECT_THAT(
       RecordOf(Polyline({{nullptr, {0, 0}, 0}, {nullptr, {1, 0}, 0}, {nullptr, {1, 1}, 0}})),
       HasSubstr(R"("gradient":{"name":"LINEAR","angle":1.5,"shift":0,"oneColor":false,"tint":0,)"
