@@ -9,6 +9,7 @@
 
 #include <QtGui/qrgb.h>
 #include <QImage>
+#include <QJsonObject>
 #include <QPainterPath>
 #include <QPolygonF>
 #include <QRectF>
@@ -74,6 +75,20 @@ struct Item {
   int layer = -1;
   // Index into the scene's owner sets: the layers of the references around it.
   int owners = 0;
+  // Index into the scene's records: what it was made from.
+  int record = -1;
+  // Index into the scene's uses of blocks: the reference that it stands in; -1 for
+  // what stands in the sheet itself.
+  int use = -1;
+};
+
+// A reference that was expanded.
+struct BlockUse {
+  QString block;
+  // Index into the scene's records: the reference itself.
+  int record = -1;
+  // The use that it stands in itself, before it in the list; -1 for none.
+  int parent = -1;
 };
 
 // A viewport on a sheet.
@@ -108,6 +123,9 @@ struct Scene {
   std::vector<Sheet> sheets;
   // The first is empty.
   std::vector<std::vector<int>> ownerSets;
+  // The document's records, each once, however often its block is used.
+  std::vector<QJsonObject> records;
+  std::vector<BlockUse> uses;
   // The document's warnings and what could not be drawn.
   QStringList notes;
 };

@@ -25,6 +25,8 @@ namespace {
 // A record that was looked at once, for all instances of its block.
 struct Prepared {
   QJsonObject record;
+  // Index into the scene's records.
+  int index = -1;
   ShapePtr shape;
   bool infinite = false;
   // Of a dimension, whose parts depend on the reference's colour.
@@ -36,6 +38,8 @@ struct Place {
   Inherited inherited;
   int owners = 0;
   int depth = 0;
+  // Index into the scene's uses of blocks.
+  int use = -1;
 };
 
 QTransform TransformOfInsert(const QJsonObject& insert, QPointF base) {
@@ -124,11 +128,17 @@ class Builder {
   }
 
   Prepared Prepare(const QJsonObject& record) {
-    Prepared prepared{record, nullptr, IsInfinite(record), record.contains("textMidX")};
+    Prepared prepared{record, AddRecord(record), nullptr, IsInfinite(record),
+                      record.contains("textMidX")};
     if (!prepared.dependsOnReference && !prepared.infinite) {
       prepared.shape = MakeShape(record, context_);
     }
     return prepared;
+  }
+
+  int AddRecord(const QJsonObject& record) {
+    scene_.records.push_back(record);
+    return static_cast<int>(scene_.records.size()) - 1;
   }
 
   const std::vector<Prepared>& Contents(const QString& block) {
@@ -149,7 +159,7 @@ class Builder {
     }
     const int layer = EffectiveLayer(prepared.record, place.inherited, layers_);
     if (IsType(prepared.record, "INSERT")) {
-      ExpandInsert(prepared.record, layer, place);
+      ExpandInsert(prepared, layer, place);
     } else if (prepared.infinite) {
       infinite_.emplace_back(prepared, place);
     } else {
@@ -157,7 +167,8 @@ class Builder {
     }
   }
 
-  void ExpandInsert(const QJsonObject& insert, int layer, const Place& place) {
+  void ExpandInsert(const Prepared& reference, int layer, const Place& place) {
+    const QJsonObject& insert = reference.record;
     const QString name = insert["blockName"].toString();
     const auto block = drawing_.blocks.constFind(name);
     if (block == drawing_.blocks.constEnd()) {
@@ -173,12 +184,14 @@ class Builder {
       return;
     }
     open_.append(name);
+    scene_.uses.push_back({.block = name, .record = reference.index, .parent = place.use});
     const Place inside{TransformOfInsert(insert, block->base) * place.transform,
                        {.layer = layer,
                         .insideBlock = true,
                         .byBlock = ResolveColor(insert["color"], layer, place.inherited, layers_)},
                        OwnersWith(place.owners, layer),
-                       place.depth + 1};
+                       place.depth + 1,
+                       static_cast<int>(scene_.uses.size()) - 1};
     for (const Prepared& prepared : Contents(name)) {
       Expand(prepared, inside);
     }
@@ -218,7 +231,9 @@ class Builder {
               .ink = ResolveColor(prepared.record["color"], layer, place.inherited, layers_),
               .lineweight = ResolveLineweight(prepared.record["lw"], layer, layers_),
               .layer = layer,
-              .owners = place.owners};
+              .owners = place.owners,
+              .record = prepared.index,
+              .use = place.use};
     if (counts && IsVisible(layer)) {
       Grow(finite_, item.bounds);
       if (!shape->hasText) {
@@ -268,6 +283,7 @@ class Builder {
     sheet_->viewports.push_back(
         {ClipOf(record), ModelToSheet(record), FrozenLayers(record), layer});
     AddFrame(record, layer);
+    sheet_->items.back().record = AddRecord(record);
   }
 
   // The first one whose view is its own frame at the scale of one to one.

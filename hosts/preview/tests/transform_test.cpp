@@ -57,6 +57,25 @@ TEST(References, CombineWhenNested) {
   ExpectNear(scene.sheets[0].items[0].bounds, {100, 50, 0, 40});
 }
 
+TEST(References, AreWhatTheirItemsWereMadeFrom) {
+  const QByteArray assets =
+      QByteArray(kBlock) + ",{'name':'C','entities':[{'type':'INSERT','blockName':'B'}]}";
+  const Scene scene = SceneOf("{'type':'INSERT','blockName':'C'},{'type':'POINT'}", assets);
+  ASSERT_EQ(scene.sheets[0].items.size(), 2U);
+  const Item& line = scene.sheets[0].items[0];
+  EXPECT_EQ(scene.records[static_cast<std::size_t>(line.record)]["type"], "LINE");
+  const BlockUse& inner = scene.uses[static_cast<std::size_t>(line.use)];
+  EXPECT_EQ(inner.block, "B");
+  ASSERT_GE(inner.parent, 0);
+  const BlockUse& outer = scene.uses[static_cast<std::size_t>(inner.parent)];
+  EXPECT_EQ(outer.block, "C");
+  EXPECT_EQ(scene.records[static_cast<std::size_t>(outer.record)]["blockName"], "C");
+  EXPECT_EQ(outer.parent, -1);
+  const Item& point = scene.sheets[0].items[1];
+  EXPECT_EQ(scene.records[static_cast<std::size_t>(point.record)]["type"], "POINT");
+  EXPECT_EQ(point.use, -1);
+}
+
 TEST(References, EndWhereABlockHoldsItself) {
   const Scene scene = SceneOf(
       "{'type':'INSERT','blockName':'B','x':0,'y':0}",
