@@ -111,12 +111,13 @@ const unsigned char *
 dxf_scan_real (const unsigned char *at, double *value)
 {
   uint64_t digits = 0;
-  const unsigned char *first, *point = NULL;
+  const unsigned char *start, *first, *point = NULL;
   double result;
   int decimals, count, is_negative;
   at = dxf_scan_blanks (at);
   is_negative = *at == '-';
   at += is_negative || *at == '+';
+  start = at;
   for (first = at; *at == '0' && at - first < 8; at++)
     ; /* not among the digits that count */
   first = at;
@@ -137,7 +138,7 @@ dxf_scan_real (const unsigned char *at, double *value)
     }
   decimals = point ? (int)(at - point) : 0;
   if (count > MOST_DIGITS || decimals > MOST_DECIMALS
-      || !dxf_is_digit (at[-1 - (point == at)]))
+      || at - (point == at) == start)
     return NULL;
   at = dxf_scan_end (at);
   if (!at)
