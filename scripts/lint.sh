@@ -5,7 +5,7 @@
 #   scripts/lint.sh [PART...] [FILE...]
 #
 # PARTs are worker (the worker, its tests, fuzz targets and benchmarks; takes the
-# compile commands of build/dev-clang) and preview (those of build/preview-dev);
+# compile commands of build/asan) and preview (those of build/preview-dev);
 # both by default. FILEs are linted alone. Left out are the sources for Windows and
 # those that need sentry-native or mimalloc, which these builds do not compile.
 set -euo pipefail
@@ -24,7 +24,7 @@ lint() {
 lint_worker() {
   say "clang-tidy: worker, tests, fuzz targets, benchmarks"
   { room_sources && our_sources 'tests/*.cpp' 'fuzz/*.cpp' 'bench/*.cpp'; } |
-    grep -vE '_win(_test)?\.cpp$' | lint build/dev-clang
+    grep -vE '_win(_test)?\.cpp$' | lint build/asan
 }
 
 lint_preview() {
@@ -38,6 +38,6 @@ for one in "${wanted[@]}"; do
   case "$one" in
     worker | preview) "lint_$one" ;;
     hosts/preview/*) lint build/preview-dev <<< "$one" ;;
-    *) lint build/dev-clang <<< "$one" ;;
+    *) lint build/asan <<< "$one" ;;
   esac
 done
