@@ -24,9 +24,11 @@ StoredText StoredTextOfDxf(const Dwg_Data& dwg, std::string_view text) {
 }
 
 StoredText StoredTextOfDwg(const Dwg_Data& dwg) {
-  const auto page = static_cast<Dwg_Codepage>(dwg.header.codepage);
-  const char* name = page == CP_UTF8 || page == CP_UNDEFINED ? nullptr : dwg_codepage_dxfstr(page);
+  // Any number may stand there.
+  const int page = dwg.header.codepage;
   StoredText stored;
-  stored.codePage = name == nullptr ? "" : name;
+  if (page > CP_UTF8 && page <= CP_ANSI_1258) {
+    stored.codePage = dwg_codepage_dxfstr(static_cast<Dwg_Codepage>(page));
+  }
   return stored;
 }
