@@ -7,7 +7,6 @@ and judges how they grow.
 The files are those of bench/worst_inputs.py, and others that are flawed all over. The
 worker runs under valgrind's callgrind at sizes n and 4n; what it needs for an empty
 drawing is taken off. Linear growth is a factor of 4, n log n about 4.6, the square 16.
-A count does not depend on the machine or on what else it does.
 
 Exits with 77 where valgrind is missing.
 """
@@ -16,24 +15,19 @@ import argparse
 import concurrent.futures
 import os
 import pathlib
-import re
-import shutil
-import subprocess
 import sys
 import tempfile
+
+import callgrind
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "bench"))
 import worst_inputs  # noqa: E402
 
-SKIPPED = 77
 FACTOR = 4
 LARGEST_GROWTH = 5
 # Of the sizes of the benchmark, which are for a clock.
 SCALE = 0.02
-TOTAL = re.compile(r"^(?:totals|summary): (\d+)", re.MULTILINE)
-# Only a hang reaches it: a run takes some seconds.
-TIMEOUT_SECONDS = 3600
 # Longer than the smallest file that the library takes.
 EMPTY = "999\nalmost empty\n" * 20 + "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n0\n 20\n0\n 11\n1\n 21\n1\n" \
         "  0\nENDSEC\n  0\nEOF\n"
@@ -130,13 +124,10 @@ def size_of(kind):
 def instructions(options, path):
     """What the worker needs for a file; None when it gives no document."""
     counts = path.with_suffix(".counts")
-    run = subprocess.run([options.valgrind, "--tool=callgrind",
-                          f"--callgrind-out-file={counts}", options.worker, str(path)],
-                         capture_output=True, timeout=TIMEOUT_SECONDS, check=False,
-                         # valgrind works inside the process and writes a file
-                         env=os.environ | {"KVT_DWG_SANDBOX": "0"})
-    found = TOTAL.search(counts.read_text()) if run.returncode == 0 else None
-    return int(found.group(1)) if found else None
+    run = callgrind.run(options.valgrind, counts, [options.worker, str(path)],
+                        # valgrind works inside the process and writes a file
+                        environment={"KVT_DWG_SANDBOX": "0"})
+    return callgrind.total_of(counts) if run.returncode == 0 else None
 
 
 def measure(options, folder, kind):
@@ -153,17 +144,18 @@ def measure(options, folder, kind):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--worker", required=True, type=os.path.abspath)
-    parser.add_argument("--valgrind", default=shutil.which("valgrind"))
+    callgrind.add_argument(parser)
     parser.add_argument("--only", nargs="*", choices=KINDS, default=KINDS)
     options = parser.parse_args()
     if options.valgrind is None:
         print("valgrind is missing: no work was counted")
-        return SKIPPED
+        return callgrind.SKIPPED
 
     failed = 0
     with tempfile.TemporaryDirectory() as name, \
             concurrent.futures.ThreadPoolExecutor(os.cpu_count() or 1) as pool:
         folder = pathlib.Path(name)
+        options.worker = callgrind.without_debug_information(options.worker, folder)
         empty = folder / "empty.dxf"
         empty.write_text(EMPTY)
         start = instructions(options, empty)

@@ -6,8 +6,7 @@
 The program runs under valgrind's callgrind, which counts instructions in the
 function RunMeasured alone and writes its totals at each end of it. Each case runs
 at a size n and at 8n: linear growth is a factor of 8, n log n about 10, the square
-64. A count does not depend on the machine or on what else it does, so the limit is
-narrow. One planted case grows with the square and has to be found.
+64. One planted case grows with the square and has to be found.
 
 Exits with 77 where valgrind is missing.
 """
@@ -17,47 +16,29 @@ import collections
 import os
 import pathlib
 import re
-import shutil
-import subprocess
 import sys
 import tempfile
 
-SKIPPED = 77
+import callgrind
+
 FUNCTION = "RunMeasured"
 LARGEST_GROWTH = 12
 # Fewer cases than there were would mean that the measuring broke.
 FEWEST_CASES = 20
 PLANTED = "Planted.SquareOfTheSize"
 MEASURED = re.compile(r"^MEASURED (\S+) (\d+)$", re.MULTILINE)
-TOTAL = re.compile(r"^(?:totals|summary): (\d+)", re.MULTILINE)
-# Only a hang reaches it: a run takes some ten seconds.
-TIMEOUT_SECONDS = 3600
-
-
-def without_debug_information(program, folder):
-    """A copy that keeps its symbols. Valgrind gives up on debug information that is newer
-    than itself, such as Clang's DWARF 5, and counting needs none."""
-    objcopy = shutil.which("objcopy")
-    if objcopy is None:
-        return program
-    copy = os.path.join(folder, os.path.basename(program))
-    subprocess.run([objcopy, "--strip-debug", program, copy], check=True)
-    return copy
 
 
 def run_counted(valgrind, program, test_filter, folder):
     """What the program printed, and the instructions of each measured piece in turn."""
-    program = without_debug_information(program, folder)
-    command = [valgrind, "--tool=callgrind", f"--callgrind-out-file={folder}/out",
-               f"--toggle-collect={FUNCTION}", f"--dump-after={FUNCTION}",
-               program, f"--gtest_filter={test_filter}"]
-    run = subprocess.run(command, capture_output=True, text=True, timeout=TIMEOUT_SECONDS,
-                         check=False)
+    program = callgrind.without_debug_information(program, folder)
+    run = callgrind.run(valgrind, f"{folder}/out", [program, f"--gtest_filter={test_filter}"],
+                        f"--toggle-collect={FUNCTION}", f"--dump-after={FUNCTION}")
     if run.returncode != 0:
         sys.exit(f"{run.stdout}\n{run.stderr}\nFAILED: the program ended with {run.returncode}")
     parts = sorted(pathlib.Path(folder).glob("out.*"),
                    key=lambda path: int(path.suffix[1:]))
-    return run.stdout, [int(TOTAL.search(path.read_text()).group(1)) for path in parts]
+    return run.stdout, [callgrind.total_of(path) for path in parts]
 
 
 def cases_of(output, counts):
@@ -80,12 +61,12 @@ def cases_of(output, counts):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True)
-    parser.add_argument("--valgrind", default=shutil.which("valgrind"))
+    callgrind.add_argument(parser)
     parser.add_argument("--filter", default="*")
     options = parser.parse_args()
     if options.valgrind is None:
         print("valgrind is missing: no work was counted")
-        return SKIPPED
+        return callgrind.SKIPPED
 
     with tempfile.TemporaryDirectory() as folder:
         output, counts = run_counted(options.valgrind, os.path.abspath(options.program),
