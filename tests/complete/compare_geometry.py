@@ -9,23 +9,20 @@ without a folder of drawings or without ezdxf.
 
 import argparse
 import collections
-import json
 import math
 import os
 import pathlib
-import subprocess
 import sys
+
+from complete_document import SKIPPED, TOLERANCE, convert, records_of
+from drawing_records import open_with_ezdxf
 
 try:
     import ezdxf
-    from ezdxf import colors, recover
     from ezdxf.math import OCS
     from ezdxf.xclip import XClip
 except ImportError:
     ezdxf = None
-
-SKIPPED = 77
-TOLERANCE = 1e-9
 
 INDEXED = "ezdxf takes the word of an index for channels"
 ABSENT = "the file leaves it out, and LibreDWG takes what is left out for 0; the default is not"
@@ -446,12 +443,6 @@ def flat(value):
     return [n for item in value for n in flat(item)] if isinstance(value, list) else [value]
 
 
-def records_of(document):
-    for owner in document["assets"] + document["layouts"]:
-        yield from owner["entities"]
-    yield from document["entities"]
-
-
 def stored_handles(path):
     """The handles in the file that stand there once; None for a binary file. The others
     are made up by each reader for itself."""
@@ -462,16 +453,6 @@ def stored_handles(path):
     found = collections.Counter(lines[i + 1].decode("latin-1").upper()
                                 for i in range(0, len(lines) - 1, 2) if lines[i] == b"5")
     return {handle for handle, count in found.items() if count == 1}
-
-
-def read(path):
-    try:
-        return ezdxf.readfile(path)
-    except Exception:
-        try:
-            return recover.readfile(path)[0]
-        except Exception:
-            return None
 
 
 class Comparison:
@@ -515,11 +496,8 @@ class Comparison:
 
 
 def compare(comparison, worker, path, name):
-    run = subprocess.run([worker, str(path), "--complete"], capture_output=True, check=False)
-    if run.returncode != 0:
-        return
-    document = json.loads(run.stdout.decode("utf-8", "replace"))
-    drawing = read(path)
+    document = convert(worker, path)
+    drawing = open_with_ezdxf(path) if document is not None else None
     if drawing is None:
         return
     stored = stored_handles(path)

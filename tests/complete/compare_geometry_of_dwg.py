@@ -9,17 +9,14 @@ folder of drawings.
 
 import argparse
 import collections
-import json
 import os
 import pathlib
-import subprocess
 import sys
 
-SKIPPED = 77
-TOLERANCE = 1e-9
-TYPES = {"LINE", "POINT", "RAY", "XLINE", "CIRCLE", "ARC", "ELLIPSE", "SOLID", "LWPOLYLINE",
-         "POLYLINE_2D", "POLYLINE_3D", "SPLINE", "HATCH", "INSERT", "IMAGE", "WIPEOUT",
-         "PDFUNDERLAY", "LEADER", "MULTILEADER", "VIEWPORT"}
+from compare_geometry import CHECKS
+from complete_document import SKIPPED, TOLERANCE, convert, records_of
+
+TYPES = {*CHECKS, "WIPEOUT"}
 
 # Told elsewhere, or not of geometry.
 OTHER_KEYS = {"color", "lw", "owner", "drawOrder", "text", "attributes"}
@@ -44,11 +41,6 @@ KNOWN = {
 }
 
 
-def convert(worker, path):
-    run = subprocess.run([worker, str(path), "--complete"], capture_output=True, check=False)
-    return json.loads(run.stdout.decode("utf-8", "replace")) if run.returncode == 0 else None
-
-
 def pairs_in(folder):
     for dxf in sorted(folder.rglob("*.dxf")):
         for suffix in (".dwg", ".DWG"):
@@ -57,12 +49,8 @@ def pairs_in(folder):
 
 
 def records(document):
-    found = {}
-    for owner in document["assets"] + document["layouts"] + [document]:
-        for record in owner["entities"]:
-            if record["type"] in TYPES and "handle" in record:
-                found[record["type"], record["handle"]] = record
-    return found
+    return {(record["type"], record["handle"]): record for record in records_of(document)
+            if record["type"] in TYPES and "handle" in record}
 
 
 def numbers(value):

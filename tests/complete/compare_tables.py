@@ -19,25 +19,22 @@ import collections
 import concurrent.futures
 import fnmatch
 import html
-import json
 import logging
 import math
 import os
 import pathlib
-import subprocess
 import sys
 
+from complete_document import SKIPPED, TOLERANCE, convert
+from drawing_records import open_with_ezdxf
+
 try:
-    import ezdxf
-    import ezdxf.recover
-    from ezdxf.document import Drawing  # noqa: F401
+    import ezdxf  # noqa: F401
 except ImportError:
-    sys.exit(77)
+    sys.exit(SKIPPED)
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 OWN_DRAWINGS = ROOT / "tests" / "drawings"
-TIMEOUT_SECONDS = 600
-TOLERANCE = 1e-9
 
 # (file, what, key): reason; patterns of shells.
 EMBEDDED = ("LibreDWG's DXF reader passes over the object in the text that holds them since "
@@ -480,17 +477,10 @@ CHECKS = (compare_layers, compare_linetypes, compare_text_styles, compare_dimens
 
 
 def open_drawing(path):
-    try:
-        drawing = ezdxf.readfile(path)
-    except (ezdxf.DXFError, UnicodeError, ValueError):
-        try:
-            drawing, _ = ezdxf.recover.readfile(path)
-        except Exception:  # whatever that reader raises, it has not read the file
-            return None
-    except Exception:
-        return None
-    drawing.path_of_file = path
-    drawing.names = names_of(path)
+    drawing = open_with_ezdxf(path)
+    if drawing is not None:
+        drawing.path_of_file = path
+        drawing.names = names_of(path)
     return drawing
 
 
@@ -499,11 +489,9 @@ def compare_file(worker, path):
     the readers refuses."""
     logging.disable()
     drawing = open_drawing(path)
-    run = subprocess.run([worker, str(path), "--complete"], capture_output=True,
-                         timeout=TIMEOUT_SECONDS, check=False)
-    if drawing is None or run.returncode != 0:
+    document = convert(worker, path) if drawing is not None else None
+    if document is None:
         return None
-    document = json.loads(run.stdout.decode("utf-8", "replace"))
     into = Comparison()
     for check in CHECKS:
         check(drawing, document, into)

@@ -13,29 +13,26 @@ drawings or without ezdxf.
 
 import argparse
 import collections
-import json
 import logging
 import math
 import os
 import pathlib
 import re
-import subprocess
 import sys
+
+from complete_document import SKIPPED, TOLERANCE, convert, records_of
+from drawing_records import open_with_ezdxf
 
 try:
     import ezdxf
-    from ezdxf import recover
     from ezdxf.entities.acad_table import read_acad_table_content
     from ezdxf.proxygraphic import ProxyGraphic
 except ImportError:
     ezdxf = None
 
-SKIPPED = 77
 FEWEST_FILES = 60
 FEWEST_VALUES = 2000
 FEWEST_PAIRS = 10
-TIMEOUT_SECONDS = 600
-CLOSE = 1e-9
 
 DIMENSIONS = {0: "DIMENSION_LINEAR", 1: "DIMENSION_ALIGNED", 2: "DIMENSION_ANG2LN",
               3: "DIMENSION_DIAMETER", 4: "DIMENSION_RADIUS", 5: "DIMENSION_ANG3PT",
@@ -82,37 +79,11 @@ KNOWN_PAIRS = {
 }
 
 
-# -- the worker's document
-
-def convert(worker, path):
-    run = subprocess.run([worker, str(path), "--complete"], capture_output=True, check=False,
-                         timeout=TIMEOUT_SECONDS)
-    document = json.loads(run.stdout.decode("utf-8", "replace")) if run.stdout else {}
-    return document if "entities" in document else None
-
-
-def records_of(document):
-    yield from document["entities"]
-    for part in document["assets"] + document["layouts"]:
-        yield from part["entities"]
-
-
 def blocks_of(document):
     return {asset["name"].upper(): asset["entities"] for asset in document["assets"]}
 
 
 # -- what ezdxf reads
-
-def read_with_ezdxf(path):
-    try:
-        return ezdxf.readfile(path)
-    except (ezdxf.DXFError, OSError, ValueError, KeyError, AttributeError, TypeError):
-        pass
-    try:
-        return recover.readfile(path)[0]
-    except Exception:  # whatever a broken file makes of another reader  pylint: disable=broad-except
-        return None
-
 
 def kind_of(entity):
     kind = entity.dxftype()
@@ -141,7 +112,7 @@ def agree(a, b):
     if isinstance(a, (int, float)):
         if not isinstance(b, (int, float)):
             return False
-        return abs(a - b) <= max(CLOSE * max(abs(a), abs(b)), 1e-12) or f"{a:.9g}" == f"{b:.9g}"
+        return abs(a - b) <= max(TOLERANCE * max(abs(a), abs(b)), 1e-12) or f"{a:.9g}" == f"{b:.9g}"
     a, b = list(a), list(b)
     return len(a) == len(b) and all(agree(x, y) for x, y in zip(a, b))
 
@@ -477,7 +448,7 @@ def main():
     for path in sorted(options.drawings.rglob("*")):
         if path.suffix.lower() != ".dxf" or "bad" in path.relative_to(options.drawings).parts:
             continue
-        drawing = read_with_ezdxf(path)
+        drawing = open_with_ezdxf(path)
         document = convert(options.worker, path) if drawing is not None else None
         if document is None:
             continue

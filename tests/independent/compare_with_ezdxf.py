@@ -19,9 +19,10 @@ import re
 import subprocess
 import sys
 
+import drawing_records as records
+
 try:
     import ezdxf
-    from ezdxf import recover
     from ezdxf.lldxf.tagger import binary_tags_loader
 except ImportError:
     ezdxf = None
@@ -47,18 +48,6 @@ def layer_rgb(index):
     hue, shade = divmod(index - 10, 10)
     saturation, value = SHADES[shade]
     return tuple(int(channel * 255) for channel in colorsys.hsv_to_rgb(hue / 24, saturation, value))
-
-
-def read_with_ezdxf(path):
-    """The drawing, or None when ezdxf cannot read it either."""
-    try:
-        return ezdxf.readfile(path)
-    except (ezdxf.DXFError, OSError, ValueError, KeyError, AttributeError, TypeError):
-        pass
-    try:
-        return recover.readfile(path)[0]
-    except Exception:  # whatever a broken file makes of another reader  pylint: disable=broad-except
-        return None
 
 
 def tags_of_file(path, drawing):
@@ -202,7 +191,7 @@ def main():
             continue
         name = path.relative_to(options.drawings).as_posix()
         document = convert(options.worker, path)
-        drawing = read_with_ezdxf(path) if document else None
+        drawing = records.open_with_ezdxf(path) if document else None
         if drawing is None:
             unread += 1
             continue
