@@ -3,9 +3,12 @@
 
 #include <dwg.h>
 
+#include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
+#include "entities/drawing.hpp"
 #include "entities/drawing_access.hpp"
 
 // The groups of the values, less 1000.
@@ -17,6 +20,9 @@ inline constexpr unsigned kAttachedPoint = 10;
 inline constexpr unsigned kAttachedReal = 40;
 inline constexpr unsigned kAttachedShort = 70;
 inline constexpr unsigned kAttachedLong = 71;
+
+// What stands before a list of dimension variables.
+inline constexpr std::string_view kOverridesMark = "DSTYLE";
 
 inline std::span<const Dwg_Eed> AttachedDataOf(const Dwg_Object_Entity& entity) {
   return SpanOf(entity.eed, entity.num_eed);
@@ -34,7 +40,11 @@ inline std::span<const Dwg_Eed> AttachedDataOf(const Dwg_Object& object) {
 // Whether the value is that ASCII text.
 bool IsAttachedText(const Dwg_Eed_Data& value, std::string_view text);
 
-// Calls `each` with every value that the application has there, in order.
+// The value as the text that it is; empty for any other.
+std::string AttachedText(const Dwg_Eed_Data& value, const Drawing& drawing);
+
+// Calls `each` with every value that the application has there, in order; with none for
+// the application 0.
 template <typename Each>
 void ForEachAttached(std::span<const Dwg_Eed> data, Handle application, Each each) {
   Handle current = 0;
@@ -50,23 +60,27 @@ void ForEachAttached(std::span<const Dwg_Eed> data, Handle application, Each eac
 }
 
 // Calls `each(group, value)` with the pairs of the list that stands in brackets behind
-// the text `name`: dimension variables that differ from their style's.
+// its mark: dimension variables that differ from their style's. The mark is the CAD
+// program's own, which old drawings and those without tables do not name.
 template <typename Each>
-void ForEachOverride(std::span<const Dwg_Eed> data, Handle application, std::string_view name,
-                     Each each) {
+void ForEachOverride(std::span<const Dwg_Eed> data, Each each) {
   bool isIn = false;
   const Dwg_Eed_Data* group = nullptr;
-  ForEachAttached(data, application, [&](const Dwg_Eed_Data& value) {
+  for (const Dwg_Eed& item : data) {
+    if (item.data == nullptr) {
+      continue;
+    }
+    const Dwg_Eed_Data& value = *item.data;
     if (value.code == kAttachedText && group == nullptr) {
-      isIn = IsAttachedText(value, name);
+      isIn = IsAttachedText(value, kOverridesMark);
     } else if (value.code == kAttachedBracket) {
       isIn = isIn && value.u.eed_2.close == 0;
       group = nullptr;
     } else if (isIn && group == nullptr) {
       group = value.code == kAttachedShort ? &value : nullptr;
     } else if (isIn) {
-      each(group->u.eed_70.rs, value);
+      each(std::int32_t{group->u.eed_70.rs}, value);
       group = nullptr;
     }
-  });
+  }
 }

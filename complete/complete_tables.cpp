@@ -65,16 +65,6 @@ void AddLayer(SectionObjects& objects, const Dwg_Object& object, const Dwg_Objec
   }
 }
 
-void AddApplication(CompleteTables& tables, Handle handle, const Dwg_Object_APPID* application,
-                    const Drawing& drawing) {
-  const DecodedText name = drawing.Decode(application == nullptr ? nullptr : application->name);
-  if (name.view() == "AcAecLayerStandard") {
-    tables.layerStandard = handle;
-  } else if (name.view() == "ACAD") {
-    tables.ownApplication = handle;
-  }
-}
-
 void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& drawing) {
   const Handle handle = object.handle.value;
   SectionObjects& objects = tables.objects;
@@ -98,8 +88,6 @@ void AddObject(CompleteTables& tables, const Dwg_Object& object, const Drawing& 
     case DWG_TYPE_VIEW:
       objects.views.push_back(&object);
       return AddName(tables.views, handle, ObjectData(object, &ObjectTio::VIEW), drawing);
-    case DWG_TYPE_APPID:
-      return AddApplication(tables, handle, ObjectData(object, &ObjectTio::APPID), drawing);
     case DWG_TYPE_GROUP: return objects.groups.push_back(&object);
     case DWG_TYPE_DICTIONARY:
       return AddGroupNames(tables, ObjectData(object, &ObjectTio::DICTIONARY), drawing);
@@ -198,6 +186,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   byOwner.Finish();
   tables.polylineParts.Finish();
   tables.acadApplication = Application(drawing, others, "ACAD");
+  tables.layerApplication = Application(drawing, others, "AcAecLayerStandard");
   tables.hatchBackgroundApplication = Application(drawing, others, "HATCHBACKGROUNDCOLOR");
   tables.drawOrder = BuildDrawOrder(others, byOwner, tables.isDxf);
   tables.references =

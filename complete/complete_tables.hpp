@@ -38,11 +38,6 @@ struct CompleteTables {
 
   SectionObjects objects;
 
-  // Of the application that describes layers, and of the CAD program itself; 0 without
-  // it.
-  Handle layerStandard = 0;
-  Handle ownApplication = 0;
-
   // The block that the active sheet's contents belong to; 0 when there is none.
   Handle activeSheet = 0;
 
@@ -52,9 +47,11 @@ struct CompleteTables {
   // False for releases before 2000, which know no lineweights.
   bool holdsLineweights = true;
 
-  // The applications whose extended data holds dimension variables and views, and the
-  // colour behind a hatch's pattern.
+  // The applications whose extended data holds what the CAD program itself attaches
+  // (dimension variables, views, columns of text), what describes layers, and the colour
+  // behind a hatch's pattern; 0 for one that the drawing does not name.
   Handle acadApplication = 0;
+  Handle layerApplication = 0;
   Handle hatchBackgroundApplication = 0;
 
   // Vertices and end markers by the polyline that they name as their owner.

@@ -2,25 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
-#include <span>
 #include <string_view>
 #include <utility>
 
+#include "complete/attached_data.hpp"
 #include "complete/common_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
 
 namespace {
-
-// The kinds of values in extended data, by their DXF group less 1000.
-constexpr unsigned kString = 0;
-constexpr unsigned kBracket = 2;
-constexpr unsigned kLayerHandle = 3;
-constexpr unsigned kEntityHandle = 5;
-constexpr unsigned kReal = 40;
-constexpr unsigned kShort = 70;
-constexpr unsigned kLong = 71;
 
 struct Variable {
   std::int32_t code;
@@ -63,83 +53,34 @@ std::string_view VariableName(std::int32_t code) {
   return found == kVariables.end() ? std::string_view{} : found->name;
 }
 
-// The units lie unaligned in the packed structure, and end where the length or a
-// zero says so.
-std::string WideString(const Dwg_Eed_Data& data) {
-  const auto& value = data.u.eed_0_r2007;
-  std::vector<std::uint16_t> units;
-  for (std::size_t i = 0; i < value.length && value.string[i] != 0; ++i) {
-    const std::uint16_t unit = value.string[i];
-    units.push_back(unit);
-  }
-  units.push_back(0);
-  return std::string(DecodeText(TextForm::kUtf16, reinterpret_cast<const char*>(units.data())));
-}
-
-std::string StringOf(const Dwg_Eed_Data& data, const CompleteContext& context) {
-  if (data.u.eed_0.is_tu != 0) {
-    return WideString(data);
-  }
-  const char* text = data.u.eed_0.string;
-  std::string bytes;
-  for (std::size_t i = 0; i < data.u.eed_0.length && text[i] != '\0'; ++i) {
-    bytes += text[i];
-  }
-  if (context.base.drawing.textForm == TextForm::kUtf16) {
-    return std::string(DecodeText(TextForm::kWindows1252, bytes.c_str()));
-  }
-  return std::string(context.Decode(bytes.c_str()));
-}
-
 DimensionOverride ValueOf(std::int32_t code, const Dwg_Eed_Data& data,
                           const CompleteContext& context) {
   using Kind = DimensionOverride::Kind;
   DimensionOverride result{.code = code};
   switch (data.code) {
-    case kString:
+    case kAttachedText:
       result.kind = Kind::kText;
-      result.text = StringOf(data, context);
+      result.text = AttachedText(data, context.base.drawing);
       break;
-    case kLayerHandle:
-    case kEntityHandle:
+    case kAttachedLayer:
+    case kAttachedHandle:
       result.kind = Kind::kHandle;
       result.integer = static_cast<std::int64_t>(data.u.eed_5.entity);
       break;
-    case kShort:
+    case kAttachedShort:
       result.kind = Kind::kInteger;
       result.integer = static_cast<std::int16_t>(data.u.eed_70.rs);
       result.number = static_cast<double>(result.integer);
       break;
-    case kLong:
+    case kAttachedLong:
       result.kind = Kind::kInteger;
       result.integer = static_cast<std::int32_t>(data.u.eed_71.rl);
       result.number = static_cast<double>(result.integer);
       break;
-    case kReal: result.number = data.u.eed_40.real; break;
+    case kAttachedReal: result.number = data.u.eed_40.real; break;
     default: result.code = 0; break;
   }
   return result;
-}
-
-using ExtendedData = std::span<const Dwg_Eed>;
-
-// Behind "DSTYLE" and the opening bracket, up to the closing one.
-ExtendedData StyleList(ExtendedData values, const CompleteContext& context) {
-  std::size_t start = 0;
-  for (; start < values.size(); ++start) {
-    const Dwg_Eed_Data* data = values[start].data;
-    if (data != nullptr && data->code == kString && StringOf(*data, context) == "DSTYLE") {
-      break;
-    }
-  }
-  if (start + 2 >= values.size()) {
-    return {};
-  }
-  const ExtendedData rest = values.subspan(start + 2);
-  const auto end = std::find_if(rest.begin(), rest.end(), [](const Dwg_Eed& value) {
-    return value.data == nullptr || value.data->code == kBracket;
-  });
-  return rest.first(static_cast<std::size_t>(end - rest.begin()));
 }
 
 const DimensionOverride* Find(const std::vector<DimensionOverride>& overrides, std::int32_t code) {
@@ -303,17 +244,13 @@ double ScaledTextHeight(const Dwg_Object_DIMSTYLE& style, const Settings& settin
 std::vector<DimensionOverride> DimensionOverrides(const Dwg_Object_Entity& entity,
                                                   const CompleteContext& context) {
   std::vector<DimensionOverride> overrides;
-  const ExtendedData values = StyleList(SpanOf<Dwg_Eed>(entity.eed, entity.num_eed), context);
-  for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
-    const Dwg_Eed_Data& code = *values[i].data;
-    if (code.code != kShort) {
-      break;
-    }
-    DimensionOverride value = ValueOf(code.u.eed_70.rs, *values[i + 1].data, context);
+  const auto take = [&](std::int32_t code, const Dwg_Eed_Data& data) {
+    DimensionOverride value = ValueOf(code, data, context);
     if (!VariableName(value.code).empty()) {
       overrides.push_back(std::move(value));
     }
-  }
+  };
+  ForEachOverride(AttachedDataOf(entity), take);
   return overrides;
 }
 

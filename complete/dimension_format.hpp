@@ -23,7 +23,7 @@ struct DimensionOverride {
   std::string text = {};
 };
 
-// The list behind "DSTYLE" in the entity's extended data; empty without one.
+// Those in the entity's extended data, in order.
 std::vector<DimensionOverride> DimensionOverrides(const Dwg_Object_Entity& entity,
                                                   const CompleteContext& context);
 

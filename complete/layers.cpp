@@ -4,8 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "complete/attached_data.hpp"
 #include "complete/common_keys.hpp"
-#include "complete/extended_data.hpp"
 #include "document/layers.hpp"
 #include "encode/ascii.hpp"
 #include "encode/json_list.hpp"
@@ -36,12 +36,13 @@ bool IsPlotted(const LayerEntry& entry, const Dwg_Data& dwg) {
 // The second text that a program for building design attaches to layers.
 void AppendDescription(JsonOut& out, const Dwg_Object& object, const CompleteContext& context) {
   std::string description;
-  for (const Dwg_Eed& item : ExtendedDataOf(object, context.tables.layerStandard)) {
-    std::string text = ExtendedText(item, context);
+  const auto take = [&](const Dwg_Eed_Data& value) {
+    std::string text = AttachedText(value, context.base.drawing);
     if (!text.empty()) {
       description = std::move(text);
     }
-  }
+  };
+  ForEachAttached(AttachedDataOf(object), context.tables.layerApplication, take);
   if (!description.empty()) {
     AppendQuotedKey(out, ",\"description\":", description);
   }

@@ -9,6 +9,7 @@
 
 #include "complete/attached_data.hpp"
 #include "complete/common_keys.hpp"
+#include "complete/lookup.hpp"
 #include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -22,9 +23,9 @@ namespace {
 // Texts leave out variables that have their default.
 constexpr double kDefaultArrowSize = 0.18;
 
-constexpr unsigned kGroupScale = 40;
-constexpr unsigned kGroupArrowSize = 41;
-constexpr unsigned kGroupLeaderArrow = 341;
+constexpr std::int32_t kGroupScale = 40;
+constexpr std::int32_t kGroupArrowSize = 41;
+constexpr std::int32_t kGroupLeaderArrow = 341;
 
 // The dimension variables that draw a leader's arrow.
 struct ArrowVariables {
@@ -36,29 +37,19 @@ struct ArrowVariables {
   double drawnSize() const { return size * (scale == 0 ? 1 : scale); }
 };
 
-const Dwg_Object_DIMSTYLE* StyleOf(const Dwg_Entity_LEADER& leader,
-                                   const CompleteContext& context) {
-  const Handle handle = HandleOf(leader.dimstyle);
-  const Dwg_Object* object = handle == 0 || context.dwg().object_map == nullptr
-                                 ? nullptr
-                                 : dwg_resolve_handle_silent(&context.dwg(), handle);
-  return object == nullptr || object->fixedtype != DWG_TYPE_DIMSTYLE
-             ? nullptr
-             : ObjectData(*object, &ObjectTio::DIMSTYLE);
-}
-
 ArrowVariables ArrowOf(const Dwg_Entity_LEADER& leader, const CompleteContext& context,
                        const EntityOrigin& origin) {
   const Dwg_Header_Variables& vars = context.dwg().header_vars;
   ArrowVariables arrow{vars.DIMASZ, vars.DIMSCALE, HandleOf(vars.DIMLDRBLK)};
-  if (const Dwg_Object_DIMSTYLE* style = StyleOf(leader, context)) {
+  if (const auto* style =
+          ReferencedObject(leader.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, context)) {
     arrow = {style->DIMASZ, style->DIMSCALE, HandleOf(style->DIMLDRBLK)};
   }
   if (arrow.size == 0 && context.tables.isDxf) {
     arrow.size = kDefaultArrowSize;
   }
-  ForEachOverride(AttachedDataOf(origin.object), context.tables.acadApplication, "DSTYLE",
-                  [&](unsigned group, const Dwg_Eed_Data& value) {
+  ForEachOverride(AttachedDataOf(origin.object),
+                  [&](std::int32_t group, const Dwg_Eed_Data& value) {
                     if (group == kGroupScale && value.code == kAttachedReal) {
                       arrow.scale = value.u.eed_40.real;
                     } else if (group == kGroupArrowSize && value.code == kAttachedReal) {

@@ -2,16 +2,15 @@
 
 #include <cstddef>
 #include <span>
-#include <string>
+#include <string_view>
+#include <vector>
 
-#include "complete/extended_data.hpp"
+#include "complete/attached_data.hpp"
 
 namespace {
 
-// Group codes of extended data, less 1000.
-constexpr unsigned kHandleItem = 5;
-constexpr unsigned kRealItem = 40;
-constexpr unsigned kIntegerItem = 70;
+// What the CAD program attached, in order.
+using Values = std::span<const Dwg_Eed_Data* const>;
 
 TextColumns OwnColumns(const Dwg_Entity_MTEXT& mtext) {
   const auto heights = SpanOf<BITCODE_BD>(mtext.column_heights, mtext.num_column_heights);
@@ -25,25 +24,20 @@ TextColumns OwnColumns(const Dwg_Entity_MTEXT& mtext) {
           .linked = {}};
 }
 
-unsigned CodeOf(const Dwg_Eed& item) {
-  constexpr unsigned kNone = 255;
-  return item.data == nullptr ? kNone : item.data->code;
-}
-
-double NumberOf(const Dwg_Eed& item) {
-  switch (CodeOf(item)) {
-    case kRealItem: return item.data->u.eed_40.real;
-    case kIntegerItem: return item.data->u.eed_70.rs;
+double NumberOf(const Dwg_Eed_Data& value) {
+  switch (value.code) {
+    case kAttachedReal: return value.u.eed_40.real;
+    case kAttachedShort: return value.u.eed_70.rs;
     default: return 0;
   }
 }
 
-unsigned CountOf(const Dwg_Eed& item) {
-  return CodeOf(item) == kIntegerItem ? item.data->u.eed_70.rs : 0;
+unsigned CountOf(const Dwg_Eed_Data& value) {
+  return value.code == kAttachedShort ? value.u.eed_70.rs : 0U;
 }
 
 // A value behind the number of its field.
-void SetField(TextColumns& columns, unsigned field, const Dwg_Eed& item) {
+void SetField(TextColumns& columns, unsigned field, const Dwg_Eed_Data& value) {
   constexpr unsigned kWidth = 48;
   constexpr unsigned kGutter = 49;
   constexpr unsigned kType = 75;
@@ -51,65 +45,68 @@ void SetField(TextColumns& columns, unsigned field, const Dwg_Eed& item) {
   constexpr unsigned kReversed = 78;
   constexpr unsigned kAutoHeight = 79;
   switch (field) {
-    case kWidth: columns.width = NumberOf(item); break;
-    case kGutter: columns.gutter = NumberOf(item); break;
-    case kType: columns.type = CountOf(item); break;
-    case kCount: columns.count = CountOf(item); break;
-    case kReversed: columns.isReversed = CountOf(item) != 0; break;
-    case kAutoHeight: columns.hasAutoHeight = CountOf(item) != 0; break;
+    case kWidth: columns.width = NumberOf(value); break;
+    case kGutter: columns.gutter = NumberOf(value); break;
+    case kType: columns.type = CountOf(value); break;
+    case kCount: columns.count = CountOf(value); break;
+    case kReversed: columns.isReversed = CountOf(value) != 0; break;
+    case kAutoHeight: columns.hasAutoHeight = CountOf(value) != 0; break;
     default: break;
   }
 }
 
-// A field is two items, but the heights are a count and as many reals.
-void SetFields(TextColumns& columns, std::span<const Dwg_Eed> items) {
+// A field is two values, but the heights are a count and as many reals.
+void SetFields(TextColumns& columns, Values values) {
   constexpr unsigned kHeights = 50;
-  for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
-    const unsigned field = CountOf(items[i]);
+  for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
+    const unsigned field = CountOf(*values[i]);
     if (field != kHeights) {
-      SetField(columns, field, items[i + 1]);
+      SetField(columns, field, *values[i + 1]);
       continue;
     }
-    for (i += 2; i < items.size() && CodeOf(items[i]) == kRealItem; ++i) {
-      columns.heights.push_back(NumberOf(items[i]));
+    for (i += 2; i < values.size() && values[i]->code == kAttachedReal; ++i) {
+      columns.heights.push_back(NumberOf(*values[i]));
     }
     i -= 2;
   }
 }
 
 // What stands between two marks.
-std::span<const Dwg_Eed> Between(std::span<const Dwg_Eed> items, std::string_view begin,
-                                 std::string_view end, const CompleteContext& context) {
+Values Between(Values values, std::string_view begin, std::string_view end) {
   const auto find = [&](std::string_view mark) {
     std::size_t at = 0;
-    while (at < items.size() && ExtendedText(items[at], context) != mark) {
+    while (at < values.size() && !IsAttachedText(*values[at], mark)) {
       ++at;
     }
     return at;
   };
   const std::size_t first = find(begin) + 1;
   const std::size_t last = find(end);
-  return first < last && last < items.size() ? items.subspan(first, last - first)
-                                             : std::span<const Dwg_Eed>{};
+  return first < last && last < values.size() ? values.subspan(first, last - first) : Values{};
 }
 
 }  // namespace
 
 TextColumns TextColumnsOf(const Dwg_Entity_MTEXT& mtext, const Dwg_Object& object,
                           const CompleteContext& context) {
-  const auto items = ExtendedDataOf(object, context.tables.ownApplication);
-  const auto fields =
-      Between(items, "ACAD_MTEXT_COLUMN_INFO_BEGIN", "ACAD_MTEXT_COLUMN_INFO_END", context);
-  if (mtext.column_type != 0 || fields.empty()) {
+  if (mtext.column_type != 0) {
+    return OwnColumns(mtext);
+  }
+  std::vector<const Dwg_Eed_Data*> values;
+  ForEachAttached(AttachedDataOf(object), context.tables.acadApplication,
+                  [&](const Dwg_Eed_Data& value) { values.push_back(&value); });
+  const Values fields =
+      Between(values, "ACAD_MTEXT_COLUMN_INFO_BEGIN", "ACAD_MTEXT_COLUMN_INFO_END");
+  if (fields.empty()) {
     return OwnColumns(mtext);
   }
   TextColumns columns;
   SetFields(columns, fields);
-  for (const Dwg_Eed& item :
-       Between(items, "ACAD_MTEXT_COLUMNS_BEGIN", "ACAD_MTEXT_COLUMNS_END", context)) {
-    if (CodeOf(item) == kHandleItem) {
+  for (const Dwg_Eed_Data* value :
+       Between(values, "ACAD_MTEXT_COLUMNS_BEGIN", "ACAD_MTEXT_COLUMNS_END")) {
+    if (value->code == kAttachedHandle) {
       // A copy: it may lie unaligned.
-      const Handle linked = item.data->u.eed_5.entity;
+      const Handle linked = value->u.eed_5.entity;
       columns.linked.push_back(linked);
     }
   }
