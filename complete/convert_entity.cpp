@@ -58,21 +58,22 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_TRACE: return WriteRecord(source, "TRACE", &Tio::TRACE, AppendTrace);
     case DWG_TYPE_DIMENSION_ANG2LN:
       return WriteRecord(source, "DIMENSION_ANG2LN", &Tio::DIMENSION_ANG2LN,
-                         AppendTwoLineAngularDimension);
+                         AppendDimension<Dwg_Entity_DIMENSION_ANG2LN>);
     case DWG_TYPE_DIMENSION_ANG3PT:
       return WriteRecord(source, "DIMENSION_ANG3PT", &Tio::DIMENSION_ANG3PT,
-                         AppendThreePointAngularDimension);
+                         AppendDimension<Dwg_Entity_DIMENSION_ANG3PT>);
     case DWG_TYPE_DIMENSION_DIAMETER:
       return WriteRecord(source, "DIMENSION_DIAMETER", &Tio::DIMENSION_DIAMETER,
-                         AppendDiameterDimension);
+                         AppendDimension<Dwg_Entity_DIMENSION_DIAMETER>);
     case DWG_TYPE_DIMENSION_ORDINATE:
       return WriteRecord(source, "DIMENSION_ORDINATE", &Tio::DIMENSION_ORDINATE,
-                         AppendOrdinateDimension);
+                         AppendDimension<Dwg_Entity_DIMENSION_ORDINATE>);
     case DWG_TYPE_ARC_DIMENSION:
-      return WriteRecord(source, "ARC_DIMENSION", &Tio::ARC_DIMENSION, AppendArcDimension);
+      return WriteRecord(source, "ARC_DIMENSION", &Tio::ARC_DIMENSION,
+                         AppendDimension<Dwg_Entity_ARC_DIMENSION>);
     case DWG_TYPE_LARGE_RADIAL_DIMENSION:
       return WriteRecord(source, "LARGE_RADIAL_DIMENSION", &Tio::LARGE_RADIAL_DIMENSION,
-                         AppendJoggedDimension);
+                         AppendDimension<Dwg_Entity_LARGE_RADIAL_DIMENSION>);
     case DWG_TYPE_MLINE: return WriteRecord(source, "MLINE", &Tio::MLINE, AppendMultiline);
     case DWG_TYPE_SHAPE: return WriteRecord(source, "SHAPE", &Tio::SHAPE, AppendShape);
     case DWG_TYPE_TOLERANCE:

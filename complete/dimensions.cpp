@@ -12,7 +12,6 @@
 #include "complete/plane_keys.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
-#include "text/dimension.hpp"
 #include "text/mtext_to_html.hpp"
 
 namespace {
@@ -102,36 +101,6 @@ void AppendRest(JsonOut& out, const Dimension& dimension, Measure measure,
 }
 
 }  // namespace
-
-void AppendTwoLineAngularDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ANG2LN& dimension,
-                                   const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
-
-void AppendThreePointAngularDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ANG3PT& dimension,
-                                      const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
-
-void AppendDiameterDimension(JsonOut& out, const Dwg_Entity_DIMENSION_DIAMETER& dimension,
-                             const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
-
-void AppendOrdinateDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ORDINATE& dimension,
-                             const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
-
-void AppendArcDimension(JsonOut& out, const Dwg_Entity_ARC_DIMENSION& dimension,
-                        const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
-
-void AppendJoggedDimension(JsonOut& out, const Dwg_Entity_LARGE_RADIAL_DIMENSION& dimension,
-                           const CompleteContext& context) {
-  AppendDimensionTail(out, dimension, context.base);
-}
 
 void AppendLinearDimensionFurtherKeys(JsonOut& out, const Dwg_Entity_DIMENSION_LINEAR& dimension,
                                       const CompleteContext& context, const EntityOrigin& origin) {

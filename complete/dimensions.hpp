@@ -6,21 +6,14 @@
 
 #include "complete/complete_context.hpp"
 #include "encode/json_out.hpp"
+#include "text/dimension.hpp"
 
-// Each: what the plain form's dimensions have from `measurement` on. Which points a
-// dimension is drawn from is among the further keys.
-void AppendTwoLineAngularDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ANG2LN& dimension,
-                                   const CompleteContext& context);
-void AppendThreePointAngularDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ANG3PT& dimension,
-                                      const CompleteContext& context);
-void AppendDiameterDimension(JsonOut& out, const Dwg_Entity_DIMENSION_DIAMETER& dimension,
-                             const CompleteContext& context);
-void AppendOrdinateDimension(JsonOut& out, const Dwg_Entity_DIMENSION_ORDINATE& dimension,
-                             const CompleteContext& context);
-void AppendArcDimension(JsonOut& out, const Dwg_Entity_ARC_DIMENSION& dimension,
-                        const CompleteContext& context);
-void AppendJoggedDimension(JsonOut& out, const Dwg_Entity_LARGE_RADIAL_DIMENSION& dimension,
-                           const CompleteContext& context);
+// What the plain form's dimensions have from `measurement` on. Which points a dimension is
+// drawn from is among the further keys.
+template <typename Dimension>
+void AppendDimension(JsonOut& out, const Dimension& dimension, const CompleteContext& context) {
+  AppendDimensionTail(out, dimension, context.base);
+}
 
 // Behind the common keys: the points in the world, the value measured, the text
 // shown, the style and what the dimension sets otherwise, the block with the drawn
