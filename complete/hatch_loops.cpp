@@ -1,7 +1,5 @@
 #include "complete/hatch_loops.hpp"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
@@ -13,6 +11,7 @@
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
+#include "entities/arc_steps.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/nurbs.hpp"
 #include "entities/stored_flags.hpp"
@@ -20,15 +19,9 @@
 namespace {
 
 constexpr double kTwoPi = 2 * std::numbers::pi;
-constexpr double kAngleStep = std::numbers::pi / 18;
-constexpr double kMinSteps = 2;
-constexpr double kMaxSteps = 36;
 constexpr double kSmallestBulge = 1e-9;
 constexpr std::size_t kMinLoopPoints = 3;
 
-constexpr std::size_t kSamplesPerControlPoint = 4;
-constexpr std::size_t kMinSamples = 20;
-constexpr std::size_t kSamplesAtOnce = 64;
 // Evaluating costs the square of the degree at every sample.
 constexpr std::size_t kMaxDegree = 32;
 
@@ -59,12 +52,6 @@ class Loop {
   double elevation_;
   std::size_t size_ = 0;
 };
-
-int StepCount(double sweep) {
-  const double steps = std::ceil(std::fabs(sweep) / kAngleStep);
-  return std::isfinite(steps) ? static_cast<int>(std::clamp(steps, kMinSteps, kMaxSteps))
-                              : static_cast<int>(kMinSteps);
-}
 
 // The points from `from` up to, but without, `to` along the arc of the bulge, which is
 // the tangent of a quarter of the arc's angle, positive counter-clockwise.
@@ -142,23 +129,6 @@ std::vector<ControlPoint> ControlPoints(std::span<const Dwg_HATCH_ControlPoint> 
   return points;
 }
 
-// `samples` points of the curve from the start of the range to its end.
-void AddSamples(Loop& loop, NurbsCurve& curve, double start, double range, std::size_t samples) {
-  std::array<double, kSamplesAtOnce> parameters;
-  std::array<CurvePoint, kSamplesAtOnce> points;
-  for (std::size_t first = 0; first < samples; first += kSamplesAtOnce) {
-    const std::size_t count = std::min(samples - first, kSamplesAtOnce);
-    for (std::size_t i = 0; i < count; ++i) {
-      const double share = static_cast<double>(first + i) / static_cast<double>(samples - 1);
-      parameters[i] = start + share * range;
-    }
-    curve.PointsAt(std::span(parameters).first(count), points);
-    for (const CurvePoint& point : std::span(points).first(count)) {
-      loop.Add(point.x, point.y);
-    }
-  }
-}
-
 // False for a spline whose knots do not make a curve.
 bool AddCurve(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
   const auto controls = SpanOf(segment.control_points, segment.num_control_points);
@@ -174,8 +144,8 @@ bool AddCurve(Loop& loop, const Dwg_HATCH_PathSeg& segment) {
     return false;
   }
   NurbsCurve curve(degree, knots, ControlPoints(controls), segment.is_rational != 0);
-  AddSamples(loop, curve, start, range,
-             std::max(controls.size() * kSamplesPerControlPoint, kMinSamples));
+  ForEachSample(curve, start, range, SampleCount(controls.size()),
+                [&](const CurvePoint& point) { loop.Add(point.x, point.y); });
   return true;
 }
 

@@ -1,6 +1,5 @@
 #include "entities/hatch.hpp"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
@@ -8,6 +7,7 @@
 #include "encode/fast/portable_math.hpp"
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
+#include "entities/arc_steps.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/hatch_debug.hpp"
 #include "entities/stored_flags.hpp"
@@ -15,9 +15,6 @@
 namespace {
 
 constexpr double kTwoPi = 2 * std::numbers::pi;
-constexpr double kAngleStep = std::numbers::pi / 18;
-constexpr double kMinSteps = 2;
-constexpr double kMaxSteps = 36;
 constexpr double kShortestChord = 1e-12;
 constexpr double kSmallestAngle = 1e-9;
 constexpr std::size_t kMinLoopPoints = 3;
@@ -39,12 +36,6 @@ class Loop {
   JsonList coordinates_;
   std::size_t size_ = 0;
 };
-
-int StepCount(double sweep) {
-  const double steps = std::ceil(std::fabs(sweep) / kAngleStep);
-  return std::isfinite(steps) ? static_cast<int>(std::clamp(steps, kMinSteps, kMaxSteps))
-                              : static_cast<int>(kMinSteps);
-}
 
 // The points from `from` up to, but without, `to` along the arc of the bulge.
 void AddBulge(Loop& loop, const BITCODE_2RD& from, const BITCODE_2RD& to, double bulge) {

@@ -5,6 +5,8 @@
 // array takes the nearest end, and every search ends.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -61,3 +63,30 @@ class NurbsCurve {
   std::vector<double> left_;
   std::vector<double> right_;
 };
+
+// Into how many points a curve is sampled.
+inline std::size_t SampleCount(std::size_t controlPoints) {
+  constexpr std::size_t kSamplesPerControlPoint = 4;
+  constexpr std::size_t kMinSamples = 20;
+  return std::max(controlPoints * kSamplesPerControlPoint, kMinSamples);
+}
+
+// Calls `each` with `samples` points at equal distances of the parameter, from the start
+// of the range to its end, both included. There are at least two.
+template <typename Each>
+void ForEachSample(NurbsCurve& curve, double start, double range, std::size_t samples, Each each) {
+  constexpr std::size_t kSamplesAtOnce = 64;
+  std::array<double, kSamplesAtOnce> parameters;
+  std::array<CurvePoint, kSamplesAtOnce> points;
+  for (std::size_t first = 0; first < samples; first += kSamplesAtOnce) {
+    const std::size_t count = std::min(samples - first, kSamplesAtOnce);
+    for (std::size_t i = 0; i < count; ++i) {
+      const double share = static_cast<double>(first + i) / static_cast<double>(samples - 1);
+      parameters[i] = start + share * range;
+    }
+    curve.PointsAt(std::span(parameters).first(count), points);
+    for (const CurvePoint& point : std::span(points).first(count)) {
+      each(point);
+    }
+  }
+}

@@ -1,7 +1,5 @@
 #include "entities/spline.hpp"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <span>
 #include <string>
@@ -18,9 +16,6 @@ namespace {
 
 constexpr double kShortestTangent = 1e-10;
 constexpr double kSmallestRange = 1e-12;
-constexpr std::size_t kSamplesPerControlPoint = 4;
-constexpr std::size_t kMinSamples = 20;
-constexpr std::size_t kSamplesAtOnce = 64;
 
 // Evaluation costs the square of the degree at every sample. Real degrees stay
 // far below the first limit; beyond it the whole spline must be cheap.
@@ -67,38 +62,21 @@ bool IsTooCostly(std::size_t degree, std::size_t samples) {
   return degree > kAnyCountDegree && samples > kMaxHighDegreeWork / (order * order);
 }
 
-// `samples` points from the start of the range to its end, both included.
-void AppendSamples(JsonList& list, NurbsCurve& curve, double start, double range,
-                   std::size_t samples) {
-  std::array<double, kSamplesAtOnce> parameters;
-  std::array<CurvePoint, kSamplesAtOnce> points;
-  for (std::size_t first = 0; first < samples; first += kSamplesAtOnce) {
-    const std::size_t count = std::min(samples - first, kSamplesAtOnce);
-    for (std::size_t i = 0; i < count; ++i) {
-      const double share = static_cast<double>(first + i) / static_cast<double>(samples - 1);
-      parameters[i] = start + share * range;
-    }
-    curve.PointsAt(std::span(parameters).first(count), points);
-    for (const CurvePoint& point : std::span(points).first(count)) {
-      list.Point(point.x, point.y);
-    }
-  }
-}
-
 void AppendSampledCurve(JsonOut& out, const Dwg_Entity_SPLINE& spline,
                         std::span<const double> knots,
                         std::span<const Dwg_SPLINE_control_point> controlPoints) {
   const std::size_t degree = spline.degree;
   const double start = knots[degree];
   const double range = knots[knots.size() - 1 - degree] - start;
-  const std::size_t samples = std::max(controlPoints.size() * kSamplesPerControlPoint, kMinSamples);
+  const std::size_t samples = SampleCount(controlPoints.size());
   if (range < kSmallestRange || IsTooCostly(degree, samples)) {
     return;
   }
   NurbsCurve curve(degree, knots, ControlPoints(controlPoints),
                    spline.rational != 0 || spline.weighted != 0);
   JsonList points = BeginPoints(out, spline);
-  AppendSamples(points, curve, start, range, samples);
+  ForEachSample(curve, start, range, samples,
+                [&](const CurvePoint& point) { points.Point(point.x, point.y); });
   points.Close();
 }
 
