@@ -5,35 +5,34 @@
 #include <cstddef>
 #include <string_view>
 
-#include "encode/json_out.hpp"
+#include "encode/json_list.hpp"
 
 class JsonObject {
  public:
   // `opening` ends in its brace, as in `,"header":{`.
-  explicit JsonObject(JsonOut& out, std::string_view opening = "{") : out_(out) { out_ += opening; }
+  explicit JsonObject(JsonOut& out, std::string_view opening = "{") : items_(out, opening) {}
 
-  JsonOut& out() { return out_; }
+  JsonOut& out() { return items_.out(); }
 
   // `name` needs no escapes. `write` appends the value, or nothing: then there is no
   // such key.
   template <typename Write>
   void Item(std::string_view name, Write write) {
-    const std::size_t end = out_.size();
-    out_ += isEmpty_ ? "\"" : ",\"";
-    out_ += name;
-    out_ += "\":";
-    const std::size_t start = out_.size();
-    write();
-    if (out_.size() == start) {
-      out_.Truncate(end);
-    } else {
-      isEmpty_ = false;
-    }
+    items_.Item([&] {
+      const std::size_t start = out().size();
+      out() += '"';
+      out() += name;
+      out() += "\":";
+      const std::size_t value = out().size();
+      write();
+      if (out().size() == value) {
+        out().Truncate(start);
+      }
+    });
   }
 
-  void Close() { out_ += '}'; }
+  void Close() { out() += '}'; }
 
  private:
-  JsonOut& out_;
-  bool isEmpty_ = true;
+  JsonList items_;  // which knows about commas
 };

@@ -51,20 +51,9 @@ void AppendDescription(JsonOut& out, const Dwg_Object& object, const CompleteCon
 void AppendLayer(JsonOut& out, const LayerEntry& entry, const Dwg_Object& object,
                  const CompleteContext& context) {
   const Dwg_Object_LAYER& layer = *entry.record;
-  out += "{\"name\":";
-  out += entry.quoted;
-  AppendBoolKey(out, ",\"visible\":", layer.off == 0);
-  AppendBoolKey(out, ",\"locked\":", layer.locked != 0);
-  out += ",\"color\":";
-  AppendRgb(out, LayerColor(layer.color, context.base.drawing.palette));
-  out += "},\"lw\":";
-  AppendLineweight(out, context.tables.holdsLineweights ? layer.linewt : kInheritedLineweight);
-  if (HasExplicitAlpha(layer.color)) {
-    AppendIntKey(out, ",\"alpha\":", AlphaValue(layer.color));
-  }
-  if (context.base.verbose) {
-    AppendColorDebug(out, layer.color);
-  }
+  BeginLayer(out, entry, LayerColor(layer.color, context.base.drawing.palette),
+             context.tables.holdsLineweights ? layer.linewt : kInheritedLineweight,
+             context.base.verbose);
   AppendBoolKey(out, ",\"frozen\":", layer.frozen != 0 || (layer.flag & kFrozenFlag) != 0);
   AppendBoolKey(out, ",\"plotted\":", IsPlotted(entry, context.dwg()));
   const std::string* linetype = context.tables.linetypes.Find(HandleOf(layer.ltype));

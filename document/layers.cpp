@@ -40,32 +40,36 @@ Rgb LayerColor(const Dwg_Color& color) {
   return index == kForeground ? Rgb{0, 0, 0} : AciToRgb(index);
 }
 
-void AppendLayer(JsonOut& out, const LayerEntry& entry, bool verbose) {
+}  // namespace
+
+void BeginLayer(JsonOut& out, const LayerEntry& entry, Rgb color, std::uint8_t lineweight,
+                bool verbose) {
   const Dwg_Object_LAYER& layer = *entry.record;
   out += "{\"name\":";
   out += entry.quoted;
   AppendBoolKey(out, ",\"visible\":", layer.off == 0);
   AppendBoolKey(out, ",\"locked\":", layer.locked != 0);
   out += ",\"color\":";
-  AppendRgb(out, LayerColor(layer.color));
+  AppendRgb(out, color);
   out += "},\"lw\":";
-  AppendLineweight(out, layer.linewt);
+  AppendLineweight(out, lineweight);
   if (HasExplicitAlpha(layer.color)) {
     AppendIntKey(out, ",\"alpha\":", AlphaValue(layer.color));
   }
   if (verbose) {
     AppendColorDebug(out, layer.color);
   }
-  out += '}';
 }
-
-}  // namespace
 
 void AppendLayers(JsonOut& out, const EntityContext& context) {
   JsonList list(out);
   for (const LayerEntry& layer : context.tables.layers.All()) {
     if (layer.record != nullptr && !layer.name.empty()) {
-      list.Item([&] { AppendLayer(out, layer, context.verbose); });
+      list.Item([&] {
+        BeginLayer(out, layer, LayerColor(layer.record->color), layer.record->linewt,
+                   context.verbose);
+        out += '}';
+      });
     }
   }
   list.Close();
