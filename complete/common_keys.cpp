@@ -1,9 +1,10 @@
 #include "complete/common_keys.hpp"
 
 #include <array>
-#include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "encode/json_list.hpp"
 #include "encode/json_text.hpp"
@@ -38,16 +39,18 @@ void AppendHandleKey(JsonOut& out, std::string_view key, Handle handle) {
   if (handle == 0) {
     return;
   }
-  constexpr int kHexadecimal = 16;
-  std::array<char, kHexadecimal> digits{};
-  const char* end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), handle, kHexadecimal).ptr;
-  out += key;
-  out += '"';
-  for (const char* digit = digits.data(); digit != end; ++digit) {
-    out += *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  constexpr unsigned kBitsOfDigit = 4;
+  // From the last character to the first: the digits between two quotes.
+  std::array<char, 2 * sizeof(Handle) + 2> text;
+  std::size_t first = text.size();
+  text[--first] = '"';
+  for (; handle != 0; handle >>= kBitsOfDigit) {
+    text[--first] = kDigits[handle % kDigits.size()];
   }
-  out += '"';
+  text[--first] = '"';
+  out += key;
+  out += std::string_view(text.data() + first, text.size() - first);
 }
 
 void AppendWordColor(JsonOut& out, std::string_view key, const Dwg_Color& color,

@@ -59,7 +59,7 @@ void AppendCompleteDocument(JsonOut& out, JsonOut& further, const Drawing& drawi
   observer.Begin(Stage::kPrepass);
   const DrawingTextDecoder decoder(drawing.textForm, drawing.storedText);
   const Drawing shown = AsShown(drawing, decoder);
-  LookupTables baseTables = BuildLookupTables(shown);
+  LookupTables baseTables = BuildLookupTables(shown, Grouping::kNone);
   const CompleteTables tables = BuildCompleteTables(shown, baseTables);
   observer.End(Stage::kPrepass);
 

@@ -18,7 +18,8 @@ namespace {
 
 class Prepass {
  public:
-  explicit Prepass(const Drawing& drawing) : drawing_(drawing) {}
+  Prepass(const Drawing& drawing, Grouping grouping)
+      : drawing_(drawing), isGrouping_(grouping == Grouping::kByStoredOwner) {}
 
   void Add(const Dwg_Object& object) {
     const Handle handle = object.handle.value;
@@ -37,11 +38,17 @@ class Prepass {
       case DWG_TYPE_VIEWPORT: AddClipBoundary(EntityData(object, &EntityTio::VIEWPORT)); break;
       default: break;
     }
-    AddEntity(object);
+    if (isGrouping_) {
+      AddEntity(object);
+    }
   }
 
   // Room for so many objects.
-  void Reserve(std::size_t count) { tables_.entitiesByOwner.Reserve(count); }
+  void Reserve(std::size_t count) {
+    if (isGrouping_) {
+      tables_.entitiesByOwner.Reserve(count);
+    }
+  }
 
   LookupTables Take() {
     tables_.entitiesByOwner.Finish();
@@ -144,6 +151,7 @@ class Prepass {
   }
 
   const Drawing& drawing_;
+  bool isGrouping_;
   LookupTables tables_;
   HandleSet paperSpaces_;
 };
@@ -162,8 +170,8 @@ Handle ModelSpaceByLibrary(Dwg_Data& dwg) {
 
 }  // namespace
 
-LookupTables BuildLookupTables(const Drawing& drawing) {
-  Prepass prepass(drawing);
+LookupTables BuildLookupTables(const Drawing& drawing, Grouping grouping) {
+  Prepass prepass(drawing, grouping);
   const auto objects = Objects(drawing.data);
   prepass.Reserve(objects.size());
   for (std::size_t i = 0; i < objects.size(); ++i) {

@@ -328,6 +328,22 @@ TEST_F(DrawOrderTest, GoesBySortHandles) {
   EXPECT_THAT(RecordOf(3), HasSubstr(R"("drawOrder":0)"));
 }
 
+// By its first key 32 would come before 31.
+TEST_F(DrawOrderTest, TheLastKeyOfAnEntityCounts) {
+  drawing_.AddBlock(kBlock, "*Model_Space");
+  AddLine(0x31);
+  AddLine(0x32);
+  auto& table = drawing_.AddObject(DWG_TYPE_SORTENTSTABLE, &ObjectTio::SORTENTSTABLE, 0x40);
+  table.block_owner = drawing_.Ref(kBlock);
+  table.num_ents = 3;
+  table.ents =
+      drawing_.Array<BITCODE_H>({drawing_.Ref(0x32), drawing_.Ref(0x31), drawing_.Ref(0x32)});
+  table.sort_ents =
+      drawing_.Array<BITCODE_H>({drawing_.Ref(0x20), drawing_.Ref(0x31), drawing_.Ref(0x40)});
+  EXPECT_THAT(RecordOf(1), Not(HasSubstr("drawOrder")));
+  EXPECT_THAT(RecordOf(2), Not(HasSubstr("drawOrder")));
+}
+
 TEST_F(DrawOrderTest, ATableThatChangesNothingIsNotWritten) {
   drawing_.AddBlock(kBlock, "*Model_Space");
   AddLine(0x31);
