@@ -7,7 +7,7 @@ From docs/document.schema.json, which rules what the worker writes, it makes the
 for readers, docs/document.reader.schema.json: one "oneOf" of named records, objects that
 are open for further keys, no limits that a reader would not check. From that it makes
 the models in FOLDER (models/ by default): TypeScript, Python (Pydantic 2) and C++ (on
-nlohmann/json).
+nlohmann/json). The same for the complete form, from docs/document-complete.schema.json.
 """
 
 import json
@@ -18,23 +18,29 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "scripts"))
 from models import cpp, python, reader_schema, typescript  # noqa: E402
 
-MODELS = {"typescript/dwg_document.ts": typescript.write, "python/dwg_document.py": python.write,
-          "cpp/dwg_document.hpp": cpp.write}
+WRITERS = {"typescript/{}.ts": typescript.write, "python/{}.py": python.write,
+           "cpp/{}.hpp": cpp.write}
+
+
+def write(path, text):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(text, encoding="utf-8")
+
+
+def make(form, schemas, folder):
+    document = f"document-{form}" if form else "document"
+    strict = json.loads((ROOT / f"docs/{document}.schema.json").read_text(encoding="utf-8"))
+    schema = reader_schema.derive(strict)
+    write(schemas / f"{document}.reader.schema.json", json.dumps(schema, indent=1) + "\n")
+    types = reader_schema.types(schema, form)
+    for name, writer in WRITERS.items():
+        write(folder / name.format(types.name), writer(types))
 
 
 def main():
     folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT / "models"
-    strict = json.loads((ROOT / "docs/document.schema.json").read_text(encoding="utf-8"))
-    schema = reader_schema.derive(strict)
-    target = ROOT / "docs" if len(sys.argv) < 2 else folder
-    target.mkdir(parents=True, exist_ok=True)
-    (target / "document.reader.schema.json").write_text(json.dumps(schema, indent=1) + "\n",
-                                                        encoding="utf-8")
-    types = reader_schema.types(schema)
-    for name, write in MODELS.items():
-        path = folder / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(write(types), encoding="utf-8")
+    for form in (None, "complete"):
+        make(form, ROOT / "docs" if len(sys.argv) < 2 else folder, folder)
 
 
 if __name__ == "__main__":

@@ -9,12 +9,14 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -25,6 +27,13 @@ using Json = nlohmann::json;
 
 struct Entity;
 
+// Opaque colour.
+struct Rgb {
+  std::int64_t r = 0;
+  std::int64_t g = 0;
+  std::int64_t b = 0;
+};
+
 struct Rgba {
   std::int64_t r = 0;
   std::int64_t g = 0;
@@ -32,27 +41,8 @@ struct Rgba {
   std::optional<std::int64_t> a;  // Opacity; 255 is opaque
 };
 
-// L by layer, K by block, W white on dark and black on light backgrounds.
-using Color = std::variant<std::string, Rgba>;
-
-// As color, never inherited.
-using StyleColor = std::variant<std::string, Rgba>;
-
 // Hundredths of a millimetre, or L.
 using Lineweight = std::variant<std::string, std::int64_t>;
-
-using Point2 = std::array<double, 2>;
-
-using Point3 = std::array<double, 3>;
-
-using Html = std::string;
-
-// Opaque colour.
-struct Rgb {
-  std::int64_t r = 0;
-  std::int64_t g = 0;
-  std::int64_t b = 0;
-};
 
 // Only with --verbose.
 struct Debug {
@@ -61,6 +51,12 @@ struct Debug {
   std::int64_t color_alpha = 0;
   std::int64_t color_alpha_raw = 0;
 };
+
+using Point2 = std::array<double, 2>;
+
+using Point3 = std::array<double, 3>;
+
+using Html = std::string;
 
 struct Run {
   std::int64_t start = 0;
@@ -79,14 +75,6 @@ struct Block {
   std::optional<std::vector<double>> tabStops;
 };
 
-struct LeaderText {
-  Html html;
-  double x = 0;
-  double y = 0;
-  double height = 0;
-  double rotationRad = 0;
-};
-
 // Milliseconds since the start of the run.
 struct Timings {
   std::int64_t dwgReadMs = 0;
@@ -97,6 +85,16 @@ struct Timings {
   std::int64_t workerTotalMs = 0;
 };
 
+struct Refusal {
+  std::string error;
+};
+
+// L by layer, K by block, W white on dark and black on light backgrounds.
+using Color = std::variant<std::string, Rgba>;
+
+// As color, never inherited.
+using StyleColor = std::variant<std::string, Rgba>;
+
 struct Layer {
   std::string name;
   bool visible = false;
@@ -105,6 +103,14 @@ struct Layer {
   Lineweight lw;
   std::optional<std::int64_t> alpha;  // Opacity; 255 is opaque
   std::optional<Debug> dbg;
+};
+
+struct LeaderText {
+  Html html;
+  double x = 0;
+  double y = 0;
+  double height = 0;
+  double rotationRad = 0;
 };
 
 struct Line {
@@ -501,7 +507,7 @@ struct Multileader {
   std::optional<Debug> dbg;
 };
 
-// Any entity.
+// Any entity; its type tells which.
 struct Entity {
   std::variant<Line, Point, Ray, Xline, Circle, Arc, Ellipse, Lwpolyline, Polyline2d, Polyline3d, Spline, Hatch, Solid, Wipeout, Insert, Image, Pdfunderlay, Viewport, Text, Dyntext, Mtext, DimensionLinear, DimensionAligned, DimensionRadius, Leader, Multileader> value;
 };
@@ -550,10 +556,6 @@ struct Document {
   Timings timings;
 };
 
-struct Refusal {
-  std::string error;
-};
-
 inline void Read(const Json& json, double& to) {
   to = json.get<double>();
 }
@@ -572,8 +574,10 @@ void Read(const Json& json, std::array<double, kCount>& to) {
 }
 template <typename Item>
 void Read(const Json& json, std::vector<Item>& to);
-template <typename Other>
-void Read(const Json& json, std::variant<std::string, Other>& to);
+template <typename Item>
+void Read(const Json& json, std::map<std::string, Item>& to);
+template <typename... Choices>
+void Read(const Json& json, std::variant<Choices...>& to);
 void Read(const Json& json, Entity& to);
 void Read(const Json& json, std::shared_ptr<const Entity>& to);
 
@@ -626,47 +630,6 @@ inline void Read(const Json& json, Block& to) {
   ReadIfThere(json, "tabStops", to.tabStops);
 }
 
-inline void Read(const Json& json, LeaderText& to) {
-  Read(json.at("html"), to.html);
-  Read(json.at("x"), to.x);
-  Read(json.at("y"), to.y);
-  Read(json.at("height"), to.height);
-  Read(json.at("rotationRad"), to.rotationRad);
-}
-
-inline void Read(const Json& json, Asset& to) {
-  Read(json.at("name"), to.name);
-  ReadIfThere(json, "baseX", to.baseX);
-  ReadIfThere(json, "baseY", to.baseY);
-  Read(json.at("entities"), to.entities);
-}
-
-inline void Read(const Json& json, Layout& to) {
-  Read(json.at("name"), to.name);
-  ReadIfThere(json, "tabOrder", to.tabOrder);
-  ReadIfThere(json, "paperW", to.paperW);
-  ReadIfThere(json, "paperH", to.paperH);
-  ReadIfThere(json, "marginL", to.marginL);
-  ReadIfThere(json, "marginB", to.marginB);
-  ReadIfThere(json, "marginR", to.marginR);
-  ReadIfThere(json, "marginT", to.marginT);
-  ReadIfThere(json, "plotOriginX", to.plotOriginX);
-  ReadIfThere(json, "plotOriginY", to.plotOriginY);
-  ReadIfThere(json, "paperUnit", to.paperUnit);
-  ReadIfThere(json, "rotation", to.rotation);
-  ReadIfThere(json, "scaleNum", to.scaleNum);
-  ReadIfThere(json, "scaleDen", to.scaleDen);
-  ReadIfThere(json, "limMinX", to.limMinX);
-  ReadIfThere(json, "limMinY", to.limMinY);
-  ReadIfThere(json, "limMaxX", to.limMaxX);
-  ReadIfThere(json, "limMaxY", to.limMaxY);
-  ReadIfThere(json, "extMinX", to.extMinX);
-  ReadIfThere(json, "extMinY", to.extMinY);
-  ReadIfThere(json, "extMaxX", to.extMaxX);
-  ReadIfThere(json, "extMaxY", to.extMaxY);
-  Read(json.at("entities"), to.entities);
-}
-
 inline void Read(const Json& json, Timings& to) {
   Read(json.at("dwgReadMs"), to.dwgReadMs);
   Read(json.at("prepassMs"), to.prepassMs);
@@ -684,6 +647,14 @@ inline void Read(const Json& json, Layer& to) {
   Read(json.at("lw"), to.lw);
   ReadIfThere(json, "alpha", to.alpha);
   ReadIfThere(json, "_dbg", to.dbg);
+}
+
+inline void Read(const Json& json, LeaderText& to) {
+  Read(json.at("html"), to.html);
+  Read(json.at("x"), to.x);
+  Read(json.at("y"), to.y);
+  Read(json.at("height"), to.height);
+  Read(json.at("rotationRad"), to.rotationRad);
 }
 
 inline void Read(const Json& json, Line& to) {
@@ -1054,6 +1025,39 @@ inline void Read(const Json& json, Multileader& to) {
   ReadIfThere(json, "_dbg", to.dbg);
 }
 
+inline void Read(const Json& json, Asset& to) {
+  Read(json.at("name"), to.name);
+  ReadIfThere(json, "baseX", to.baseX);
+  ReadIfThere(json, "baseY", to.baseY);
+  Read(json.at("entities"), to.entities);
+}
+
+inline void Read(const Json& json, Layout& to) {
+  Read(json.at("name"), to.name);
+  ReadIfThere(json, "tabOrder", to.tabOrder);
+  ReadIfThere(json, "paperW", to.paperW);
+  ReadIfThere(json, "paperH", to.paperH);
+  ReadIfThere(json, "marginL", to.marginL);
+  ReadIfThere(json, "marginB", to.marginB);
+  ReadIfThere(json, "marginR", to.marginR);
+  ReadIfThere(json, "marginT", to.marginT);
+  ReadIfThere(json, "plotOriginX", to.plotOriginX);
+  ReadIfThere(json, "plotOriginY", to.plotOriginY);
+  ReadIfThere(json, "paperUnit", to.paperUnit);
+  ReadIfThere(json, "rotation", to.rotation);
+  ReadIfThere(json, "scaleNum", to.scaleNum);
+  ReadIfThere(json, "scaleDen", to.scaleDen);
+  ReadIfThere(json, "limMinX", to.limMinX);
+  ReadIfThere(json, "limMinY", to.limMinY);
+  ReadIfThere(json, "limMaxX", to.limMaxX);
+  ReadIfThere(json, "limMaxY", to.limMaxY);
+  ReadIfThere(json, "extMinX", to.extMinX);
+  ReadIfThere(json, "extMinY", to.extMinY);
+  ReadIfThere(json, "extMaxX", to.extMaxX);
+  ReadIfThere(json, "extMaxY", to.extMaxY);
+  Read(json.at("entities"), to.entities);
+}
+
 inline void Read(const Json& json, Document& to) {
   Read(json.at("dwgVersion"), to.dwgVersion);
   Read(json.at("insunits"), to.insunits);
@@ -1073,31 +1077,66 @@ void Read(const Json& json, std::vector<Item>& to) {
   }
 }
 
-template <typename Other>
-void Read(const Json& json, std::variant<std::string, Other>& to) {
-  if (json.is_string()) {
-    to = json.get<std::string>();
-  } else {
-    Read(json, to.template emplace<Other>());
+template <typename Item>
+void Read(const Json& json, std::map<std::string, Item>& to) {
+  for (const auto& [key, item] : json.get_ref<const Json::object_t&>()) {
+    Read(item, to[key]);
   }
 }
 
-template <std::size_t kIndex = 0>
-void ReadEntity(const Json& json, std::string_view type, Entity& to) {
-  if constexpr (kIndex < std::variant_size_v<decltype(Entity::value)>) {
-    using Alternative = std::variant_alternative_t<kIndex, decltype(Entity::value)>;
-    if (type == Alternative::kType) {
-      Read(json, to.value.template emplace<kIndex>());
+// Whether a value has the form of a type; objects without a type word are all alike.
+template <typename Value>
+bool Fits(const Json& json) {
+  if constexpr (std::is_same_v<Value, std::string>) {
+    return json.is_string();
+  } else if constexpr (std::is_same_v<Value, double>) {
+    return json.is_number();
+  } else if constexpr (std::is_same_v<Value, std::int64_t>) {
+    return json.is_number_integer();
+  } else if constexpr (requires { std::tuple_size<Value>::value; }) {
+    return json.is_array() && json.size() == std::tuple_size_v<Value>;
+  } else {
+    return json.is_object();
+  }
+}
+
+template <std::size_t kIndex, typename... Choices>
+void ReadFitting(const Json& json, std::variant<Choices...>& to) {
+  if constexpr (kIndex < sizeof...(Choices)) {
+    if (Fits<std::variant_alternative_t<kIndex, std::variant<Choices...>>>(json)) {
+      Read(json, to.template emplace<kIndex>());
     } else {
-      ReadEntity<kIndex + 1>(json, type, to);
+      ReadFitting<kIndex + 1>(json, to);
+    }
+  } else {
+    throw std::runtime_error("a value has none of its forms: " + std::string(json.type_name()));
+  }
+}
+
+template <std::size_t kIndex, typename... Choices>
+void ReadTagged(const Json& json, std::string_view type, std::variant<Choices...>& to) {
+  if constexpr (kIndex < sizeof...(Choices)) {
+    if (type == std::variant_alternative_t<kIndex, std::variant<Choices...>>::kType) {
+      Read(json, to.template emplace<kIndex>());
+    } else {
+      ReadTagged<kIndex + 1>(json, type, to);
     }
   } else {
     throw std::runtime_error("there is no record of the type " + std::string(type));
   }
 }
 
+template <typename... Choices>
+void Read(const Json& json, std::variant<Choices...>& to) {
+  if constexpr ((requires { Choices::kType; } && ...)) {
+    ReadTagged<0>(json, json.at("type").get_ref<const std::string&>(), to);
+  } else {
+    ReadFitting<0>(json, to);
+  }
+}
+
 inline void Read(const Json& json, Entity& to) {
-  ReadEntity(json, json.at("type").get_ref<const std::string&>(), to);
+  Read(json, to.value);
 }
 
 inline void Read(const Json& json, std::shared_ptr<const Entity>& to) {

@@ -1,5 +1,5 @@
-"""What dwg_import_worker prints. Made by scripts/make_models.py from the schema,
-version 1.0.0. Do not edit.
+"""What dwg_import_worker prints. Made by scripts/make_models.py from the
+schema, version 1.0.0. Do not edit.
 
     document = parse_document(line)
 
@@ -17,6 +17,14 @@ class Model(BaseModel):
     model_config = ConfigDict(extra="allow", populate_by_name=True)
 
 
+class Rgb(Model):
+    """Opaque colour."""
+
+    r: int
+    g: int
+    b: int
+
+
 class Rgba(Model):
     r: int
     g: int
@@ -24,28 +32,8 @@ class Rgba(Model):
     a: int | None = None  # Opacity; 255 is opaque
 
 
-# L by layer, K by block, W white on dark and black on light backgrounds.
-Color = Literal["L", "K", "W"] | Rgba
-
-# As color, never inherited.
-StyleColor = Literal["W"] | Rgba
-
 # Hundredths of a millimetre, or L.
 Lineweight = Literal["L"] | int
-
-Point2 = tuple[float, float]
-
-Point3 = tuple[float, float, float]
-
-Html = str
-
-
-class Rgb(Model):
-    """Opaque colour."""
-
-    r: int
-    g: int
-    b: int
 
 
 class Debug(Model):
@@ -55,6 +43,15 @@ class Debug(Model):
     color_alpha_type: int
     color_alpha: int
     color_alpha_raw: int
+
+
+Point2 = tuple[float, float]
+
+
+Point3 = tuple[float, float, float]
+
+
+Html = str
 
 
 class Run(Model):
@@ -74,47 +71,6 @@ class Block(Model):
     tabStops: list[float] | None = None
 
 
-class LeaderText(Model):
-    html: Html
-    x: float
-    y: float
-    height: float
-    rotationRad: float
-
-
-class Asset(Model):
-    name: str
-    baseX: float | None = None
-    baseY: float | None = None
-    entities: list[Entity]
-
-
-class Layout(Model):
-    name: str
-    tabOrder: int | None = None
-    paperW: float | None = None
-    paperH: float | None = None
-    marginL: float | None = None
-    marginB: float | None = None
-    marginR: float | None = None
-    marginT: float | None = None
-    plotOriginX: float | None = None
-    plotOriginY: float | None = None
-    paperUnit: int | None = None
-    rotation: int | None = None
-    scaleNum: float | None = None
-    scaleDen: float | None = None
-    limMinX: float | None = None
-    limMinY: float | None = None
-    limMaxX: float | None = None
-    limMaxY: float | None = None
-    extMinX: float | None = None
-    extMinY: float | None = None
-    extMaxX: float | None = None
-    extMaxY: float | None = None
-    entities: list[Entity]
-
-
 class Timings(Model):
     """Milliseconds since the start of the run."""
 
@@ -130,6 +86,14 @@ class Refusal(Model):
     error: str
 
 
+# L by layer, K by block, W white on dark and black on light backgrounds.
+Color = Literal["L", "K", "W"] | Rgba
+
+
+# As color, never inherited.
+StyleColor = Literal["W"] | Rgba
+
+
 class Layer(Model):
     name: str
     visible: bool
@@ -138,6 +102,14 @@ class Layer(Model):
     lw: Lineweight
     alpha: int | None = None  # Opacity; 255 is opaque
     dbg: Debug | None = Field(default=None, alias="_dbg")
+
+
+class LeaderText(Model):
+    html: Html
+    x: float
+    y: float
+    height: float
+    rotationRad: float
 
 
 class Line(Model):
@@ -534,17 +506,6 @@ class Multileader(Model):
     dbg: Debug | None = Field(default=None, alias="_dbg")
 
 
-class Document(Model):
-    dwgVersion: str
-    insunits: int
-    layers: list[Layer]
-    assets: list[Asset]
-    entities: list[Entity]
-    layouts: list[Layout]
-    warnings: list[str]
-    timings: Timings
-
-
 # Any entity; its type tells which.
 Entity = Annotated[
     Line
@@ -575,6 +536,50 @@ Entity = Annotated[
     | Multileader,
     Field(discriminator="type"),
 ]
+
+
+class Asset(Model):
+    name: str
+    baseX: float | None = None
+    baseY: float | None = None
+    entities: list[Entity]
+
+
+class Layout(Model):
+    name: str
+    tabOrder: int | None = None
+    paperW: float | None = None
+    paperH: float | None = None
+    marginL: float | None = None
+    marginB: float | None = None
+    marginR: float | None = None
+    marginT: float | None = None
+    plotOriginX: float | None = None
+    plotOriginY: float | None = None
+    paperUnit: int | None = None
+    rotation: int | None = None
+    scaleNum: float | None = None
+    scaleDen: float | None = None
+    limMinX: float | None = None
+    limMinY: float | None = None
+    limMaxX: float | None = None
+    limMaxY: float | None = None
+    extMinX: float | None = None
+    extMinY: float | None = None
+    extMaxX: float | None = None
+    extMaxY: float | None = None
+    entities: list[Entity]
+
+
+class Document(Model):
+    dwgVersion: str
+    insunits: int
+    layers: list[Layer]
+    assets: list[Asset]
+    entities: list[Entity]
+    layouts: list[Layout]
+    warnings: list[str]
+    timings: Timings
 
 
 for _model in list(Model.__subclasses__()):

@@ -1,21 +1,6 @@
 // Made by scripts/make_models.py from the schema, version 1.0.0. Do not edit.
 // What dwg_import_worker prints. Objects may have further keys.
 
-/** L by layer, K by block, W white on dark and black on light backgrounds */
-export type Color = "L" | "K" | "W" | Rgba;
-
-/** As color, never inherited */
-export type StyleColor = "W" | Rgba;
-
-/** Hundredths of a millimetre, or L */
-export type Lineweight = "L" | number;
-
-export type Point2 = [number, number];
-
-export type Point3 = [number, number, number];
-
-export type Html = string;
-
 /** Opaque colour */
 export interface Rgb {
   r: number;
@@ -31,6 +16,9 @@ export interface Rgba {
   a?: number;
 }
 
+/** Hundredths of a millimetre, or L */
+export type Lineweight = "L" | number;
+
 /** Only with --verbose */
 export interface Debug {
   color_index: number;
@@ -38,6 +26,12 @@ export interface Debug {
   color_alpha: number;
   color_alpha_raw: number;
 }
+
+export type Point2 = [number, number];
+
+export type Point3 = [number, number, number];
+
+export type Html = string;
 
 export interface Run {
   start: number;
@@ -56,47 +50,6 @@ export interface Block {
   tabStops?: Array<number>;
 }
 
-export interface LeaderText {
-  html: Html;
-  x: number;
-  y: number;
-  height: number;
-  rotationRad: number;
-}
-
-export interface Asset {
-  name: string;
-  baseX?: number;
-  baseY?: number;
-  entities: Array<Entity>;
-}
-
-export interface Layout {
-  name: string;
-  tabOrder?: number;
-  paperW?: number;
-  paperH?: number;
-  marginL?: number;
-  marginB?: number;
-  marginR?: number;
-  marginT?: number;
-  plotOriginX?: number;
-  plotOriginY?: number;
-  paperUnit?: number;
-  rotation?: number;
-  scaleNum?: number;
-  scaleDen?: number;
-  limMinX?: number;
-  limMinY?: number;
-  limMaxX?: number;
-  limMaxY?: number;
-  extMinX?: number;
-  extMinY?: number;
-  extMaxX?: number;
-  extMaxY?: number;
-  entities: Array<Entity>;
-}
-
 /** Milliseconds since the start of the run */
 export interface Timings {
   dwgReadMs: number;
@@ -111,6 +64,12 @@ export interface Refusal {
   error: string;
 }
 
+/** L by layer, K by block, W white on dark and black on light backgrounds */
+export type Color = "L" | "K" | "W" | Rgba;
+
+/** As color, never inherited */
+export type StyleColor = "W" | Rgba;
+
 export interface Layer {
   name: string;
   visible: boolean;
@@ -120,6 +79,14 @@ export interface Layer {
   /** Opacity; 255 is opaque */
   alpha?: number;
   _dbg?: Debug;
+}
+
+export interface LeaderText {
+  html: Html;
+  x: number;
+  y: number;
+  height: number;
+  rotationRad: number;
 }
 
 export interface Line {
@@ -516,18 +483,7 @@ export interface Multileader {
   _dbg?: Debug;
 }
 
-export interface Document {
-  dwgVersion: string;
-  insunits: number;
-  layers: Array<Layer>;
-  assets: Array<Asset>;
-  entities: Array<Entity>;
-  layouts: Array<Layout>;
-  warnings: Array<string>;
-  timings: Timings;
-}
-
-/** Any entity; its type tells which. */
+/** Any entity; its type tells which */
 export type Entity =
   | Line
   | Point
@@ -555,6 +511,50 @@ export type Entity =
   | DimensionRadius
   | Leader
   | Multileader;
+
+export interface Asset {
+  name: string;
+  baseX?: number;
+  baseY?: number;
+  entities: Array<Entity>;
+}
+
+export interface Layout {
+  name: string;
+  tabOrder?: number;
+  paperW?: number;
+  paperH?: number;
+  marginL?: number;
+  marginB?: number;
+  marginR?: number;
+  marginT?: number;
+  plotOriginX?: number;
+  plotOriginY?: number;
+  paperUnit?: number;
+  rotation?: number;
+  scaleNum?: number;
+  scaleDen?: number;
+  limMinX?: number;
+  limMinY?: number;
+  limMaxX?: number;
+  limMaxY?: number;
+  extMinX?: number;
+  extMinY?: number;
+  extMaxX?: number;
+  extMaxY?: number;
+  entities: Array<Entity>;
+}
+
+export interface Document {
+  dwgVersion: string;
+  insunits: number;
+  layers: Array<Layer>;
+  assets: Array<Asset>;
+  entities: Array<Entity>;
+  layouts: Array<Layout>;
+  warnings: Array<string>;
+  timings: Timings;
+}
 
 /** The document of a line that the worker has printed. Throws when the worker has refused the
  * drawing, or when the line is none of its own. */

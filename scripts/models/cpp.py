@@ -1,16 +1,21 @@
 """Structures for C++20, with a parser on nlohmann/json."""
 
+# Keys that the language has another use for.
+KEYWORDS = {"double"}
+
 
 def written(one):
     kind = one[0]
     if kind == "name":
         # A record may hold records.
         return "std::shared_ptr<const Entity>" if one[1] == "Entity" else one[1]
-    if kind == "either":
+    if kind in ("either", "tagged"):
         return f"std::variant<{', '.join(map(written, one[1:]))}>"
     if kind == "list":
         inner = "Entity" if one[1] == ("name", "Entity") else written(one[1])
         return f"std::vector<{inner}>"
+    if kind == "map":
+        return f"std::map<std::string, {written(one[1])}>"
     if kind == "numbers":
         return f"std::array<double, {one[1]}>"
     return {"text": "std::string", "words": "std::string", "number": "double",
@@ -18,7 +23,8 @@ def written(one):
 
 
 def member(key):
-    return key.lstrip("_")
+    name = key.lstrip("_")
+    return f"{name}_" if name in KEYWORDS else name
 
 
 def declaration(field):
@@ -47,7 +53,7 @@ def reader(one):
 HEAD = """// clang-format off
 // Made by scripts/make_models.py from the schema, version @VERSION@. Do not edit.
 //
-// What dwg_import_worker prints, as structures. Keys that they do not name are passed over.
+// What @COMMAND@ prints, as structures. Keys that they do not name are passed over.
 // What does not have the form of the schema raises std::runtime_error or one of nlohmann's
 // exceptions, which derive from std::exception.
 // NOLINTBEGIN(readability-identifier-naming)
@@ -55,17 +61,19 @@ HEAD = """// clang-format off
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
 
-namespace dwg_document {
+namespace @NAME@ {
 
 using Json = nlohmann::json;
 
@@ -90,8 +98,10 @@ void Read(const Json& json, std::array<double, kCount>& to) {
 }
 template <typename Item>
 void Read(const Json& json, std::vector<Item>& to);
-template <typename Other>
-void Read(const Json& json, std::variant<std::string, Other>& to);
+template <typename Item>
+void Read(const Json& json, std::map<std::string, Item>& to);
+template <typename... Choices>
+void Read(const Json& json, std::variant<Choices...>& to);
 void Read(const Json& json, Entity& to);
 void Read(const Json& json, std::shared_ptr<const Entity>& to);
 
@@ -116,31 +126,66 @@ void Read(const Json& json, std::vector<Item>& to) {
   }
 }
 
-template <typename Other>
-void Read(const Json& json, std::variant<std::string, Other>& to) {
-  if (json.is_string()) {
-    to = json.get<std::string>();
-  } else {
-    Read(json, to.template emplace<Other>());
+template <typename Item>
+void Read(const Json& json, std::map<std::string, Item>& to) {
+  for (const auto& [key, item] : json.get_ref<const Json::object_t&>()) {
+    Read(item, to[key]);
   }
 }
 
-template <std::size_t kIndex = 0>
-void ReadEntity(const Json& json, std::string_view type, Entity& to) {
-  if constexpr (kIndex < std::variant_size_v<decltype(Entity::value)>) {
-    using Alternative = std::variant_alternative_t<kIndex, decltype(Entity::value)>;
-    if (type == Alternative::kType) {
-      Read(json, to.value.template emplace<kIndex>());
+// Whether a value has the form of a type; objects without a type word are all alike.
+template <typename Value>
+bool Fits(const Json& json) {
+  if constexpr (std::is_same_v<Value, std::string>) {
+    return json.is_string();
+  } else if constexpr (std::is_same_v<Value, double>) {
+    return json.is_number();
+  } else if constexpr (std::is_same_v<Value, std::int64_t>) {
+    return json.is_number_integer();
+  } else if constexpr (requires { std::tuple_size<Value>::value; }) {
+    return json.is_array() && json.size() == std::tuple_size_v<Value>;
+  } else {
+    return json.is_object();
+  }
+}
+
+template <std::size_t kIndex, typename... Choices>
+void ReadFitting(const Json& json, std::variant<Choices...>& to) {
+  if constexpr (kIndex < sizeof...(Choices)) {
+    if (Fits<std::variant_alternative_t<kIndex, std::variant<Choices...>>>(json)) {
+      Read(json, to.template emplace<kIndex>());
     } else {
-      ReadEntity<kIndex + 1>(json, type, to);
+      ReadFitting<kIndex + 1>(json, to);
+    }
+  } else {
+    throw std::runtime_error("a value has none of its forms: " + std::string(json.type_name()));
+  }
+}
+
+template <std::size_t kIndex, typename... Choices>
+void ReadTagged(const Json& json, std::string_view type, std::variant<Choices...>& to) {
+  if constexpr (kIndex < sizeof...(Choices)) {
+    if (type == std::variant_alternative_t<kIndex, std::variant<Choices...>>::kType) {
+      Read(json, to.template emplace<kIndex>());
+    } else {
+      ReadTagged<kIndex + 1>(json, type, to);
     }
   } else {
     throw std::runtime_error("there is no record of the type " + std::string(type));
   }
 }
 
+template <typename... Choices>
+void Read(const Json& json, std::variant<Choices...>& to) {
+  if constexpr ((requires { Choices::kType; } && ...)) {
+    ReadTagged<0>(json, json.at("type").get_ref<const std::string&>(), to);
+  } else {
+    ReadFitting<0>(json, to);
+  }
+}
+
 inline void Read(const Json& json, Entity& to) {
-  ReadEntity(json, json.at("type").get_ref<const std::string&>(), to);
+  Read(json, to.value);
 }
 
 inline void Read(const Json& json, std::shared_ptr<const Entity>& to) {
@@ -197,29 +242,27 @@ inline Document ParseDocument(std::string_view line) {
   return document;
 }
 
-}  // namespace dwg_document
+}  // namespace @NAME@
 // NOLINTEND(readability-identifier-naming)
 """
 
 
+def alias(one):
+    comment = f"// {one.description}.\n" if one.description else ""
+    # What records refer to has to be a type of its own.
+    if one.name == "Entity":
+        return f"{comment}struct Entity {{\n  {written(one.type)} value;\n}};\n"
+    return f"{comment}using {one.name} = {written(one.type)};\n"
+
+
 def write(types):
-    parts = [HEAD.replace("@VERSION@", types.version)]
-    record = (f"// Any entity.\nstruct Entity {{\n  std::variant<{', '.join(types.records)}> value;\n}};\n")
-    aliases = {alias.name: alias for alias in types.aliases}
-    early = {part[1] for alias in types.aliases for part in alias.type[1:]
-             if isinstance(part, tuple) and part[0] == "name"}
-    parts += [structure(one) for one in types.objects if one.name in early]
-    parts += [f"{f'// {alias.description}.' if alias.description else ''}"
-              f"{chr(10) if alias.description else ''}using {alias.name} = {written(alias.type)};\n"
-              for alias in aliases.values()]
-    rest = [one for one in types.objects if one.name not in early]
-    lists = [one for one in rest if any(field.type == ("list", ("name", "Entity"))
-                                        for field in one.fields)]
-    later = lists + [one for one in rest if one.name in ("Document", "Refusal") and one not in lists]
-    parts += [structure(one) for one in rest if one not in later]
-    parts.append(record)
-    parts += [structure(one) for one in later]
+    objects = [one for one in types.definitions if hasattr(one, "fields")]
+    parts = [HEAD]
+    parts += [structure(one) if one in objects else alias(one) for one in types.definitions]
     parts.append(READERS)
-    parts += [reader(one) for one in types.objects if one.name != "Refusal"]
+    parts += [reader(one) for one in objects if one.name != "Refusal"]
     parts.append(TAIL)
-    return "\n".join(parts)
+    text = "\n".join(parts)
+    for mark in ("version", "command", "name"):
+        text = text.replace(f"@{mark.upper()}@", getattr(types, mark))
+    return text

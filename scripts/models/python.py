@@ -9,6 +9,11 @@ def written(one):
         return f"Literal[{', '.join(map(repr, one[1:]))}]".replace("'", '"')
     if kind == "either":
         return " | ".join(map(written, one[1:]))
+    if kind == "tagged":
+        choices = "\n    | ".join(map(written, one[1:]))
+        return f'Annotated[\n    {choices},\n    Field(discriminator="type"),\n]'
+    if kind == "map":
+        return f"dict[str, {written(one[1])}]"
     if kind == "list":
         return f"list[{written(one[1])}]"
     if kind == "numbers":
@@ -44,14 +49,9 @@ def alias(one):
     return f"{comment}{one.name} = {written(one.type)}\n"
 
 
-def needed_by(one):
-    """The names of objects that an alias needs at once."""
-    return [part[1] for part in one.type[1:] if isinstance(part, tuple) and part[0] == "name"]
-
-
 def write(types):
-    head = f'''"""What dwg_import_worker prints. Made by scripts/make_models.py from the schema,
-version {types.version}. Do not edit.
+    head = f'''"""What {types.command} prints. Made by scripts/make_models.py from the
+schema, version {types.version}. Do not edit.
 
     document = parse_document(line)
 
@@ -68,15 +68,8 @@ from pydantic import BaseModel, ConfigDict, Field
 class Model(BaseModel):
     model_config = ConfigDict(extra="allow", populate_by_name=True)
 '''
-    early = {name for one in types.aliases for name in needed_by(one)}
     parts = [head]
-    parts += [model(one) for one in types.objects if one.name in early]
-    aliases = "\n".join(alias(one) for one in types.aliases)
-    parts.append(aliases)
-    parts += [model(one) for one in types.objects if one.name not in early]
-    parts.append("# Any entity; its type tells which.\nEntity = Annotated[\n    "
-                 + " | ".join(types.records[:1]) + "\n    | " + "\n    | ".join(types.records[1:])
-                 + ',\n    Field(discriminator="type"),\n]\n')
+    parts += [model(one) if hasattr(one, "fields") else alias(one) for one in types.definitions]
     parts.append("for _model in list(Model.__subclasses__()):\n    _model.model_rebuild()\n")
     parts.append('''def parse_document(line: str | bytes) -> Document:
     """The document of a line that the worker has printed. Raises ValueError when the worker

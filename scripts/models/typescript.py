@@ -9,10 +9,12 @@ def written(one):
         return one[1]
     if kind == "words":
         return " | ".join(map(json.dumps, one[1:]))
-    if kind == "either":
+    if kind in ("either", "tagged"):
         return " | ".join(map(written, one[1:]))
     if kind == "list":
         return f"Array<{written(one[1])}>"
+    if kind == "map":
+        return f"Record<string, {written(one[1])}>"
     if kind == "numbers":
         return f"[{', '.join(['number'] * one[1])}]"
     return {"text": "string", "number": "number", "integer": "number", "boolean": "boolean"}[kind]
@@ -32,14 +34,20 @@ def interface(one):
     return "".join([*lines, "}\n"])
 
 
+def union(one):
+    """An alias for many records, a line each."""
+    return "".join(f"\n  | {written(part)}" for part in one[1:])
+
+
+def alias(one):
+    value = union(one.type) if one.type[0] == "tagged" else " " + written(one.type)
+    return f"{comment(one.description)}export type {one.name} ={value};\n"
+
+
 def write(types):
     parts = [f"// Made by scripts/make_models.py from the schema, version {types.version}. Do not edit.\n"
-             "// What dwg_import_worker prints. Objects may have further keys.\n"]
-    parts += [f"{comment(alias.description)}export type {alias.name} = {written(alias.type)};\n"
-              for alias in types.aliases]
-    parts += [interface(one) for one in types.objects]
-    parts.append("/** Any entity; its type tells which. */\nexport type Entity =\n  | "
-                 + "\n  | ".join(types.records) + ";\n")
+             f"// What {types.command} prints. Objects may have further keys.\n"]
+    parts += [interface(one) if hasattr(one, "fields") else alias(one) for one in types.definitions]
     parts.append("""/** The document of a line that the worker has printed. Throws when the worker has refused the
  * drawing, or when the line is none of its own. */
 export function parseDocument(line: string): Document {
