@@ -1073,7 +1073,9 @@ template <typename Item>
 void Read(const Json& json, std::vector<Item>& to) {
   to.reserve(json.size());
   for (const Json& item : json.get_ref<const Json::array_t&>()) {
-    Read(item, to.emplace_back());
+    Item value{};
+    Read(item, value);
+    to.push_back(std::move(value));
   }
 }
 

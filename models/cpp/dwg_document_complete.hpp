@@ -429,7 +429,6 @@ struct Line {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -450,7 +449,6 @@ struct Point {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -471,9 +469,6 @@ struct Ray {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -494,9 +489,6 @@ struct Xline {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -566,8 +558,6 @@ struct Ellipse {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -643,9 +633,6 @@ struct Polyline3d {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -672,9 +659,6 @@ struct Spline {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -734,9 +718,6 @@ struct Wipeout {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -768,8 +749,6 @@ struct Insert {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -802,9 +781,6 @@ struct Image {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -836,8 +812,6 @@ struct Pdfunderlay {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -882,9 +856,6 @@ struct Viewport {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -909,14 +880,14 @@ struct Text {
   std::optional<double> obliqueRad;
   std::optional<bool> mirroredX;
   std::optional<bool> mirroredY;
+  std::optional<double> elevation;
+  std::optional<double> thickness;
+  std::optional<Point3> extrusion;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -949,14 +920,14 @@ struct Dyntext {
   std::optional<std::int64_t> fieldLength;
   std::optional<bool> lockedPosition;
   std::optional<bool> multiline;
+  std::optional<double> elevation;
+  std::optional<double> thickness;
+  std::optional<Point3> extrusion;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1019,7 +990,6 @@ struct DimensionLinear {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1074,7 +1044,6 @@ struct DimensionAligned {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1126,7 +1095,6 @@ struct DimensionRadius {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1155,8 +1123,6 @@ struct Leader {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1195,14 +1161,12 @@ struct Face3d {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1216,6 +1180,7 @@ struct Trace {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
@@ -1282,12 +1247,12 @@ struct DimensionDiameter {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1329,12 +1294,12 @@ struct DimensionAng2ln {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1377,12 +1342,12 @@ struct DimensionAng3pt {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1425,12 +1390,12 @@ struct DimensionOrdinate {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1478,12 +1443,12 @@ struct ArcDimension {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1527,12 +1492,12 @@ struct LargeRadialDimension {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1572,13 +1537,12 @@ struct Tolerance {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1598,6 +1562,7 @@ struct Shape {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
@@ -1620,14 +1585,12 @@ struct PolylineMesh {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1649,14 +1612,12 @@ struct Mesh {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1885,12 +1846,12 @@ struct Dwfunderlay {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1917,12 +1878,12 @@ struct Dgnunderlay {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1936,14 +1897,12 @@ struct Ole2frame {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1955,14 +1914,12 @@ struct Oleframe {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -1981,14 +1938,12 @@ struct Light {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2005,14 +1960,12 @@ struct Sectionobject {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2029,14 +1982,12 @@ struct Pointcloud {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2052,14 +2003,12 @@ struct Pointcloudex {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2071,14 +2020,12 @@ struct Geopositionmarker {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2093,14 +2040,12 @@ struct Line3d {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2110,14 +2055,12 @@ struct Repeat {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2130,14 +2073,12 @@ struct Endrep {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2175,14 +2116,13 @@ struct Mtext {
   std::optional<double> frameHeight;
   std::optional<MtextBackground> background;
   std::optional<MtextColumns> columns;
+  std::optional<double> elevation;
+  std::optional<Point3> extrusion;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2232,13 +2172,12 @@ struct AcadTable {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2260,14 +2199,12 @@ struct Mline {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2278,14 +2215,12 @@ struct PolylinePface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2323,7 +2258,6 @@ struct Hatch {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> thickness;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2358,9 +2292,6 @@ struct Multileader {
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2379,14 +2310,12 @@ struct Helix {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2398,14 +2327,12 @@ struct ProxyEntity {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2417,14 +2344,12 @@ struct UnknownEnt {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2438,14 +2363,12 @@ struct Solid3d {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2459,14 +2382,12 @@ struct Region {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2480,14 +2401,12 @@ struct Body {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2501,14 +2420,12 @@ struct Planesurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2522,14 +2439,12 @@ struct Extrudedsurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2543,14 +2458,12 @@ struct Loftedsurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2564,14 +2477,12 @@ struct Revolvedsurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2585,14 +2496,12 @@ struct Sweptsurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2606,14 +2515,12 @@ struct Nurbsurface {
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
   std::optional<Handle> handle;
   std::optional<Handle> owner;
   std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
   std::optional<double> linetypeScale;
   std::optional<bool> invisible;
-  std::optional<double> elevation;
-  std::optional<double> thickness;
-  std::optional<Point3> extrusion;
   std::optional<std::int64_t> drawOrder;
 };
 
@@ -2847,11 +2754,9 @@ inline void Read(const Json& json, GraphicsItemPushMatrix& to) {
   Read(json.at("matrix"), to.matrix);
 }
 
-inline void Read(const Json& json, GraphicsItemPopMatrix& to) {
-}
+inline void Read(const Json& /*json*/, GraphicsItemPopMatrix& /*to*/) {}
 
-inline void Read(const Json& json, GraphicsItemPopClip& to) {
-}
+inline void Read(const Json& /*json*/, GraphicsItemPopClip& /*to*/) {}
 
 inline void Read(const Json& json, Layer& to) {
   Read(json.at("name"), to.name);
@@ -3109,7 +3014,6 @@ inline void Read(const Json& json, Line& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3129,7 +3033,6 @@ inline void Read(const Json& json, Point& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3149,9 +3052,6 @@ inline void Read(const Json& json, Ray& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3171,9 +3071,6 @@ inline void Read(const Json& json, Xline& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3240,8 +3137,6 @@ inline void Read(const Json& json, Ellipse& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3314,9 +3209,6 @@ inline void Read(const Json& json, Polyline3d& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3342,9 +3234,6 @@ inline void Read(const Json& json, Spline& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3402,9 +3291,6 @@ inline void Read(const Json& json, Wipeout& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3435,8 +3321,6 @@ inline void Read(const Json& json, Insert& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3468,9 +3352,6 @@ inline void Read(const Json& json, Image& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3501,8 +3382,6 @@ inline void Read(const Json& json, Pdfunderlay& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3546,9 +3425,6 @@ inline void Read(const Json& json, Viewport& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3572,14 +3448,14 @@ inline void Read(const Json& json, Text& to) {
   ReadIfThere(json, "obliqueRad", to.obliqueRad);
   ReadIfThere(json, "mirroredX", to.mirroredX);
   ReadIfThere(json, "mirroredY", to.mirroredY);
+  ReadIfThere(json, "elevation", to.elevation);
+  ReadIfThere(json, "thickness", to.thickness);
+  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3611,14 +3487,14 @@ inline void Read(const Json& json, Dyntext& to) {
   ReadIfThere(json, "fieldLength", to.fieldLength);
   ReadIfThere(json, "lockedPosition", to.lockedPosition);
   ReadIfThere(json, "multiline", to.multiline);
+  ReadIfThere(json, "elevation", to.elevation);
+  ReadIfThere(json, "thickness", to.thickness);
+  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3680,7 +3556,6 @@ inline void Read(const Json& json, DimensionLinear& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3734,7 +3609,6 @@ inline void Read(const Json& json, DimensionAligned& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3785,7 +3659,6 @@ inline void Read(const Json& json, DimensionRadius& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3813,8 +3686,6 @@ inline void Read(const Json& json, Leader& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3852,14 +3723,12 @@ inline void Read(const Json& json, Face3d& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3872,6 +3741,7 @@ inline void Read(const Json& json, Trace& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
@@ -3935,12 +3805,12 @@ inline void Read(const Json& json, DimensionDiameter& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -3981,12 +3851,12 @@ inline void Read(const Json& json, DimensionAng2ln& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4028,12 +3898,12 @@ inline void Read(const Json& json, DimensionAng3pt& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4075,12 +3945,12 @@ inline void Read(const Json& json, DimensionOrdinate& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4127,12 +3997,12 @@ inline void Read(const Json& json, ArcDimension& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4175,12 +4045,12 @@ inline void Read(const Json& json, LargeRadialDimension& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4219,13 +4089,12 @@ inline void Read(const Json& json, Tolerance& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4244,6 +4113,7 @@ inline void Read(const Json& json, Shape& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
@@ -4265,14 +4135,12 @@ inline void Read(const Json& json, PolylineMesh& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4293,14 +4161,12 @@ inline void Read(const Json& json, Mesh& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4515,12 +4381,12 @@ inline void Read(const Json& json, Dwfunderlay& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4546,12 +4412,12 @@ inline void Read(const Json& json, Dgnunderlay& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4564,14 +4430,12 @@ inline void Read(const Json& json, Ole2frame& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4582,14 +4446,12 @@ inline void Read(const Json& json, Oleframe& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4607,14 +4469,12 @@ inline void Read(const Json& json, Light& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4630,14 +4490,12 @@ inline void Read(const Json& json, Sectionobject& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4653,14 +4511,12 @@ inline void Read(const Json& json, Pointcloud& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4675,14 +4531,12 @@ inline void Read(const Json& json, Pointcloudex& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4693,14 +4547,12 @@ inline void Read(const Json& json, Geopositionmarker& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4714,14 +4566,12 @@ inline void Read(const Json& json, Line3d& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4730,14 +4580,12 @@ inline void Read(const Json& json, Repeat& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4749,14 +4597,12 @@ inline void Read(const Json& json, Endrep& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4793,14 +4639,13 @@ inline void Read(const Json& json, Mtext& to) {
   ReadIfThere(json, "frameHeight", to.frameHeight);
   ReadIfThere(json, "background", to.background);
   ReadIfThere(json, "columns", to.columns);
+  ReadIfThere(json, "elevation", to.elevation);
+  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4849,13 +4694,12 @@ inline void Read(const Json& json, AcadTable& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4876,14 +4720,12 @@ inline void Read(const Json& json, Mline& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4893,14 +4735,12 @@ inline void Read(const Json& json, PolylinePface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4935,7 +4775,6 @@ inline void Read(const Json& json, Hatch& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "thickness", to.thickness);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4969,9 +4808,6 @@ inline void Read(const Json& json, Multileader& to) {
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -4989,14 +4825,12 @@ inline void Read(const Json& json, Helix& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5007,14 +4841,12 @@ inline void Read(const Json& json, ProxyEntity& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5025,14 +4857,12 @@ inline void Read(const Json& json, UnknownEnt& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5045,14 +4875,12 @@ inline void Read(const Json& json, Solid3d& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5065,14 +4893,12 @@ inline void Read(const Json& json, Region& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5085,14 +4911,12 @@ inline void Read(const Json& json, Body& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5105,14 +4929,12 @@ inline void Read(const Json& json, Planesurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5125,14 +4947,12 @@ inline void Read(const Json& json, Extrudedsurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5145,14 +4965,12 @@ inline void Read(const Json& json, Loftedsurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5165,14 +4983,12 @@ inline void Read(const Json& json, Revolvedsurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5185,14 +5001,12 @@ inline void Read(const Json& json, Sweptsurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5205,14 +5019,12 @@ inline void Read(const Json& json, Nurbsurface& to) {
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
   ReadIfThere(json, "handle", to.handle);
   ReadIfThere(json, "owner", to.owner);
   ReadIfThere(json, "linetype", to.linetype);
   ReadIfThere(json, "linetypeScale", to.linetypeScale);
   ReadIfThere(json, "invisible", to.invisible);
-  ReadIfThere(json, "elevation", to.elevation);
-  ReadIfThere(json, "thickness", to.thickness);
-  ReadIfThere(json, "extrusion", to.extrusion);
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
@@ -5305,7 +5117,9 @@ template <typename Item>
 void Read(const Json& json, std::vector<Item>& to) {
   to.reserve(json.size());
   for (const Json& item : json.get_ref<const Json::array_t&>()) {
-    Read(item, to.emplace_back());
+    Item value{};
+    Read(item, value);
+    to.push_back(std::move(value));
   }
 }
 

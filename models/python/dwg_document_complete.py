@@ -430,7 +430,6 @@ class Line(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
     drawOrder: int | None = None
 
 
@@ -451,7 +450,6 @@ class Point(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
     drawOrder: int | None = None
 
 
@@ -472,9 +470,6 @@ class Ray(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -495,9 +490,6 @@ class Xline(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -567,8 +559,6 @@ class Ellipse(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -644,9 +634,6 @@ class Polyline3d(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -673,9 +660,6 @@ class Spline(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -741,9 +725,6 @@ class Wipeout(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -775,8 +756,6 @@ class Insert(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -809,9 +788,6 @@ class Image(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -843,8 +819,6 @@ class Pdfunderlay(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -889,9 +863,6 @@ class Viewport(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -916,14 +887,14 @@ class Text(Model):
     obliqueRad: float | None = None
     mirroredX: bool | None = None
     mirroredY: bool | None = None
+    elevation: float | None = None
+    thickness: float | None = None
+    extrusion: Point3 | None = None
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -956,14 +927,14 @@ class Dyntext(Model):
     fieldLength: int | None = None
     lockedPosition: bool | None = None
     multiline: bool | None = None
+    elevation: float | None = None
+    thickness: float | None = None
+    extrusion: Point3 | None = None
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1026,7 +997,6 @@ class DimensionLinear(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1081,7 +1051,6 @@ class DimensionAligned(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1133,7 +1102,6 @@ class DimensionRadius(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1162,8 +1130,6 @@ class Leader(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1202,14 +1168,12 @@ class Face3d(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1223,6 +1187,7 @@ class Trace(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
@@ -1290,12 +1255,12 @@ class DimensionDiameter(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1337,12 +1302,12 @@ class DimensionAng2ln(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1385,12 +1350,12 @@ class DimensionAng3pt(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1433,12 +1398,12 @@ class DimensionOrdinate(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1486,12 +1451,12 @@ class ArcDimension(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1535,12 +1500,12 @@ class LargeRadialDimension(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1580,13 +1545,12 @@ class Tolerance(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1606,6 +1570,7 @@ class Shape(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
@@ -1628,14 +1593,12 @@ class PolylineMesh(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1657,14 +1620,12 @@ class Mesh(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1893,12 +1854,12 @@ class Dwfunderlay(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1925,12 +1886,12 @@ class Dgnunderlay(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -1944,14 +1905,12 @@ class Ole2frame(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1963,14 +1922,12 @@ class Oleframe(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -1989,14 +1946,12 @@ class Light(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2013,14 +1968,12 @@ class Sectionobject(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2037,14 +1990,12 @@ class Pointcloud(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2060,14 +2011,12 @@ class Pointcloudex(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2079,14 +2028,12 @@ class Geopositionmarker(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2101,14 +2048,12 @@ class Line3d(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2118,14 +2063,12 @@ class Repeat(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2138,14 +2081,12 @@ class Endrep(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2183,14 +2124,13 @@ class Mtext(Model):
     frameHeight: float | None = None
     background: MtextBackground | None = None
     columns: MtextColumns | None = None
+    elevation: float | None = None
+    extrusion: Point3 | None = None
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2240,13 +2180,12 @@ class AcadTable(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -2268,14 +2207,12 @@ class Mline(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2286,14 +2223,12 @@ class PolylinePface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2351,7 +2286,6 @@ class Hatch(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    thickness: float | None = None
     drawOrder: int | None = None
 
 
@@ -2386,9 +2320,6 @@ class Multileader(Model):
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2407,14 +2338,12 @@ class Helix(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2426,14 +2355,12 @@ class ProxyEntity(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2445,14 +2372,12 @@ class UnknownEnt(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2466,14 +2391,12 @@ class Solid3d(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2487,14 +2410,12 @@ class Region(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2508,14 +2429,12 @@ class Body(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2529,14 +2448,12 @@ class Planesurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2550,14 +2467,12 @@ class Extrudedsurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2571,14 +2486,12 @@ class Loftedsurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2592,14 +2505,12 @@ class Revolvedsurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2613,14 +2524,12 @@ class Sweptsurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 
@@ -2634,14 +2543,12 @@ class Nurbsurface(Model):
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
     handle: Handle | None = None
     owner: Handle | None = None
     linetype: str | None = None  # L by layer, K by block, else a line type's name
     linetypeScale: float | None = None
     invisible: bool | None = None
-    elevation: float | None = None
-    thickness: float | None = None
-    extrusion: Point3 | None = None
     drawOrder: int | None = None
 
 

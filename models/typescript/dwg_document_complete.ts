@@ -406,7 +406,6 @@ export interface Line {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
   drawOrder?: number;
 }
 
@@ -428,7 +427,6 @@ export interface Point {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
   drawOrder?: number;
 }
 
@@ -450,9 +448,6 @@ export interface Ray {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -474,9 +469,6 @@ export interface Xline {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -549,8 +541,6 @@ export interface Ellipse {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -629,9 +619,6 @@ export interface Polyline3d {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -659,9 +646,6 @@ export interface Spline {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -723,9 +707,6 @@ export interface Wipeout {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -758,8 +739,6 @@ export interface Insert {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -793,9 +772,6 @@ export interface Image {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -828,8 +804,6 @@ export interface Pdfunderlay {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -875,9 +849,6 @@ export interface Viewport {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -902,15 +873,15 @@ export interface Text {
   obliqueRad?: number;
   mirroredX?: boolean;
   mirroredY?: boolean;
+  elevation?: number;
+  thickness?: number;
+  extrusion?: Point3;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -943,15 +914,15 @@ export interface Dyntext {
   fieldLength?: number;
   lockedPosition?: boolean;
   multiline?: boolean;
+  elevation?: number;
+  thickness?: number;
+  extrusion?: Point3;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1015,7 +986,6 @@ export interface DimensionLinear {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1071,7 +1041,6 @@ export interface DimensionAligned {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1124,7 +1093,6 @@ export interface DimensionRadius {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1154,8 +1122,6 @@ export interface Leader {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1194,15 +1160,13 @@ export interface Face3d {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1216,6 +1180,7 @@ export interface Trace {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
@@ -1283,13 +1248,13 @@ export interface DimensionDiameter {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1331,13 +1296,13 @@ export interface DimensionAng2ln {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1380,13 +1345,13 @@ export interface DimensionAng3pt {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1429,13 +1394,13 @@ export interface DimensionOrdinate {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1483,13 +1448,13 @@ export interface ArcDimension {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1533,13 +1498,13 @@ export interface LargeRadialDimension {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1579,14 +1544,13 @@ export interface Tolerance {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1606,6 +1570,7 @@ export interface Shape {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
@@ -1629,15 +1594,13 @@ export interface PolylineMesh {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1659,15 +1622,13 @@ export interface Mesh {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1896,13 +1857,13 @@ export interface Dwfunderlay {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1929,13 +1890,13 @@ export interface Dgnunderlay {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -1949,15 +1910,13 @@ export interface Ole2frame {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1969,15 +1928,13 @@ export interface Oleframe {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -1996,15 +1953,13 @@ export interface Light {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2021,15 +1976,13 @@ export interface Sectionobject {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2046,15 +1999,13 @@ export interface Pointcloud {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2070,15 +2021,13 @@ export interface Pointcloudex {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2090,15 +2039,13 @@ export interface Geopositionmarker {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2113,15 +2060,13 @@ export interface Line3d {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2131,15 +2076,13 @@ export interface Repeat {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2152,15 +2095,13 @@ export interface Endrep {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2198,15 +2139,14 @@ export interface Mtext {
   frameHeight?: number;
   background?: MtextBackground;
   columns?: MtextColumns;
+  elevation?: number;
+  extrusion?: Point3;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2256,14 +2196,13 @@ export interface AcadTable {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -2285,15 +2224,13 @@ export interface Mline {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2304,15 +2241,13 @@ export interface PolylinePface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2368,7 +2303,6 @@ export interface Hatch {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  thickness?: number;
   drawOrder?: number;
 }
 
@@ -2404,9 +2338,6 @@ export interface Multileader {
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2425,15 +2356,13 @@ export interface Helix {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2445,15 +2374,13 @@ export interface ProxyEntity {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2465,15 +2392,13 @@ export interface UnknownEnt {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2487,15 +2412,13 @@ export interface Solid3d {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2509,15 +2432,13 @@ export interface Region {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2531,15 +2452,13 @@ export interface Body {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2553,15 +2472,13 @@ export interface Planesurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2575,15 +2492,13 @@ export interface Extrudedsurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2597,15 +2512,13 @@ export interface Loftedsurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2619,15 +2532,13 @@ export interface Revolvedsurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2641,15 +2552,13 @@ export interface Sweptsurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 
@@ -2663,15 +2572,13 @@ export interface Nurbsurface {
   layer: string;
   color?: Color;
   lw?: Lineweight;
+  _dbg?: Debug;
   handle?: Handle;
   owner?: Handle;
   /** L by layer, K by block, else a line type's name */
   linetype?: string;
   linetypeScale?: number;
   invisible?: boolean;
-  elevation?: number;
-  thickness?: number;
-  extrusion?: Point3;
   drawOrder?: number;
 }
 

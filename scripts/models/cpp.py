@@ -47,6 +47,8 @@ def reader(one):
         f'  {"Read" if field.required else "ReadIfThere"}'
         f'(json{".at(" if field.required else ", "}"{field.key}"{")" if field.required else ""}, '
         f"to.{member(field.key)});\n" for field in one.fields)
+    if not calls:
+        return f"inline void Read(const Json& /*json*/, {one.name}& /*to*/) {{}}\n"
     return f"inline void Read(const Json& json, {one.name}& to) {{\n{calls}}}\n"
 
 
@@ -122,7 +124,9 @@ TAIL = """template <typename Item>
 void Read(const Json& json, std::vector<Item>& to) {
   to.reserve(json.size());
   for (const Json& item : json.get_ref<const Json::array_t&>()) {
-    Read(item, to.emplace_back());
+    Item value{};
+    Read(item, value);
+    to.push_back(std::move(value));
   }
 }
 
