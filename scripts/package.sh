@@ -177,8 +177,11 @@ pack_node() {
   cp "$root"/packaging/node/{index.js,index.d.ts,README.md} "$scratch/package"
   sed "s/@VERSION@/$version/" "$root/packaging/node/package.json" > "$scratch/package/package.json"
   # The types alone, without the function behind them.
-  sed '/^\/\*\* The document of a line/,$d' "$root/models/typescript/dwg_document.ts" \
-    > "$scratch/package/dwg_document.d.ts"
+  local models
+  for models in dwg_document dwg_document_complete; do
+    sed '/^\/\*\* The document of a line/,$d' "$root/models/typescript/$models.ts" \
+      > "$scratch/package/$models.d.ts"
+  done
   extras_of "$1/linux" "$scratch/package"
   programs_of "$1/linux" "$scratch/package/programs/linux-x64"
   if [ -d "$1/windows" ]; then

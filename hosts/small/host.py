@@ -64,11 +64,13 @@ def explain(returncode, output):
     return Result("document", "converted", answer, output)
 
 
-def convert(worker, drawing, seconds=60, megabytes=2048, on_progress=lambda line: None):
-    """Runs the worker on one drawing; never raises for what a drawing does."""
+def convert(worker, drawing, seconds=60, megabytes=2048, on_progress=lambda line: None,
+            options=()):
+    """Runs the worker on one drawing; never raises for what a drawing does. The options
+    are the worker's."""
     try:
         process = subprocess.Popen(
-            [worker, drawing], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            [worker, drawing, *options], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
             stderr=subprocess.PIPE, start_new_session=True,
             preexec_fn=limits(megabytes, seconds))
     except OSError as error:

@@ -14,12 +14,12 @@ function program() {
 }
 
 /** The command that sets the limit of memory for itself first, where a shell can. */
-function command(drawing, megabytes) {
+function command(words, megabytes) {
   if (process.platform === 'win32') {
-    return [program(), [drawing]];
+    return [program(), words];
   }
-  const script = `ulimit -c 0; ulimit -v ${Math.trunc(megabytes) * 1024}; exec "$0" "$1"`;
-  return ['/bin/sh', ['-c', script, program(), drawing]];
+  const script = `ulimit -c 0; ulimit -v ${Math.trunc(megabytes) * 1024}; exec "$0" "$@"`;
+  return ['/bin/sh', ['-c', script, program(), ...words]];
 }
 
 function explain(code, signal, output) {
@@ -47,9 +47,10 @@ function explain(code, signal, output) {
 
 /** Converts one drawing. See index.d.ts. */
 function convert(drawing, {seconds = 60, megabytes = 2048, maxBytes = 2 ** 28,
-                           onProgress = () => {}} = {}) {
+                           complete = false, onProgress = () => {}} = {}) {
   return new Promise((resolve) => {
-    const [file, words] = command(path.resolve(drawing), megabytes);
+    const [file, words] = command(
+        [path.resolve(drawing), ...(complete ? ['--complete'] : [])], megabytes);
     const child = spawn(file, words, {stdio: ['ignore', 'pipe', 'pipe'], windowsHide: true});
     let ended = null;
     const end = (kind, message) => {

@@ -26,8 +26,9 @@ def program():
     return pathlib.Path(__file__).with_name("programs") / name
 
 
-def convert(path, seconds=60, megabytes=2048, on_progress=lambda line: None):
+def convert(path, seconds=60, megabytes=2048, on_progress=lambda line: None, complete=False):
     """Converts one drawing and gives a Result: its `kind` is document, refused, crashed,
-    timeout or bad; `document` is the parsed document of the first kind. The limit of
-    memory holds on POSIX systems."""
-    return _host.convert(os.fspath(program()), os.path.abspath(path), seconds, megabytes, on_progress)
+    timeout or bad; `document` is the parsed document of the first kind, in its complete form
+    when asked for. The limit of memory holds on POSIX systems."""
+    return _host.convert(os.fspath(program()), os.path.abspath(path), seconds, megabytes, on_progress,
+                         ["--complete"] if complete else [])

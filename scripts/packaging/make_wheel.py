@@ -39,6 +39,8 @@ def contents(options):
     init = (ROOT / "packaging/python/__init__.py").read_text(encoding="utf-8")
     yield f"{NAME}/__init__.py", init.replace("@VERSION@", options.version).encode(), False
     yield f"{NAME}/models.py", (ROOT / "models/python/dwg_document.py").read_bytes(), False
+    yield (f"{NAME}/models_complete.py",
+           (ROOT / "models/python/dwg_document_complete.py").read_bytes(), False)
     yield f"{NAME}/_host.py", (ROOT / "hosts/small/host.py").read_bytes(), False
     for path in sorted(options.programs.iterdir()):
         yield f"{NAME}/programs/{path.name}", path.read_bytes(), True

@@ -59,12 +59,13 @@ case "$name" in
   *.whl)
     /usr/bin/python3 -m venv "$place"
     "$place/bin/pip" install --quiet --disable-pip-version-check --no-index "$file"
-    "$place/bin/python" -m py_compile "$place"/lib/python3*/site-packages/dwg_import_worker/models.py
+    "$place/bin/python" -m py_compile "$place"/lib/python3*/site-packages/dwg_import_worker/models{,_complete}.py
     "$place/bin/python" - "$drawing" <<'PYTHON'
 import sys
 import dwg_import_worker
 result = dwg_import_worker.convert(sys.argv[1])
 assert result.kind == "document" and result.document["entities"], result
+assert dwg_import_worker.convert(sys.argv[1], complete=True).document["form"]["name"] == "complete"
 assert dwg_import_worker.convert("none.dwg").kind == "refused"
 assert dwg_import_worker.convert(sys.argv[1], megabytes=1).kind != "document"
 PYTHON
@@ -87,6 +88,8 @@ const {convert} = require('dwg-import-worker');
   const result = await convert(process.argv[2]);
   assert.equal(result.kind, 'document', result.message);
   assert.ok(result.document.entities.length > 0);
+  const complete = await convert(process.argv[2], {complete: true});
+  assert.equal(complete.document.form.name, 'complete');
   assert.equal((await convert('none.dwg')).kind, 'refused');
   assert.equal((await convert(process.argv[2], {maxBytes: 10})).kind, 'bad');
   assert.notEqual((await convert(process.argv[2], {megabytes: 1})).kind, 'document');
@@ -103,6 +106,10 @@ export async function radii(drawing: string): Promise<number[]> {
   const result = await convert(drawing, {seconds: 5});
   return (result.document?.entities ?? []).flatMap(
       (entity) => entity.type === "CIRCLE" ? [entity.radius] : []);
+}
+export async function linetypes(drawing: string): Promise<string[]> {
+  const result = await convert(drawing, {complete: true});
+  return (result.document?.linetypes ?? []).map((linetype) => linetype.name);
 }
 TYPESCRIPT
       (cd "$place/project" && tsc --strict --noEmit --target es2020 --moduleResolution node typed.ts) ||
