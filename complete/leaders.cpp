@@ -89,6 +89,20 @@ bool HasAnnotationBox(const CompleteContext& context) {
   return context.tables.isDxf || context.dwg().header.from_version < R_2010b;
 }
 
+// A text leaves out an arrow that there is, and says by the bit before it whether it
+// names the arrow at all.
+bool HasArrow(const Dwg_Entity_LEADER& leader, const CompleteContext& context) {
+  return leader.arrowhead_on != 0 || (context.tables.isDxf && leader.unknown_bit_1 == 0);
+}
+
+// Texts leave out that there is no annotation.
+unsigned AnnotationTypeOf(const Dwg_Entity_LEADER& leader, const CompleteContext& context) {
+  constexpr unsigned kNone = 3;
+  const bool isLeftOut =
+      context.tables.isDxf && leader.annot_type == 0 && HandleOf(leader.associated_annotation) == 0;
+  return isLeftOut ? kNone : leader.annot_type;
+}
+
 // Texts leave out the x axis.
 void AppendXDirection(JsonOut& out, const BITCODE_3BD& direction) {
   const bool isMissing = direction.x == 0 && direction.y == 0 && direction.z == 0;
@@ -101,6 +115,7 @@ void AppendSizedLeader(JsonOut& out, const Dwg_Entity_LEADER& leader,
                        const CompleteContext& context, const EntityOrigin& origin) {
   Dwg_Entity_LEADER sized = leader;
   sized.dimasz = ArrowOf(leader, context, origin).drawnSize();
+  sized.arrowhead_on = HasArrow(leader, context) ? 1 : 0;
   AppendLeader(out, sized);
 }
 
@@ -112,7 +127,7 @@ void AppendLeaderFurtherKeys(JsonOut& out, const Dwg_Entity_LEADER& leader,
     out += *style;
   }
   AppendTrueKey(out, ",\"spline\":", leader.path_type == 1);
-  AppendIntKey(out, ",\"annotationType\":", leader.annot_type);
+  AppendIntKey(out, ",\"annotationType\":", AnnotationTypeOf(leader, context));
   AppendHandleKey(out, ",\"annotation\":", HandleOf(leader.associated_annotation));
   if (HasAnnotationBox(context)) {
     AppendBoolKey(out, ",\"hookLine\":", leader.hookline_on != 0);

@@ -37,8 +37,8 @@ Point Along(const Point& from, const Point& direction, double distance) {
 
 // Where an element crosses the miter of a vertex, and the distances along the
 // segment behind it at which the element begins and ends in turn.
-// The library's DXF reader loses the distances along the miters: then they follow from
-// the style's offsets, which are measured across the path.
+// A text may leave out the distances along the miters: then they follow from the
+// style's offsets, which are measured across the path.
 class Offsets {
  public:
   Offsets(const Dwg_Entity_MLINE& multiline, std::span<const Dwg_MLINESTYLE_line> elements)

@@ -15,7 +15,7 @@ using Values = std::span<const Dwg_Eed_Data* const>;
 TextColumns OwnColumns(const Dwg_Entity_MTEXT& mtext) {
   const auto heights = SpanOf<BITCODE_BD>(mtext.column_heights, mtext.num_column_heights);
   return {.type = mtext.column_type,
-          .count = mtext.numfragments,
+          .count = mtext.numfragments != 0 ? mtext.numfragments : mtext.num_column_heights,
           .width = mtext.column_width,
           .gutter = mtext.gutter,
           .hasAutoHeight = mtext.auto_height != 0,

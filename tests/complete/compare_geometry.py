@@ -25,7 +25,6 @@ except ImportError:
     ezdxf = None
 
 INDEXED = "ezdxf takes the word of an index for channels"
-ABSENT = "the file leaves it out, and LibreDWG takes what is left out for 0; the default is not"
 UNREAD = "LibreDWG does not read it from a DXF"
 STYLED = "the file leaves it out: ezdxf takes 2.5 for it, CAD programs 0.18"
 MISREAD = "the file has what the record says; ezdxf falls back to a default"
@@ -38,8 +37,6 @@ SPELLED = "named in other letter case than the style's own record"
 KNOWN = {
     ("gdal/hatch_pattern_generated_by_gdal.dxf", "HATCH", "background"): INDEXED,
     ("gdal/attrib.dxf", "INSERT", "attributes"): MISREAD,
-    ("*", "LEADER", "annotationType"): ABSENT,
-    ("*", "LEADER", "arrowOn"): ABSENT,
     ("gdal/leader-mleader.dxf", "LEADER", "arrowSize"): STYLED,
     ("libredwg/2010/Leader.dxf", "LEADER", "arrowSize"): STYLED,
     ("gdal/leader-mleader.dxf", "LEADER", "dimStyle"): SPELLED,

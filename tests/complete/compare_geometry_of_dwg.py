@@ -22,7 +22,6 @@ TYPES = {*CHECKS, "WIPEOUT"}
 OTHER_KEYS = {"color", "lw", "owner", "drawOrder", "text", "attributes"}
 
 ONE_KIND = "a DWG stores fit points or control points, a DXF both"
-LEFT_OUT = "LibreDWG takes what the DXF leaves out for 0; the default is not"
 BOX = "LibreDWG misreads what follows the points of a leader in a DWG of 2010 and later"
 OTHER = "the DXF file itself differs"
 
@@ -30,8 +29,6 @@ OTHER = "the DXF file itself differs"
 KNOWN = {
     ("*", "SPLINE", "controlPoints"): ONE_KIND,
     ("*", "SPLINE", "knots"): ONE_KIND,
-    ("*", "LEADER", "annotationType"): LEFT_OUT,
-    ("*", "LEADER", "arrowOn"): LEFT_OUT,
     ("*", "LEADER", "hookLine"): BOX,
     ("*", "LEADER", "textHeight"): BOX,
     ("*", "LEADER", "textWidth"): BOX,

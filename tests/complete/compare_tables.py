@@ -37,10 +37,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 OWN_DRAWINGS = ROOT / "tests" / "drawings"
 
 # (file, what, key): reason; patterns of shells.
-EMBEDDED = ("LibreDWG's DXF reader passes over the object in the text that holds them since "
-            "release 2018")
 KNOWN = {
-    ("*", "MTEXT", "columns*"): EMBEDDED,
     ("sample_AC1032_*.dxf", "ATTRIB", "mirroredX"):
         "group 71 of an attribute of several lines says something else, and LibreDWG's DXF "
         "reader does not tell them apart",

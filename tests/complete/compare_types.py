@@ -206,11 +206,20 @@ def check_dimension(check, record, entity, blocks):
 
 
 def drawn_lines(entity):
-    """Of elements without gaps: where they cross the miters."""
-    count = entity.dxf.style_element_count
-    for index in range(count):
-        yield [point(vertex.location + vertex.miter_direction * vertex.line_params[index][0])
-               for vertex in entity.vertices if len(vertex.line_params[index]) > 0]
+    """Of each element where it crosses the miters, and where its cuts begin and end."""
+    for index in range(entity.dxf.style_element_count):
+        crossings, ends = [], []
+        for vertex in entity.vertices:
+            parameters = vertex.line_params[index]
+            start = vertex.location + vertex.miter_direction * (parameters[0] if parameters else 0)
+            crossings.append(point(start))
+            ends += [point(start + vertex.line_direction * value)
+                     for value in parameters[1:] if value != 0]
+        yield crossings, ends
+
+
+def near_any(at, points):
+    return any(math.dist(at, other) <= 1e-6 for other in points)
 
 
 def check_mline(check, record, entity, _blocks):
@@ -221,9 +230,11 @@ def check_mline(check, record, entity, _blocks):
     check.same("justification", record["justification"], entity.dxf.justification)
     check.same("closed", record["closed"], bool(entity.dxf.flags & 2))
     check.same("style", record.get("style", "").lower(), entity.dxf.style_name.lower())
-    for ours, theirs in zip(record["elements"], drawn_lines(entity)):
-        if len(ours["lines"]) == 1:
-            check.same("lines", ours["lines"][0][:len(theirs)], theirs)
+    for ours, (crossings, ends) in zip(record["elements"], drawn_lines(entity)):
+        drawn = [at for line in ours["lines"] for at in line]
+        if not ends:
+            check.same("lines", drawn[:len(crossings)], crossings)
+        check.same("cuts", [at for at in drawn if not near_any(at, crossings)], ends)
     style = entity.style
     if style is not None:
         check.same("offsets", [e["offset"] for e in record["elements"]],

@@ -199,6 +199,21 @@ TEST_F(LeaderTest, HasTheArrowSizeOfItsStyle) {
               AllOf(HasSubstr(R"("arrowSize":25,)"), HasSubstr(R"("dimStyle":"ISO")")));
 }
 
+TEST_F(LeaderTest, OfATextHasTheArrowThatItDoesNotName) {
+  drawing_.data().header.from_version = R_2018;
+  AddLeader();
+  EXPECT_THAT(drawing_.RecordOfLast(),
+              AllOf(HasSubstr(R"("arrowOn":false,)"), HasSubstr(R"("annotationType":0,)")));
+  drawing_.data().opts |= DWG_OPTS_INDXF;
+  EXPECT_THAT(drawing_.RecordOfLast(),
+              AllOf(HasSubstr(R"("arrowOn":true,)"), HasSubstr(R"("annotationType":3,)")));
+  auto& named = AddLeader();
+  named.unknown_bit_1 = 1;
+  named.associated_annotation = drawing_.Ref(0x60);
+  EXPECT_THAT(drawing_.RecordOfLast(),
+              AllOf(HasSubstr(R"("arrowOn":false,)"), HasSubstr(R"("annotationType":0,)")));
+}
+
 TEST_F(LeaderTest, AScaleOfZeroCountsAsOne) {
   AddStyle(2.5, 0);
   AddLeader();

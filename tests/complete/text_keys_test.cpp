@@ -70,6 +70,15 @@ TEST_F(TextKeys, OfMultiLineText) {
                          R"("autoHeight":false,"reversed":false,"heights":[4,5]})");
 }
 
+TEST_F(TextKeys, DynamicColumnsAreAsManyAsTheirHeights) {
+  auto& mtext = drawing_.AddEntity(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  mtext.column_type = 2;
+  mtext.num_column_heights = 3;
+  mtext.auto_height = 1;
+  AppendMtextFurtherKeys(out_, mtext, Context(), {drawing_.last(), "0"});
+  EXPECT_THAT(out_.Text(), testing::HasSubstr(R"("count":3,)"));
+}
+
 TEST_F(TextKeys, CountsWithoutArraysAndStrangeKindsAreNothing) {
   auto& mtext = drawing_.AddEntity(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
   mtext.column_type = 9;

@@ -441,6 +441,102 @@ TEST_F(DxfReaderTest, AProxyHasTheOwnerThatStandsFirst) {
   EXPECT_EQ(HandleOf(OfType(DWG_TYPE_PROXY_ENTITY)[0]->tio.entity->ownerhandle), 0x1FU);
 }
 
+namespace {
+
+// Of two vertices and two elements; the fill of the first element has two parameters.
+std::string Multiline(const std::string& counts) {
+  const auto vertex = [](const std::string& x, const std::string& second) {
+    return "11\n" + x +
+           "\n21\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n32\n0.0\n13\n0.0\n23\n1.0\n33\n0.0\n" +
+           "74\n2\n41\n0.5\n41\n0.0\n75\n2\n42\n3.0\n42\n4.0\n" + second + "75\n0\n";
+  };
+  return "0\nMLINE\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbMline\n40\n1.0\n70\n0\n71\n1\n" +
+         counts + "10\n0.0\n20\n0.0\n30\n0.0\n" +
+         vertex("0.0", "74\n3\n41\n-0.5\n41\n0.0\n41\n7.0\n") + vertex("9.0", "74\n1\n41\n-0.25\n");
+}
+
+}  // namespace
+
+TEST_F(DxfReaderTest, AMultilineKeepsWhereItsElementsRun) {
+  Read(Drawing(Multiline("72\n2\n73\n2\n") + Line()));
+  const auto& multiline = Only(DWG_TYPE_MLINE, &EntityTio::MLINE);
+  ASSERT_EQ(multiline.num_verts, 2U);
+  for (const Dwg_MLINE_vertex& vertex : SpanOf(multiline.verts, multiline.num_verts)) {
+    ASSERT_EQ(vertex.num_lines, 2U);
+    EXPECT_EQ(vertex.lines[0].segparms[0], 0.5);
+    ASSERT_EQ(vertex.lines[0].num_areafillparms, 2U);
+    EXPECT_EQ(vertex.lines[0].areafillparms[1], 4);
+  }
+  ASSERT_EQ(multiline.verts[0].lines[1].num_segparms, 3U);
+  EXPECT_EQ(multiline.verts[0].lines[1].segparms[2], 7);
+  EXPECT_EQ(multiline.verts[1].lines[1].segparms[0], -0.25);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, ACountOfNoElementsGivesWayToALaterOne) {
+  Read(Drawing(Multiline("72\n2\n73\n0\n73\n2\n") + Line()));
+  const auto& multiline = Only(DWG_TYPE_MLINE, &EntityTio::MLINE);
+  ASSERT_EQ(multiline.num_verts, 2U);
+  ASSERT_EQ(multiline.verts[1].num_lines, 2U);
+  EXPECT_EQ(multiline.verts[1].lines[1].segparms[0], -0.25);
+}
+
+namespace {
+
+std::string TextWithColumns(const std::string& columns, const std::string& release) {
+  return Drawing(
+      "0\nMTEXT\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbMText\n10\n1.0\n20\n2.0\n30\n0.0\n"
+      "40\n2.5\n41\n30.0\n71\n1\n72\n5\n1\ntext\n73\n1\n44\n1.0\n101\nEmbedded Object\n"
+      "70\n1\n10\n1.0\n20\n0.0\n30\n0.0\n11\n8.0\n21\n8.0\n31\n0.0\n40\n31.0\n41\n9.0\n" +
+          columns + Line(),
+      release);
+}
+
+}  // namespace
+
+TEST_F(DxfReaderTest, ATextHasTheColumnsOfItsEmbeddedObject) {
+  const std::string columns = "71\n2\n72\n2\n44\n14.0\n45\n1.5\n73\n0\n74\n1\n46\n4.0\n46\n5.0\n";
+  Read(TextWithColumns(columns, "AC1032"));
+  const auto& text = Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  EXPECT_EQ(text.column_type, 2U);
+  EXPECT_EQ(text.numfragments, 2U);
+  EXPECT_EQ(text.column_width, 14);
+  EXPECT_EQ(text.gutter, 1.5);
+  EXPECT_EQ(text.auto_height, 0);
+  EXPECT_EQ(text.flow_reversed, 1);
+  ASSERT_EQ(text.num_column_heights, 2U);
+  EXPECT_EQ(text.column_heights[1], 5);
+  EXPECT_EQ(text.ins_pt.x, 1);
+  EXPECT_EQ(text.rect_width, 30);
+  EXPECT_EQ(text.attachment, 1U);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, OnlyDynamicColumnsHaveHeights) {
+  Read(TextWithColumns("71\n2\n72\n1\n73\n0\n46\n4.0\n71\n1\n73\n1\n", "AC1032"));
+  const auto& text = Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  EXPECT_EQ(text.column_type, 2U);
+  EXPECT_EQ(text.auto_height, 0);
+  Read(TextWithColumns("71\n1\n72\n3\n73\n0\n46\n4.0\n", "AC1032"));
+  EXPECT_EQ(Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT).num_column_heights, 0U);
+  Read(TextWithColumns("71\n7\n72\n3\n", "AC1032"));
+  EXPECT_EQ(Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT).column_type, 0U);
+}
+
+TEST_F(DxfReaderTest, ALeaderTellsWhetherItNamesItsArrow) {
+  const auto read = [this](const std::string& arrow) -> const Dwg_Entity_LEADER& {
+    Read(Drawing("0\nLEADER\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbLeader\n3\nS\n" + arrow +
+                 "72\n0\n76\n2\n10\n0.0\n20\n0.0\n30\n0.0\n10\n1.0\n20\n0.0\n30\n0.0\n" + Line()));
+    return Only(DWG_TYPE_LEADER, &EntityTio::LEADER);
+  };
+  EXPECT_EQ(read("").unknown_bit_1, 0);
+  EXPECT_EQ(read("").arrowhead_on, 0);
+  EXPECT_EQ(read("71\n0\n").unknown_bit_1, 1);
+  EXPECT_EQ(read("71\n0\n").arrowhead_on, 0);
+  EXPECT_EQ(read("71\n1\n").arrowhead_on, 1);
+  EXPECT_EQ(read("71\n1\n").num_points, 2U);
+}
+
 TEST_F(DxfReaderTest, ASolidHasTheHeightOfItsFirstCorner) {
   Read(
       Drawing("0\nSOLID\n5\nA0\n8\n0\n10\n0.0\n20\n0.0\n30\n2.5\n11\n1.0\n21\n0.0\n31\n2.5\n"
