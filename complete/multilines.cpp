@@ -146,7 +146,7 @@ class Stretches {
 bool AddSegment(Stretches& stretches, const Crossing& from, const Crossing& to,
                 const Point& direction, bool continues) {
   const auto changes = from.changes;
-  if (changes.size() < 2) {
+  if (changes.empty()) {
     stretches.Add(from.point, to.point, continues);
     return true;
   }

@@ -71,6 +71,21 @@ TEST_F(FurtherTypes, MultilineElementsWithACut) {
       R"("lines":[[[0,2,0],[3,2,0]],[[5,2,0],[10,2,0]]]}])");
 }
 
+TEST_F(FurtherTypes, MultilineElementBeginsBehindItsVertex) {
+  Dwg_Entity_MLINE multiline{};
+  multiline.num_lines = 2;
+  multiline.num_verts = 2;
+  multiline.verts =
+      drawing.Array<Dwg_MLINE_vertex>({MlineVertex(drawing, {0, 0, 0}, {1, 0}, {2, 3}),
+                                       MlineVertex(drawing, {10, 0, 0}, {1, 0}, {2, 0})});
+  EXPECT_NE(drawing.OwnKeys(DWG_TYPE_MLINE, &Tio::MLINE, multiline)
+                .find(R"("lines":[[[0,1,0],[10,1,0]]]},{)"),
+            std::string::npos);
+  EXPECT_NE(drawing.OwnKeys(DWG_TYPE_MLINE, &Tio::MLINE, multiline)
+                .find(R"("lines":[[[3,2,0],[10,2,0]]]})"),
+            std::string::npos);
+}
+
 TEST_F(FurtherTypes, ClosedMultilineComesBackToItsStart) {
   Dwg_Entity_MLINE multiline{};
   multiline.flags = 2;
