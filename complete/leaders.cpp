@@ -95,7 +95,7 @@ bool HasArrow(const Dwg_Entity_LEADER& leader, const CompleteContext& context) {
   return leader.arrowhead_on != 0 || (context.tables.isDxf && leader.unknown_bit_1 == 0);
 }
 
-// Texts leave out that there is no annotation.
+// Texts leave out that there is no annotation, which then looks like one of the first kind.
 unsigned AnnotationTypeOf(const Dwg_Entity_LEADER& leader, const CompleteContext& context) {
   constexpr unsigned kNone = 3;
   const bool isLeftOut =

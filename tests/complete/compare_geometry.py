@@ -26,6 +26,7 @@ except ImportError:
 
 INDEXED = "ezdxf takes the word of an index for channels"
 UNREAD = "LibreDWG does not read it from a DXF"
+UNNAMED = "the file names a text and has none: the record has no annotation"
 STYLED = "the file leaves it out: ezdxf takes 2.5 for it, CAD programs 0.18"
 MISREAD = "the file has what the record says; ezdxf falls back to a default"
 OWN_NUMBER = "the file has 0 for an inactive sheet; the record has the viewport's place"
@@ -37,6 +38,7 @@ SPELLED = "named in other letter case than the style's own record"
 KNOWN = {
     ("gdal/hatch_pattern_generated_by_gdal.dxf", "HATCH", "background"): INDEXED,
     ("gdal/attrib.dxf", "INSERT", "attributes"): MISREAD,
+    ("skymakerolof-dxf/floorplan.dxf", "LEADER", "annotationType"): UNNAMED,
     ("gdal/leader-mleader.dxf", "LEADER", "arrowSize"): STYLED,
     ("libredwg/2010/Leader.dxf", "LEADER", "arrowSize"): STYLED,
     ("gdal/leader-mleader.dxf", "LEADER", "dimStyle"): SPELLED,

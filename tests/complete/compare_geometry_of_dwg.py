@@ -29,6 +29,7 @@ OTHER = "the DXF file itself differs"
 KNOWN = {
     ("*", "SPLINE", "controlPoints"): ONE_KIND,
     ("*", "SPLINE", "knots"): ONE_KIND,
+    ("libredwg/2010/Leader", "LEADER", "arrowOn"): BOX,
     ("*", "LEADER", "hookLine"): BOX,
     ("*", "LEADER", "textHeight"): BOX,
     ("*", "LEADER", "textWidth"): BOX,
