@@ -29,9 +29,28 @@ file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/licenses")
 file(COPY_FILE "${libredwg_source}/vendor/libredwg/COPYING"
      "${CMAKE_BINARY_DIR}/licenses/libredwg.txt" ONLY_IF_DIFFERENT)
 
+file(STRINGS "${libredwg_source}/vendor-config/config.h" libredwg_version
+     REGEX "^#define PACKAGE_VERSION ")
+string(REGEX MATCH "[0-9.]+" libredwg_version "${libredwg_version}")
+string(APPEND libredwg_version " (libredwg-sys ${DWG_LIBREDWG_CRATE_VERSION})")
+
+# dwg_patch_level(<out-var> <patch>...)
+# Their number and the first digits of the SHA-256 of all of them, one behind the other.
+function(dwg_patch_level out)
+  set(text "")
+  foreach(patch IN LISTS ARGN)
+    file(READ "${patch}" one)
+    string(APPEND text "${one}")
+  endforeach()
+  string(SHA256 digest "${text}")
+  string(SUBSTRING "${digest}" 0 8 digest)
+  list(LENGTH ARGN count)
+  set(${out} "${count}-${digest}" PARENT_SCOPE)
+endfunction()
+
 # dwg_add_libredwg(<target> FLAGS <text> [PATCHES <folder>...] [MIMALLOC])
 # Adds one build of LibreDWG as an imported target; the folders are those below
-# cmake/patches.
+# cmake/patches. The target's property DWG_PATCH_LEVEL tells them apart.
 function(dwg_add_libredwg target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "MIMALLOC" "FLAGS" "PATCHES")
   set(patches "")
@@ -70,6 +89,8 @@ function(dwg_add_libredwg target)
     IMPORTED_LOCATION
       "${install}/lib/${CMAKE_STATIC_LIBRARY_PREFIX}redwg${CMAKE_STATIC_LIBRARY_SUFFIX}"
     INTERFACE_INCLUDE_DIRECTORIES "${install}/include")
+  dwg_patch_level(level ${patches})
+  set_property(TARGET ${target} PROPERTY DWG_PATCH_LEVEL "${level}")
   if(arg_MIMALLOC)
     target_link_libraries(${target} INTERFACE Mimalloc::mimalloc)
   endif()

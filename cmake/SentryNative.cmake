@@ -16,11 +16,19 @@ endif()
 
 set(sentry_key "sentry-contrib-native-sys ${DWG_SENTRY_CRATE_VERSION}")
 foreach(file checksums/sentry-contrib-native-sys-${DWG_SENTRY_CRATE_VERSION}.sha256
-             sentry/CMakeLists.txt sentry/quiet_logging.h
+             PatchTree.cmake sentry/CMakeLists.txt sentry/quiet_logging.h
              sentry/release_standard_streams.cpp windows/include/NTSecAPI.h)
   file(SHA256 "${PROJECT_SOURCE_DIR}/cmake/${file}" hash)
   list(APPEND sentry_key "${hash}")
 endforeach()
+file(GLOB sentry_patches CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/patches/sentry-native/*.patch")
+list(SORT sentry_patches)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sentry_patches})
+foreach(patch IN LISTS sentry_patches)
+  file(SHA256 "${patch}" hash)
+  list(APPEND sentry_key "${hash}")
+endforeach()
+string(REPLACE ";" "|" sentry_patches "${sentry_patches}")
 set(sentry_args "")
 foreach(variable ZLIB_ROOT CMAKE_PREFIX_PATH CMAKE_MSVC_RUNTIME_LIBRARY)
   if(${variable})
@@ -33,7 +41,7 @@ dwg_cached_build(sentry_install
   SOURCE "${PROJECT_SOURCE_DIR}/cmake/sentry"
   KEY ${sentry_key}
   ARGS ${sentry_args}
-  PATHS "-DSENTRY_SOURCE=${sentry_source}/sentry-native")
+  PATHS "-DSENTRY_SOURCE=${sentry_source}/sentry-native" "-DSENTRY_PATCHES=${sentry_patches}")
 
 foreach(name sentry crashpad_client crashpad_util crashpad_compat mini_chromium)
   add_library(Sentry::${name} STATIC IMPORTED GLOBAL)

@@ -4,7 +4,9 @@
 #include <dwg_dxf_text.h>
 #include <dxf_from_memory.h>
 
+#include <array>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -17,6 +19,7 @@
 #include "reading/dxf_settling.hpp"
 #include "reading/read_result.hpp"
 #include "reading/reading_memory.hpp"
+#include "reading/stored_release.hpp"
 #include "reading/stored_text.hpp"
 
 namespace {
@@ -95,6 +98,19 @@ void DrawingFile::Read() {
     SettleDwg(*data_, TextFormOf(*data_, isDxf_));
     storedText_ = StoredTextOfDwg(*data_);
   }
+}
+
+std::string DrawingFile::StoredRelease() const {
+  if (dxf_ != nullptr) {
+    return StoredReleaseOfDxf(dxf_->bytes());
+  }
+  if (dwg_ == nullptr) {
+    return {};
+  }
+  std::array<char, kStoredReleaseBytes> beginning = {};
+  const std::size_t size = std::fread(beginning.data(), 1, beginning.size(), dwg_.get());
+  std::rewind(dwg_.get());
+  return StoredReleaseOfDwg(std::string_view(beginning.data(), size));
 }
 
 int DrawingFile::ReadDwg() {

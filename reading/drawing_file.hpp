@@ -47,6 +47,10 @@ class DrawingFile {
   // no drawing afterwards.
   void Leave();
 
+  // The release that the opened file names itself, before it is read; empty when
+  // it names none, and for standard input.
+  std::string StoredRelease() const;
+
   const std::string& path() const { return path_; }
   bool isDxf() const { return isDxf_; }
 

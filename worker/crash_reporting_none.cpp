@@ -2,4 +2,10 @@
 
 void StartCrashReporting(const char* /*component*/) {}
 
+bool ReportsCrashes() {
+  return false;
+}
+
+void TagCrashReports(const char* /*key*/, const char* /*value*/) {}
+
 void StopCrashReporting() noexcept {}

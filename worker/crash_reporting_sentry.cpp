@@ -37,7 +37,19 @@ void StartCrashReporting(const char* component) {
   if (sentry_init(options) != 0)
     return;
   active = true;
-  sentry_set_tag("component", component);
+  TagCrashReports("component", component);
+  TagCrashReports("libredwg.version", DWG_LIBREDWG_VERSION);
+  TagCrashReports("libredwg.patches", DWG_LIBREDWG_PATCH_LEVEL);
+}
+
+bool ReportsCrashes() {
+  return active;
+}
+
+void TagCrashReports(const char* key, const char* value) {
+  if (active) {
+    sentry_set_tag(key, value);
+  }
 }
 
 void StopCrashReporting() noexcept {

@@ -156,6 +156,17 @@ void AppendTimedDocument(JsonOut& out, const DrawingFile& file, const Options& o
   out += '}';
 }
 
+// What a report of a crash says of the drawing.
+void TagDrawing(const DrawingFile& file) {
+  if (!ReportsCrashes()) {
+    return;
+  }
+  TagCrashReports("drawing.format", file.isDxf() ? "DXF" : "DWG");
+  if (const std::string release = file.StoredRelease(); !release.empty()) {
+    TagCrashReports("drawing.release", release.c_str());
+  }
+}
+
 // From here on the process can do nothing but what a conversion needs.
 void EnterSandbox() {
   const SandboxMode mode = SandboxModeFrom(std::getenv("KVT_DWG_SANDBOX"));
@@ -175,6 +186,7 @@ int Convert(const char* path, const Options& options) {
   std::fprintf(stderr, "[DWG worker] Starting import of: %s\n", path);
   DrawingFile file(path, options.isComplete ? ReadingScope::kAll : ReadingScope::kPlainForm);
   file.Open();
+  TagDrawing(file);
   EnterSandbox();
   std::fprintf(stderr, "[DWG worker] Reading %s file...\n", file.isDxf() ? "DXF" : "DWG");
   file.Read();

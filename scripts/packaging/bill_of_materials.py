@@ -40,7 +40,8 @@ CARRIED = {
     ]),
 }
 # The folders of patches, and what they are for.
-PATCHED = {"libredwg": "libredwg-sys", "libredwg-speed": "libredwg-sys"}
+PATCHED = {"libredwg": "libredwg-sys", "libredwg-speed": "libredwg-sys",
+           "sentry-native": "sentry-contrib-native-sys"}
 OWN_SOURCES = {"libredwg": "libredwg-sys", "sentry": "sentry-contrib-native-sys"}
 
 

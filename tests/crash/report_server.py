@@ -145,8 +145,10 @@ def _unpack_map(data, at, size):
     return values, at
 
 
+THREAD_LIST_STREAM = 3
 MODULE_LIST_STREAM = 4
 EXCEPTION_STREAM = 6
+THREAD_BYTES = 48
 MODULE_BYTES = 108
 
 
@@ -168,6 +170,20 @@ class Minidump:
     def exception_code(self):
         """On Linux the signal's number."""
         return struct.unpack_from("<I", self.streams[EXCEPTION_STREAM], 8)[0]
+
+    def exception_thread(self):
+        return struct.unpack_from("<I", self.streams[EXCEPTION_STREAM], 0)[0]
+
+    def stacks(self):
+        """Address and bytes of each thread's stack, by the thread's number."""
+        stream = self.streams[THREAD_LIST_STREAM]
+        stacks = {}
+        for i in range(struct.unpack_from("<I", stream, 0)[0]):
+            at = 4 + THREAD_BYTES * i
+            thread = struct.unpack_from("<I", stream, at)[0]
+            address, size, place = struct.unpack_from("<QII", stream, at + 24)
+            stacks[thread] = (address, self.data[place : place + size])
+        return stacks
 
     def modules(self):
         """The file names of the loaded modules."""

@@ -9,9 +9,13 @@ runs under wine.
 
 import argparse
 import contextlib
+import functools
+import hashlib
+import json
 import os
 import pathlib
 import re
+import resource
 import shutil
 import signal
 import socket
@@ -33,6 +37,18 @@ HANG_SECONDS = 600
 # Windows' code of the exception that a breakpoint is.
 BREAKPOINT = 0x80000003
 FOLDER = "Zeichnungen äöü 図面"
+# Drawings with a long document, the release that each names, and its format.
+DRAWINGS = (("libredwg/2018/Text.dwg", "AC1032", "DWG"),
+            ("libredwg/r11/entities-2d.dwg", "AC1009", "DWG"),
+            ("generated/text_all_scripts_R2007.dxf", "AC1021", "DXF"))
+# What a report must not hold: a drawing's name, and a variable of the environment.
+SECRET_NAME = "Neubau Finanzamt Musterstadt 4711"
+SECRET_VALUE = "Geheimnis-der-Umgebung-0815"
+# What crash_program does, and the signals that it ends of.
+CRASHES = {"overflow": signal.SIGSEGV, "thread": signal.SIGSEGV, "alternate": signal.SIGSEGV,
+           "malloc": signal.SIGABRT, "abort": signal.SIGABRT}
+# The handler may start, but not write a minidump.
+NEARLY_FULL_BYTES = 6000
 
 
 class Failure(Exception):
@@ -76,7 +92,17 @@ class Worker:
         if with_handler:
             shutil.copy2(worker.parent / self.handler.name, self.handler)
         self.launcher = ["wine"] if wine else []
-        self.crasher = next(worker.parent.rglob("crash_process.exe")) if wine else None
+        self.built = worker.parent
+        self.crasher = self.test_program("crash_process.exe") if wine else None
+
+    def test_program(self, name):
+        found = next(self.built.rglob(name), None)
+        require(found, f"{name} has not been built")
+        return found
+
+    def be(self, name):
+        """Puts a program of the tests in the worker's place."""
+        shutil.copy2(self.test_program(name), self.program)
 
     def native(self, path):
         """A path as the worker itself has to spell it."""
@@ -89,10 +115,11 @@ class Worker:
             kept |= {"WINEDEBUG": "-all", "LC_ALL": "C.UTF-8"}
         return kept | variables
 
-    def start(self, *arguments, **variables):
+    def start(self, *arguments, pipe_bytes=-1, prepare=None, **variables):
         return subprocess.Popen([*self.launcher, self.program, *arguments],
                                 env=self.environment(**variables), stdin=subprocess.PIPE,
-                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                pipesize=pipe_bytes, preexec_fn=prepare)
 
     def run(self, *arguments, **variables):
         """Runs to the end of both outputs, as a host would."""
@@ -108,17 +135,18 @@ class Worker:
         return self.run(self.native(DRAWING), **variables)
 
     @contextlib.contextmanager
-    def in_a_run(self, **variables):
-        """A worker in the middle of a run: it reads a drawing from its standard
-        input, which gives none. Yields the process, and ends it in any case."""
-        process = self.start("-", **variables)
+    def in_a_run(self, *arguments, until=b"Reading DWG file", **settings):
+        """A worker in the middle of a run. Without arguments it reads a drawing from
+        its standard input, which gives none. Yields the process once it has printed
+        that progress line, and ends it in any case."""
+        process = self.start(*(arguments or ["-"]), **settings)
         watchdog = threading.Timer(HANG_SECONDS, process.kill)
         watchdog.start()
         try:
             lines = b""
-            while b"Reading DWG file" not in lines:
+            while until not in lines:
                 line = process.stderr.readline()
-                require(line, f"the worker ended before its read: {lines!r}")
+                require(line, f"the worker ended before that: {lines!r}")
                 lines += line
             process.lines = lines
             yield process
@@ -132,23 +160,41 @@ class Worker:
             process.stdout.close()
             process.stderr.close()
 
-    def crash(self, number=signal.SIGSEGV, **variables):
-        """Sends a signal to a worker in the middle of a run, and waits for its end.
-        On Windows, whatever the number, it runs into a breakpoint instead."""
-        with self.in_a_run(**variables) as process:
+    def crash(self, number=signal.SIGSEGV, **settings):
+        """Crashes a worker in the middle of a run."""
+        with self.in_a_run(**settings) as process:
             time.sleep(0.2)  # from the progress line into the read itself
-            if self.wine:
-                subprocess.run(["wine", self.crasher, self.native(self.program)], check=True,
-                               env=self.environment(), timeout=HANG_SECONDS)
-                # Below wine the handler keeps the pipes open until it ends.
-                process.wait(HANG_SECONDS)
-                self.end_handlers()
-            else:
-                process.send_signal(number)
-            output = process.stdout.read()
-            errors = process.lines + process.stderr.read()
+            return self.end(process, number)
+
+    def crash_in_its_output(self, *arguments, **settings):
+        """Crashes a worker in the middle of writing its document: into a pipe that
+        is too small for it, and from which one byte is taken. Gives the numbers of
+        what belongs to its stack, too: where its arguments lie, and its thread."""
+        with self.in_a_run(*arguments, until=b"JSON output size", pipe_bytes=4096,
+                           **settings) as process:
+            first = process.stdout.read(1)
+            numbers = None
+            if not self.wine:
+                fields = pathlib.Path(f"/proc/{process.pid}/stat").read_text().rpartition(")")[2]
+                numbers = (int(fields.split()[45]), process.pid)
+            run = self.end(process, signal.SIGSEGV)
+            return Run(run.status, first + run.output, run.errors), numbers
+
+    def end(self, process, number):
+        """Sends a signal to a worker, and waits for its end. On Windows, whatever the
+        number, it runs into a breakpoint instead."""
+        if self.wine:
+            subprocess.run(["wine", self.crasher, self.native(self.program)], check=True,
+                           env=self.environment(), timeout=HANG_SECONDS)
+            # Below wine the handler keeps the pipes open until it ends.
             process.wait(HANG_SECONDS)
-            return Run(process.returncode, output, errors)
+            self.end_handlers()
+        else:
+            process.send_signal(number)
+        output = process.stdout.read()
+        errors = process.lines + process.stderr.read()
+        process.wait(HANG_SECONDS)
+        return Run(process.returncode, output, errors)
 
     def handlers(self):
         """The process numbers of this folder's handler."""
@@ -169,6 +215,33 @@ class Worker:
 
     def files(self):
         return sorted(str(p.relative_to(self.folder)) for p in self.folder.rglob("*"))
+
+
+def patch_level():
+    """Of LibreDWG, as docs/crash-reporting.md says it."""
+    patches = [p for folder in ("libredwg", "libredwg-speed")
+               for p in sorted((REPOSITORY / "cmake/patches" / folder).glob("*.patch"))]
+    digest = hashlib.sha256(b"".join(p.read_bytes() for p in patches)).hexdigest()
+    return f"{len(patches)}-{digest[:8]}"
+
+
+def traces(data, text):
+    """Which eight bytes in a row of a text are in the data, in the encodings of
+    both systems."""
+    found = set()
+    for encoding in ("utf-8", "utf-16-le"):
+        code = text.encode(encoding)
+        found |= {code[i : i + 8] for i in range(max(1, len(code) - 7)) if code[i : i + 8] in data}
+    return found
+
+
+def texts_of(value):
+    """All texts in a JSON value but its keys."""
+    if isinstance(value, str):
+        return {value}
+    if isinstance(value, dict):
+        value = list(value.values())
+    return set().union(*map(texts_of, value)) if isinstance(value, list) else set()
 
 
 def only_progress_lines(errors):
@@ -238,12 +311,13 @@ class Tests:
         self.count += 1
         return Worker(self.worker_file, self.scratch / f"{self.count} {FOLDER}", self.wine, **options)
 
-    def crash_and_receive(self, worker, database, number, **variables):
-        """Makes a worker crash and gives what its handler reports: the run, the
-        minidump and the event. Under wine it is taken from the database, for
-        wine's WinHTTP cannot post a body whose length is not known before."""
+    def crash_and_receive(self, worker, database, crash):
+        """Makes a worker crash, by a function that is given the DSN, and gives what
+        its handler reports: the function's result, the minidump and the event. Under
+        wine it is taken from the database, for wine's WinHTTP cannot post a body whose
+        length is not known before."""
         with ReportServer() as server:
-            run = worker.crash(number, KVT_SENTRY_DSN=server.dsn, **variables)
+            run = crash(KVT_SENTRY_DSN=server.dsn)
             if self.wine:
                 dumps = list((database / "reports").glob("*.dmp"))
                 events = list((database / "attachments").glob("*/__sentry-event"))
@@ -263,8 +337,9 @@ class Tests:
         worker = self.worker()
         database = self.scratch / f"Berichte {self.count} für 図面"
         run, minidump, event = self.crash_and_receive(
-            worker, database, number, KVT_SENTRY_DB=worker.native(database),
-            KVT_SENTRY_RELEASE="worker@1.2.3", KVT_SENTRY_ENV="testing-ä")
+            worker, database, functools.partial(
+                worker.crash, number, KVT_SENTRY_DB=worker.native(database),
+                KVT_SENTRY_RELEASE="worker@1.2.3", KVT_SENTRY_ENV="testing-ä"))
         require(self.wine or run.status == -number, f"the worker ended with {run.status}")
         require(run.output == b"", f"a crashed run printed {run.output!r}")
         require(only_progress_lines(run.errors), f"more than progress lines: {run.errors!r}")
@@ -295,9 +370,179 @@ class Tests:
     def default_database_lies_beside_the_worker(self):
         worker = self.worker()
         _, minidump, event = self.crash_and_receive(worker, worker.folder / "crashpad-db",
-                                                    signal.SIGSEGV)
+                                                    worker.crash)
         Minidump(minidump)
         require("release" not in unpack_messagepack(event), "the report has a release")
+
+    def reports_tell_of_the_drawing_but_not_its_name_or_contents(self):
+        """They end in the middle of the document's output, which shows, too, that a
+        crash leaves a document that no host takes for a whole one."""
+        for source, release, form in DRAWINGS:
+            worker = self.worker()
+            drawing = worker.folder / (SECRET_NAME + pathlib.Path(source).suffix)
+            shutil.copyfile(REPOSITORY / "tests" / "drawings" / source, drawing)
+            whole = worker.run(worker.native(drawing), "--complete")
+            database = worker.folder / "crashpad-db"
+            (run, numbers), minidump, event = self.crash_and_receive(
+                worker, database, functools.partial(
+                    worker.crash_in_its_output, worker.native(drawing), "--complete",
+                    OF_NO_CONCERN=SECRET_VALUE))
+            require(self.wine or run.status == -signal.SIGSEGV, f"the worker ended with {run.status}")
+            require(run.output and whole.output.startswith(run.output) and
+                    len(run.output) < len(whole.output) and b"\n" not in run.output,
+                    f"{len(run.output)} of {len(whole.output)} bytes were written")
+            tags = unpack_messagepack(event)["tags"]
+            require(tags == {"component": "dwg_import_worker",
+                             "libredwg.version": "0.14 (libredwg-sys 0.16.0)",
+                             "libredwg.patches": patch_level(), "drawing.format": form,
+                             "drawing.release": release}, f"the tags are {tags}")
+            if numbers is not None:
+                arguments, thread = numbers
+                address, stack = Minidump(minidump).stacks()[thread]
+                require(address <= arguments < address + len(stack),
+                        "the stack is not there to its bottom, where the name lies")
+            self.check_for_traces(worker, [minidump, event], whole.output)
+
+    def check_for_traces(self, worker, report, document):
+        program = worker.program.read_bytes()
+        contents = {text for text in texts_of(json.loads(document))
+                    if len(text) >= 8 and text.encode() not in program}
+        require(contents, "the drawing has no text to look for")
+        kept = [p.read_bytes() for p in (worker.folder / "crashpad-db").rglob("*") if p.is_file()]
+        for data in report + kept:
+            for text in (SECRET_NAME, SECRET_VALUE):
+                found = traces(data, text)
+                require(not found, f"a report holds {sorted(found)}")
+            found = {text for text in contents for encoding in ("utf-8", "utf-16-le")
+                     if text.encode(encoding) in data}
+            require(not found, f"a report holds the texts {sorted(found)[:5]}")
+
+    def report_of_standard_input_tells_no_release(self):
+        worker = self.worker()
+        _, _, event = self.crash_and_receive(worker, worker.folder / "crashpad-db", worker.crash)
+        tags = unpack_messagepack(event)["tags"]
+        require(tags.get("drawing.format") == "DWG" and "drawing.release" not in tags,
+                f"the tags are {tags}")
+
+    def all_kinds_of_crashes_are_reported(self):
+        if self.wine:
+            return "the program that crashes so is none of Windows"
+        for kind, number in CRASHES.items():
+            for sandbox in ((), ("sandbox",)):
+                worker = self.worker()
+                worker.be("crash_program")
+                run, minidump, event = self.crash_and_receive(
+                    worker, worker.folder / "crashpad-db",
+                    functools.partial(worker.run, kind, *sandbox))
+                what = f"{kind} {sandbox}"
+                require(run.status == -number, f"{what}: it ended with {run.status}")
+                minidump = Minidump(minidump)
+                require(minidump.exception_code() == number,
+                        f"{what}: the minidump tells of signal {minidump.exception_code()}")
+                stacks = minidump.stacks()
+                require(minidump.exception_thread() in stacks, f"{what}: the thread is not there")
+                require(len(stacks) == (2 if kind == "thread" else 1),
+                        f"{what}: {len(stacks)} threads")
+                # The C library tells of its broken list itself.
+                require(run.output == b"" and (kind == "malloc" or run.errors == b""),
+                        f"{what}: {run.output!r} {run.errors!r}")
+                require(unpack_messagepack(event)["tags"]["component"] == "crash_program",
+                        f"{what}: it is another event")
+        return None
+
+    def reports_come_without_the_call_that_reads_memory(self):
+        """As with kernels and containers that forbid process_vm_readv."""
+        if self.wine:
+            return "it is a call of Linux"
+        worker = self.worker()
+        worker.launcher = [worker.test_program("without_calls"), "process_vm_readv"]
+        run, minidump, _ = self.crash_and_receive(worker, worker.folder / "crashpad-db", worker.crash)
+        require(run.status == -signal.SIGSEGV, f"the worker ended with {run.status}")
+        minidump = Minidump(minidump)
+        require(any("dwg_import_worker" in name for name in minidump.modules()),
+                f"the worker is not among the modules {minidump.modules()}")
+        _, stack = minidump.stacks()[minidump.exception_thread()]
+        require(any(stack), "the stack is empty")
+        return None
+
+    def crash_without_a_report_ends_as_ever(self):
+        """Where the handler may not look into the worker, or is not there any more."""
+        if self.wine:
+            return "its parts are of Linux"
+        worker = self.worker()
+        worker.launcher = [worker.test_program("without_calls"), "ptrace"]
+        with ReportServer() as server:
+            run = worker.crash(KVT_SENTRY_DSN=server.dsn)
+            require((run.status, run.output) == (-signal.SIGSEGV, b""), f"status {run.status}")
+            require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+            require(not server.uploads, "a handler that may not look sent something")
+        worker = self.worker()
+        with worker.in_a_run(KVT_SENTRY_DSN=refusing_dsn()) as process:
+            worker.end_handlers()
+            require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+            run = worker.end(process, signal.SIGSEGV)
+        require((run.status, run.output) == (-signal.SIGSEGV, b""), f"status {run.status}")
+        return None
+
+    def run_goes_on_without_its_handler(self):
+        if self.wine:
+            return "below wine the handler cannot be ended alone"
+        worker = self.worker()
+        plain = worker.convert()
+        with worker.in_a_run("-", KVT_SENTRY_DSN=refusing_dsn()) as process:
+            worker.end_handlers()
+            require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+            output, _ = process.communicate(DRAWING.read_bytes(), timeout=HANG_SECONDS)
+        require(process.returncode == 0 and TIMINGS.sub(b'"timings":0}\n', output) == plain.output,
+                f"status {process.returncode}, output {output[:80]!r}")
+        return None
+
+    def full_disk_costs_only_the_report(self):
+        if self.wine:
+            return "the limit that plays it is one of Linux"
+
+        def fill_disk():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (NEARLY_FULL_BYTES, NEARLY_FULL_BYTES))
+
+        worker = self.worker()
+        database = worker.folder / "crashpad-db"
+        with ReportServer() as server:
+            run = worker.crash(KVT_SENTRY_DSN=server.dsn, prepare=fill_disk)
+            require(run.status == -signal.SIGSEGV, f"the worker ended with {run.status}")
+            require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+            require(not server.uploads, "something was sent")
+        require(database.is_dir(), "reporting was not active at all")
+        # With room again a report is made in the same database.
+        _, minidump, _ = self.crash_and_receive(worker, database, worker.crash)
+        Minidump(minidump)
+        return None
+
+    def two_workers_share_a_database(self):
+        if self.wine:
+            return "the program that crashes a worker finds the first one only"
+        one, other = self.worker(), self.worker()
+        database = one.native(self.scratch / f"geteilt {self.count}")
+        with ReportServer() as server:
+            settings = {"KVT_SENTRY_DSN": server.dsn, "KVT_SENTRY_DB": database}
+            with one.in_a_run(KVT_SENTRY_RELEASE="one", **settings) as first, \
+                    other.in_a_run(KVT_SENTRY_RELEASE="other", **settings) as second:
+                first.send_signal(signal.SIGSEGV)
+                second.send_signal(signal.SIGSEGV)
+                require((first.wait(HANG_SECONDS), second.wait(HANG_SECONDS)) ==
+                        (-signal.SIGSEGV, -signal.SIGSEGV), "they ended otherwise")
+                errors = first.stderr.read() + second.stderr.read()
+                require(only_progress_lines(errors), f"more than progress lines: {errors!r}")
+            require(server.wait(2, HANG_SECONDS), f"{len(server.uploads)} reports arrived")
+            require(wait_for(lambda: not one.handlers() + other.handlers()), "a handler stayed")
+            parts = [multipart_parts(headers, body) for _, headers, body in server.uploads]
+        releases = sorted(unpack_messagepack(p["__sentry-event"][1])["release"] for p in parts)
+        require(releases == ["one", "other"], f"reports of {releases} arrived")
+        dumps = {p["upload_file_minidump"][1] for p in parts}
+        require(len(dumps) == 2 and all(map(Minidump, dumps)), "it is one minidump twice")
+        kept = {p.read_bytes() for p in pathlib.Path(database).rglob("*.dmp")}
+        require(kept == dumps, f"the database keeps {len(kept)} minidumps")
+        return None
 
     def handler_runs_only_with_a_dsn_and_ends_with_the_run(self):
         worker = self.worker()
@@ -360,11 +605,27 @@ class Tests:
         blocker.write_bytes(b"")
         for variables in ({"KVT_SENTRY_DSN": "no such thing"},
                           {"KVT_SENTRY_DSN": refusing_dsn(),
-                           "KVT_SENTRY_DB": worker.native(blocker / "db")}):
+                           "KVT_SENTRY_DB": worker.native(blocker / "db")},
+                          # where not even the first user may write
+                          {"KVT_SENTRY_DSN": refusing_dsn(),
+                           "KVT_SENTRY_DB": worker.native(pathlib.Path("/proc/no-folder/db"))}):
             run = worker.convert(**variables)
             require((run.status, run.output) == (0, plain.output),
                     f"{variables}: status {run.status}, errors {run.errors!r}")
             require(only_progress_lines(run.errors), f"more than progress lines: {run.errors!r}")
+
+    def locked_report_leaves_the_run_silent(self):
+        """As when another worker's handler is sending a report of the same database."""
+        worker = self.worker()
+        worker.crash(KVT_SENTRY_DSN=refusing_dsn())
+        require(wait_for(lambda: not worker.handlers()), "the handler stayed")
+        metadata = list((worker.folder / "crashpad-db").rglob("*.meta"))
+        require(metadata, "the database keeps no report")
+        for file in metadata:
+            file.with_suffix(".lock").write_bytes(b"")
+        run = worker.convert(KVT_SENTRY_DSN=refusing_dsn())
+        require(run.status == 0 and only_progress_lines(run.errors),
+                f"status {run.status}, errors {run.errors!r}")
 
     def unreachable_server_does_not_hold_up_a_run(self):
         """Shown by the order of events: a run ends while a handler is still waiting
@@ -411,12 +672,21 @@ class Tests:
         return (
             self.report_of_a_bad_access_arrives,
             self.report_of_an_abort_arrives,
+            self.reports_tell_of_the_drawing_but_not_its_name_or_contents,
+            self.report_of_standard_input_tells_no_release,
+            self.all_kinds_of_crashes_are_reported,
+            self.reports_come_without_the_call_that_reads_memory,
+            self.crash_without_a_report_ends_as_ever,
+            self.run_goes_on_without_its_handler,
+            self.full_disk_costs_only_the_report,
+            self.two_workers_share_a_database,
             self.default_database_lies_beside_the_worker,
             self.handler_runs_only_with_a_dsn_and_ends_with_the_run,
             self.document_is_the_same_with_and_without_reporting,
             self.error_paths_are_the_same_with_reporting,
             self.missing_handler_leaves_the_run_working,
             self.unusable_settings_leave_the_run_working,
+            self.locked_report_leaves_the_run_silent,
             self.unreachable_server_does_not_hold_up_a_run,
             self.reports_come_out_of_the_sandbox,
             self.folders_of_ended_runs_go_with_the_next,
