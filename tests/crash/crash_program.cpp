@@ -66,14 +66,16 @@ void OnAlternateStack() {
 
 // The allocator follows a broken list while it holds its lock.
 void InMalloc() {
-  constexpr std::size_t kSize = 4096;  // kept in no cache of the thread's
+  constexpr std::size_t kSize = 4096;         // kept in no cache of the thread's
   void* volatile first = std::malloc(kSize);  // volatile: so that nobody sees what follows
   void* const barrier = std::malloc(kSize);
   std::free(first);
-  // A free block begins with its neighbours in the list.
+  // A free block begins with its neighbours in the list. This one is none: it does not
+  // name the block, so the C library aborts.
+  static std::uintptr_t stranger[8] = {};
   auto* const neighbours = static_cast<volatile std::uintptr_t*>(first);
-  neighbours[0] = 0x1010;
-  neighbours[1] = 0x1010;
+  neighbours[0] = reinterpret_cast<std::uintptr_t>(stranger);
+  neighbours[1] = reinterpret_cast<std::uintptr_t>(stranger);
   EnterSandbox();
   void* const second = std::malloc(2 * kSize);
   std::printf("%p %p", barrier, second);
