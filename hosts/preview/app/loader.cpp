@@ -36,6 +36,7 @@ Loader::~Loader() {
 
 void Loader::Start(const QString& drawing, const LoadOptions& options) {
   drawing_ = drawing;
+  showHidden_ = options.showHidden;
   clock_.start();
   worker_.Start(FindWorker(options.worker), drawing, options.limits);
 }
@@ -59,6 +60,7 @@ void Loader::Build(const QByteArray& document) {
     return;
   }
   auto scene = std::make_shared<Scene>(BuildScene(*drawing, QFileInfo(drawing_).absoluteDir()));
+  scene->showHidden = showHidden_;
   const LoadedDrawing loaded{scene, SummaryOf(*drawing, *scene, clock_.elapsed())};
   QMetaObject::invokeMethod(this, [this, loaded] { emit this->loaded(loaded); });
 }

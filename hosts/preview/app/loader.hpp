@@ -16,6 +16,8 @@ namespace preview {
 struct LoadOptions {
   QString worker;
   WorkerLimits limits;
+  // What the drawing hides is drawn too: frozen layers, invisible entities.
+  bool showHidden = false;
 };
 
 struct LoadedDrawing {
@@ -45,6 +47,7 @@ class Loader : public QObject {
 
   WorkerProcess worker_;
   QString drawing_;
+  bool showHidden_ = false;
   QElapsedTimer clock_;
   std::unique_ptr<QThread> builder_;
 };

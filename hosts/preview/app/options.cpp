@@ -67,6 +67,8 @@ void AddOptions(QCommandLineParser& parser) {
       {"background", "light or dark.", "name", "light"},
       {"no-lineweights", "All lines as thin as can be."},
       {"monochrome", "All in black, or white on a dark background; PNG and PDF."},
+      {"plain", "Asks the worker for the plain document, not for the complete one."},
+      {"show-hidden", "Draws frozen layers and invisible entities too."},
       {"list", "Prints sheets and their extents as JSON."},
       {"frames", "Times so many frames of zooming and panning.", "number"},
       {"worker", "The program that reads drawings.", "file"},
@@ -105,6 +107,8 @@ Options ParseOptions(const QStringList& arguments) {
   options.exporting.lineweights = !parser.isSet("no-lineweights");
   options.exporting.monochrome = parser.isSet("monochrome");
   options.exporting.region = RegionOf(parser.value("region"));
+  options.load.limits.complete = !parser.isSet("plain");
+  options.load.showHidden = parser.isSet("show-hidden");
   options.layout = parser.value("layout");
   options.png = parser.value("png");
   options.svg = parser.value("svg");

@@ -18,7 +18,34 @@ Layer ReadLayer(const QJsonObject& record) {
           .locked = record["locked"].toBool(false),
           .color = qRgb(color["r"].toInt(), color["g"].toInt(), color["b"].toInt()),
           .alpha = record["alpha"].toInt(255),
-          .lineweight = LineweightOf(record["lw"])};
+          .lineweight = LineweightOf(record["lw"]),
+          .frozen = record["frozen"].toBool(false),
+          .plotted = record["plotted"].toBool(true),
+          .linetype = record["linetype"].toString()};
+}
+
+LineType ReadLineType(const QJsonObject& record) {
+  LineType type{.name = record["name"].toString(), .dashes = {}};
+  for (const auto& value : record["dashes"].toArray()) {
+    const QJsonObject dash = value.toObject();
+    type.dashes.push_back({.length = NumberOf(dash, "length"),
+                           .text = dash["text"].toString(),
+                           .scale = dash["scale"].toDouble(1),
+                           .rotation = NumberOf(dash, "rotationRad"),
+                           .upright = dash["absoluteRotation"].toBool(),
+                           .offset = PointOf(dash, "x", "y")});
+  }
+  return type;
+}
+
+QHash<QString, TextStyle> ReadTextStyles(const QJsonArray& styles) {
+  QHash<QString, TextStyle> all;
+  for (const auto& value : styles) {
+    const QJsonObject record = value.toObject();
+    all.insert(record["name"].toString(),
+               {.font = record["font"].toString(), .vertical = record["vertical"].toBool()});
+  }
+  return all;
 }
 
 std::optional<PageSetup> ReadPage(const QJsonObject& record) {
@@ -69,7 +96,12 @@ Drawing ReadSections(const QJsonObject& document) {
                   .blocks = ReadBlocks(document["assets"].toArray()),
                   .entities = document["entities"].toArray(),
                   .layouts = {},
-                  .warnings = ReadTexts(document["warnings"].toArray())};
+                  .warnings = ReadTexts(document["warnings"].toArray()),
+                  .textStyles = ReadTextStyles(document["textStyles"].toArray()),
+                  .header = document["header"].toObject()};
+  for (const auto& linetype : document["linetypes"].toArray()) {
+    drawing.linetypes.push_back(ReadLineType(linetype.toObject()));
+  }
   for (const auto& layer : document["layers"].toArray()) {
     drawing.layers.push_back(ReadLayer(layer.toObject()));
   }

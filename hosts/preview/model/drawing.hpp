@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -28,6 +29,11 @@ struct Layer {
   int alpha = 255;
   // Hundredths of a millimetre; nothing for the default.
   std::optional<int> lineweight;
+  // Frozen layers hide their records and what stands in references on them.
+  bool frozen = false;
+  bool plotted = true;
+  // The name of its line type; empty for a continuous one.
+  QString linetype = {};
 };
 
 struct Block {
@@ -56,6 +62,28 @@ struct Layout {
   QJsonArray entities;
 };
 
+// A dash, a gap or a dot of a line type, and what stands at its end.
+struct Dash {
+  // Above 0 for a dash, below for a gap, 0 for a dot.
+  double length = 0;
+  // A text in the line; empty for none.
+  QString text = {};
+  double scale = 1;
+  double rotation = 0;
+  bool upright = false;
+  QPointF offset = {};
+};
+
+struct LineType {
+  QString name;
+  std::vector<Dash> dashes;
+};
+
+struct TextStyle {
+  QString font;
+  bool vertical = false;
+};
+
 struct Drawing {
   QString release;
   int units = 0;
@@ -65,6 +93,11 @@ struct Drawing {
   // In the order of their tabs.
   std::vector<Layout> layouts;
   QStringList warnings;
+  // Of the complete form; empty in the plain one.
+  std::vector<LineType> linetypes = {};
+  QHash<QString, TextStyle> textStyles = {};
+  // Variables by their names without the dollar sign.
+  QJsonObject header = {};
 };
 
 // The drawing of a document, or nothing and a reason in `problem` when the line

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "scene/dashes.hpp"
+#include "scene/vectors.hpp"
+
 namespace preview {
 namespace {
 
@@ -12,6 +15,9 @@ namespace {
 constexpr double kDotPixels = 1.0;
 // Smaller than this a text is a bar.
 constexpr double kBarPixels = 3.0;
+// A pattern of dashes, or lines of a hatch, closer than this look like a line or an area.
+constexpr double kShortestPattern = 3.0;
+constexpr double kClosestLines = 1.5;
 constexpr std::size_t kItemsBetweenLooks = 512;
 // Qt's rasteriser loses precision far outside of its device.
 constexpr double kFarOutside = 20000;
@@ -116,8 +122,10 @@ class Pass {
     }
     painter_.save();
     painter_.setClipPath(clip, Qt::IntersectClip);
+    dashFactor_ = scene_.dashesByPaper ? 1 / FactorOf(viewport.modelToSheet) : 1;
     PaintItems(scene_.sheets.front().items, viewport.modelToSheet * view_.toDevice, area,
                &viewport.frozen);
+    dashFactor_ = 1;
     painter_.restore();
     pen_ = {};
   }
@@ -130,7 +138,32 @@ class Pass {
       }
       PaintItem(items[i], toDevice, area, frozen);
     }
+    SetClip(0, toDevice);
     Flush();
+  }
+
+  // The clip of the references around an item, within that of the viewport.
+  void SetClip(int clip, const QTransform& toDevice) {
+    if (clip == clip_) {
+      return;
+    }
+    Flush();
+    if (clip_ > 0) {
+      painter_.restore();
+      pen_ = {};
+    }
+    if (clip > 0) {
+      painter_.save();
+      painter_.setClipPath(toDevice.map(scene_.clips[static_cast<std::size_t>(clip)]),
+                           Qt::IntersectClip);
+    }
+    clip_ = clip;
+  }
+
+  // By which a transform makes lengths greater.
+  static double FactorOf(const QTransform& transform) {
+    const double factor = std::sqrt(std::abs(transform.determinant()));
+    return factor > 0 && std::isfinite(factor) ? factor : 1;
   }
 
   void PaintItem(const Item& item, const QTransform& toDevice, const QRectF& area,
@@ -142,10 +175,13 @@ class Pass {
       return;
     }
     const QColor color = ColorOf(item.ink);
+    SetClip(item.clip, toDevice);
     if (box.width() < kDotPixels && box.height() < kDotPixels) {
       PaintDot(box.center(), color, item.lineweight);
     } else if (item.shape->isText && ShorterSide(box) < kBarPixels) {
       PaintBar(box, color);
+    } else if (item.dashes > 0 && PaintDashes(item, toDevice, area, color)) {
+      return;
     } else if (!item.shape->polyline.isEmpty()) {
       PaintPolyline(item, toDevice, area, color);
     } else {
@@ -188,10 +224,39 @@ class Pass {
       QPointF a = last;
       QPointF b = next;
       if (ClipSegment(a, b, wide)) {
-        lines_.append(a == b ? QLineF(a, a + QPointF(0.01, 0)) : QLineF(a, b));
+        AppendLine(a, b);
       }
       last = next;
     }
+  }
+
+  // Of an item that is one line, whatever its form; false where it looks continuous.
+  bool PaintDashes(const Item& item, const QTransform& toDevice, const QRectF& area,
+                   const QColor& color) {
+    const Shape& shape = *item.shape;
+    if (shape.parts.size() != 1 || shape.parts[0].fill != Fill::kNone || !shape.image.isNull()) {
+      return false;
+    }
+    const double reach = PenWidth(item.lineweight) + 1;
+    const auto dashes = DashesOf((item.place * toDevice).map(shape.parts[0].path),
+                                 scene_.dashPatterns[static_cast<std::size_t>(item.dashes)],
+                                 {.scale = item.dashScale * dashFactor_ * FactorOf(toDevice),
+                                  .restarts = shape.restartsDashes,
+                                  .area = area.adjusted(-reach, -reach, reach, reach),
+                                  .shortest = kShortestPattern});
+    if (!dashes) {
+      return false;
+    }
+    SetPen(color, item.lineweight);
+    for (const QLineF& dash : *dashes) {
+      AppendLine(dash.p1(), dash.p2());
+    }
+    return true;
+  }
+
+  // A line without length would not be painted.
+  void AppendLine(QPointF a, QPointF b) {
+    lines_.append(a == b ? QLineF(a, a + QPointF(0.01, 0)) : QLineF(a, b));
   }
 
   void PaintShape(const Item& item, const QTransform& toDevice, const QColor& color) {
@@ -217,15 +282,26 @@ class Pass {
 
   void PaintPart(const Part& part, const QTransform& transform, const QColor& color,
                  int lineweight) {
+    // Of a hatch's lines and the tint that stands for them, one is seen.
+    const bool isTint = part.fill == Fill::kPattern && part.spacing > 0;
+    if (part.spacing > 0 && isTint != (part.spacing * FactorOf(transform) < kClosestLines)) {
+      return;
+    }
     QPainterPath path = transform.map(part.path);
     if (part.fill == Fill::kNone) {
-      SetPen(color, lineweight);
+      SetPen(color, part.hairline ? 0 : lineweight);
       StrokePath(path);
       return;
     }
     QColor filling = part.fill == Fill::kPaper ? view_.background : color;
     if (part.fill == Fill::kPattern) {
       filling.setAlphaF(filling.alphaF() * static_cast<float>(kPatternOpacity));
+    }
+    if (part.gradient && !view_.monochrome) {
+      QBrush brush(*part.gradient);
+      brush.setTransform(transform);
+      painter_.fillPath(path, brush);
+      return;
     }
     painter_.fillPath(path, filling);
   }
@@ -286,6 +362,10 @@ class Pass {
   std::vector<bool> shown_;
   DotGrid dots_;
   PenLook pen_;
+  // Of the painter at present, as an index into the scene's clips.
+  int clip_ = 0;
+  // Of lengths of dashes in the viewport that is painted.
+  double dashFactor_ = 1;
   QList<QLineF> lines_;
 };
 
@@ -330,6 +410,9 @@ bool AnyFrozen(std::span<const int> layers, const std::vector<bool>& frozen) {
 
 bool IsShown(const Scene& scene, const Item& item, const std::vector<bool>& shown,
              const std::vector<bool>* frozen) {
+  if (item.hidden && !scene.showHidden) {
+    return false;
+  }
   if (item.layer >= 0 && !shown[static_cast<std::size_t>(item.layer)]) {
     return false;
   }

@@ -48,7 +48,8 @@ QColor ColorOn(const Ink& ink, const QColor& background);
 bool AnyFrozen(std::span<const int> layers, const std::vector<bool>& frozen);
 
 // Whether an item shows when some layers are off and, through a viewport, some
-// are frozen: a frozen layer also hides what stands in references on it.
+// are frozen: a frozen layer also hides what stands in references on it. Hidden
+// items show only when the scene shows them.
 bool IsShown(const Scene& scene, const Item& item, const std::vector<bool>& shown,
              const std::vector<bool>* frozen);
 

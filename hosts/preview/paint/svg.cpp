@@ -9,12 +9,16 @@
 
 #include "paint/look.hpp"
 #include "paint/sheet_painter.hpp"
+#include "scene/dashes.hpp"
 
 namespace preview {
 namespace {
 
 // The longer side of a picture in its own units.
 constexpr double kPictureUnits = 10000;
+// In those units: dashes and a pattern's lines that are closer look like a line or an area.
+constexpr double kShortestPattern = 15;
+constexpr double kClosestLines = 10;
 
 // With at most two decimals, without trailing zeros.
 void AppendNumber(QByteArray& out, double value) {
@@ -117,16 +121,60 @@ QByteArray StrokeAttributes(const Ink& ink, double width) {
   return out + Opacity("stroke-opacity", qAlpha(ink.rgba) / 255.0);
 }
 
-QByteArray PartElement(const Part& part, const Item& item, const QTransform& toPicture,
-                       const ExportOptions& options) {
-  const Ink& ink = part.ink ? *part.ink : item.ink;
+// The average colour stands for a gradient.
+Ink InkOfGradient(const QGradient& gradient) {
+  const QColor a = gradient.stops().first().second;
+  const QColor b = gradient.stops().last().second;
+  return {.foreground = false,
+          .rgba = qRgb((a.red() + b.red()) / 2, (a.green() + b.green()) / 2,
+                       (a.blue() + b.blue()) / 2)};
+}
+
+// Of a hatch's lines and the tint that stands for them, the one that is not seen.
+bool IsPassedOver(const Part& part, const QTransform& transform) {
+  const double spacing = part.spacing * std::sqrt(std::abs(transform.determinant()));
+  return part.spacing > 0 && (part.fill == Fill::kPattern) != (spacing < kClosestLines);
+}
+
+// The part's path in the picture, in dashes where the item has them.
+QPainterPath PicturePath(const Part& part, const Item& item, const Scene& scene,
+                         const QTransform& toPicture) {
+  const QPainterPath path = (item.place * toPicture).map(part.path);
+  if (part.fill != Fill::kNone || item.dashes == 0 || item.shape->parts.size() != 1) {
+    return path;
+  }
+  const auto dashes =
+      DashesOf(path, scene.dashPatterns[static_cast<std::size_t>(item.dashes)],
+               {.scale = item.dashScale * std::sqrt(std::abs(toPicture.determinant())),
+                .restarts = item.shape->restartsDashes,
+                .area = path.controlPointRect().adjusted(-1, -1, 1, 1),
+                .shortest = kShortestPattern});
+  if (!dashes) {
+    return path;
+  }
+  QPainterPath lines;
+  for (const QLineF& dash : *dashes) {
+    lines.moveTo(dash.p1());
+    lines.lineTo(dash.p2());
+  }
+  return lines;
+}
+
+QByteArray PartElement(const Part& part, const Item& item, const Scene& scene,
+                       const QTransform& toPicture, const ExportOptions& options) {
+  if (IsPassedOver(part, item.place * toPicture)) {
+    return {};
+  }
+  const QPainterPath path = PicturePath(part, item, scene, toPicture);
+  const Ink ink = part.gradient ? InkOfGradient(*part.gradient) : part.ink.value_or(item.ink);
   QByteArray out = "<path" + ClassOf(item);
-  out += part.fill == Fill::kNone ? StrokeAttributes(ink, StrokeWidth(item, options))
-                                  : FillAttributes(part, ink);
+  out += part.fill == Fill::kNone
+             ? StrokeAttributes(ink, part.hairline ? 1.0 : StrokeWidth(item, options))
+             : FillAttributes(part, ink);
   if (part.fill != Fill::kNone && part.path.fillRule() == Qt::WindingFill) {
     out += " fill-rule=\"nonzero\"";
   }
-  return out + " d=\"" + PathData((item.place * toPicture).map(part.path)) + "\"/>\n";
+  return out + " d=\"" + PathData(path) + "\"/>\n";
 }
 
 QByteArray ImageElement(const Item& item, const QTransform& toPicture) {
@@ -141,18 +189,42 @@ QByteArray ImageElement(const Item& item, const QTransform& toPicture) {
          "\" href=\"data:image/png;base64," + png.toBase64() + "\"/>\n";
 }
 
-QByteArray Elements(const std::vector<Item>& items, const QTransform& toPicture,
+QByteArray ClipStart(const Scene& scene, int clip, const QTransform& toPicture) {
+  const QPainterPath path = toPicture.map(scene.clips[static_cast<std::size_t>(clip)]);
+  const QByteArray id = "clip" + QByteArray::number(clip);
+  return "<clipPath id=\"" + id + "\"><path clip-rule=\"" +
+         (path.fillRule() == Qt::OddEvenFill ? "evenodd" : "nonzero") + "\" d=\"" + PathData(path) +
+         "\"/></clipPath>\n<g clip-path=\"url(#" + id + ")\">\n";
+}
+
+QByteArray ItemElements(const Item& item, const Scene& scene, const QTransform& toPicture,
+                        const ExportOptions& options) {
+  if (!item.shape->image.isNull()) {
+    return ImageElement(item, toPicture);
+  }
+  QByteArray out;
+  for (const Part& part : item.shape->parts) {
+    out += PartElement(part, item, scene, toPicture, options);
+  }
+  return out;
+}
+
+QByteArray Elements(const Scene& scene, const std::vector<Item>& items, const QTransform& toPicture,
                     const ExportOptions& options) {
   QByteArray out;
+  int clip = 0;
   for (const Item& item : items) {
-    if (!item.shape->image.isNull()) {
-      out += ImageElement(item, toPicture);
+    if (item.hidden && !scene.showHidden) {
       continue;
     }
-    for (const Part& part : item.shape->parts) {
-      out += PartElement(part, item, toPicture, options);
+    if (item.clip != clip) {
+      out += clip > 0 ? "</g>\n" : "";
+      clip = item.clip;
+      out += clip > 0 ? ClipStart(scene, clip, toPicture) : QByteArray();
     }
+    out += ItemElements(item, scene, toPicture, options);
   }
+  out += clip > 0 ? "</g>\n" : "";
   return out;
 }
 
@@ -220,7 +292,8 @@ QByteArray SheetContents(const Scene& scene, const Sheet& sheet, const QTransfor
     out += ViewportElement(scene, sheet.viewports[i], toPicture, modelToPicture,
                            id + "-view" + QByteArray::number(i));
   }
-  return out + "<g class=\"items\">\n" + Elements(sheet.items, toPicture, options) + "</g>\n";
+  return out + "<g class=\"items\">\n" + Elements(scene, sheet.items, toPicture, options) +
+         "</g>\n";
 }
 
 QByteArray ViewBox(const QRectF& area) {
@@ -264,7 +337,8 @@ QByteArray SvgStyle(const Scene& scene) {
 
 QByteArray SvgModelGroup(const Scene& scene, const ExportOptions& options) {
   return "<g id=\"model\" class=\"items\">\n" +
-         Elements(scene.sheets.front().items, ModelToPicture(scene, options), options) + "</g>\n";
+         Elements(scene, scene.sheets.front().items, ModelToPicture(scene, options), options) +
+         "</g>\n";
 }
 
 QByteArray SvgSheetElement(const Scene& scene, const Sheet& sheet, const QRectF& area,

@@ -89,7 +89,11 @@ void WorkerProcess::Start(const QString& worker, const QString& drawing,
 #endif
   process_.setStandardInputFile(QProcess::nullDevice());
   deadline_.start(limits.seconds * 1000);
-  process_.start(worker, {drawing}, QIODevice::ReadOnly);
+  QStringList arguments{drawing};
+  if (limits.complete) {
+    arguments << "--complete";
+  }
+  process_.start(worker, arguments, QIODevice::ReadOnly);
   if (process_.waitForStarted()) {
     LimitStartedProcess(process_.processId(), limits.megabytes);
   }

@@ -16,6 +16,8 @@ struct WorkerLimits {
   int seconds = 120;
   int megabytes = 4096;
   qint64 outputBytes = qint64{1} << 30;
+  // Which form of the document is asked for: the wider one, or the plain one.
+  bool complete = true;
 };
 
 struct WorkerResult {

@@ -61,7 +61,11 @@ Ink ResolveColor(const QJsonValue& color, int layer, const Inherited& from,
   return tag == QLatin1String("W") ? Ink{} : layers.InkOf(layer);
 }
 
-int ResolveLineweight(const QJsonValue& lineweight, int layer, const LayerTable& layers) {
+int ResolveLineweight(const QJsonValue& lineweight, int layer, const Inherited& from,
+                      const LayerTable& layers) {
+  if (from.insideBlock && lineweight.toString() == QLatin1String("K")) {
+    return from.lineweight;
+  }
   return lineweight.isDouble() ? std::max(0, lineweight.toInt()) : layers.LineweightOf(layer);
 }
 

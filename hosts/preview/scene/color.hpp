@@ -37,6 +37,9 @@ struct Inherited {
   int layer = -1;
   bool insideBlock = false;
   Ink byBlock;
+  int lineweight = kDefaultLineweight;
+  // Index into the scene's dash patterns.
+  int dashes = 0;
 };
 
 // A record's own layer; that of the reference for a part on layer "0".
@@ -47,7 +50,8 @@ int EffectiveLayer(const QJsonObject& record, const Inherited& from, const Layer
 Ink ResolveColor(const QJsonValue& color, int layer, const Inherited& from,
                  const LayerTable& layers);
 
-// An explicit lineweight, or the layer's for "L".
-int ResolveLineweight(const QJsonValue& lineweight, int layer, const LayerTable& layers);
+// An explicit lineweight, the reference's for "K", the layer's else.
+int ResolveLineweight(const QJsonValue& lineweight, int layer, const Inherited& from,
+                      const LayerTable& layers);
 
 }  // namespace preview

@@ -10,6 +10,7 @@
 
 #include "model/record.hpp"
 #include "scene/curves.hpp"
+#include "scene/plane.hpp"
 #include "scene/text_layout.hpp"
 #include "scene/vectors.hpp"
 
@@ -116,6 +117,14 @@ QString WithoutCodes(QString text) {
   return text.replace("%%c", QChar(0x2205), Qt::CaseInsensitive);
 }
 
+// Where two lines meet; the middle of the first one's ends when they do not.
+QPointF Meeting(QPointF a, QPointF along, QPointF b, QPointF other) {
+  const double cross = along.x() * other.y() - along.y() * other.x();
+  const QPointF way = b - a;
+  const double share = (way.x() * other.y() - way.y() * other.x()) / cross;
+  return std::isfinite(share) ? a + along * share : a + along / 2;
+}
+
 bool IsRadius(const QJsonObject& dimension) {
   return IsType(dimension, "DIMENSION_RADIUS");
 }
@@ -156,11 +165,86 @@ class Drafter {
         arrow_(dimension["arrowSize"].toDouble(height_)) {}
 
   std::vector<Part> Draw() {
-    IsRadius(dimension_) ? DrawRadius() : DrawLinear();
+    const QString type = dimension_["type"].toString();
+    if (type == QLatin1String("DIMENSION_ANG2LN")) {
+      DrawAngleOfLines();
+    } else if (type == QLatin1String("DIMENSION_ANG3PT") ||
+               type == QLatin1String("ARC_DIMENSION")) {
+      DrawAngle(PointAt("center"), PointAt("extensionPoint1"), PointAt("extensionPoint2"));
+    } else if (type == QLatin1String("DIMENSION_DIAMETER")) {
+      DrawAcross(PointAt("farCurvePoint"), PointAt("curvePoint"), true);
+    } else if (type == QLatin1String("LARGE_RADIAL_DIMENSION")) {
+      DrawAcross(PointAt("overrideCenter"), PointAt("curvePoint"), false);
+    } else if (type == QLatin1String("DIMENSION_ORDINATE")) {
+      AddLine(PointAt("featurePoint"), PointAt("leaderEnd"));
+      AddText(LayOut(), TextMiddle(PointAt("leaderEnd")), 0);
+    } else {
+      IsRadius(dimension_) ? DrawRadius() : DrawLinear();
+    }
     return std::move(parts_);
   }
 
  private:
+  QPointF PointAt(const char* key) const { return PointFromAbove(dimension_[QLatin1String(key)]); }
+
+  // The sector that the arc lies in is the one that is measured.
+  void DrawAngleOfLines() {
+    const std::vector<QPointF> first = PointsFromAbove(dimension_["line1"]);
+    const std::vector<QPointF> second = PointsFromAbove(dimension_["line2"]);
+    if (first.size() != 2 || second.size() != 2) {
+      return;
+    }
+    const QPointF u = first[1] - first[0];
+    const QPointF v = second[1] - second[0];
+    const QPointF center = Meeting(first[0], u, second[0], v);
+    const QPointF arm = PointAt("arcPoint") - center;
+    const double cross = u.x() * v.y() - u.y() * v.x();
+    const double alongU = (arm.x() * v.y() - arm.y() * v.x()) * cross;
+    const double alongV = (u.x() * arm.y() - u.y() * arm.x()) * cross;
+    DrawAngle(center, center + (alongU < 0 ? -u : u), center + (alongV < 0 ? -v : v));
+  }
+
+  // An arc from one arm to the other, through the arc's point.
+  void DrawAngle(QPointF center, QPointF end1, QPointF end2) {
+    const QPointF through = PointAt("arcPoint") - center;
+    const double radius = Length(through);
+    const auto angle = [](QPointF way) { return std::atan2(way.y(), way.x()); };
+    const auto turn = [](double from, double to) {
+      const double sweep = std::fmod(to - from, 2 * std::numbers::pi);
+      return sweep < 0 ? sweep + 2 * std::numbers::pi : sweep;
+    };
+    double from = angle(end1 - center);
+    double to = angle(end2 - center);
+    if (turn(from, angle(through)) > turn(from, to)) {
+      std::swap(from, to);
+      std::swap(end1, end2);
+    }
+    if (!(radius > 0)) {
+      return;
+    }
+    parts_.push_back({ArcPath(center, radius, from, to), Fill::kNone, line_});
+    const QPointF foot1 = center + DirectionOf(from) * radius;
+    const QPointF foot2 = center + DirectionOf(to) * radius;
+    AddExtension(end1, foot1);
+    AddExtension(end2, foot2);
+    AddArrow(foot1, -LeftOf(DirectionOf(from)));
+    AddArrow(foot2, LeftOf(DirectionOf(to)));
+    AddText(LayOut(), TextMiddle(center + DirectionOf((from + to) / 2) * radius), 0);
+  }
+
+  void DrawAcross(QPointF from, QPointF to, bool arrowAtStart) {
+    const QPointF way = to - from;
+    const TextLayout text = LayOut();
+    if (Length(way) > 0) {
+      AddBroken(from, to, text);
+      AddArrow(to, way);
+    }
+    if (arrowAtStart) {
+      AddArrow(from, -way);
+    }
+    AddText(text, TextMiddle((from + to) / 2), std::atan2(way.y(), way.x()));
+  }
+
   void AddLine(QPointF from, QPointF to) {
     const QPointF ends[] = {from, to};
     parts_.push_back({StraightPath(ends, false), Fill::kNone, line_});
@@ -268,7 +352,9 @@ class Drafter {
   }
 
   TextLayout LayOut() const {
-    return LayOutText({.html = HtmlOfPlainText(DimensionText(dimension_)),
+    // The complete form has the text as the style shows it.
+    const QString html = dimension_["html"].toString();
+    return LayOutText({.html = html.isEmpty() ? HtmlOfPlainText(DimensionText(dimension_)) : html,
                        .family = dimension_["fontFamily"].toString(),
                        .height = height_,
                        .alignment = Qt::AlignHCenter});

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <QtGui/qrgb.h>
+#include <QBrush>
 #include <QImage>
 #include <QJsonObject>
 #include <QPainterPath>
@@ -43,11 +44,23 @@ enum class Fill {
   kPaper     // the area hides what lies under it
 };
 
+// A line type as it is drawn: lengths of dashes and gaps in drawing units, in
+// turn, beginning with a dash; a dash of 0 is a dot. Empty for a continuous line.
+using DashPattern = std::vector<double>;
+
 struct Part {
   QPainterPath path;
   Fill fill = Fill::kNone;
   // Of its own instead of the item's.
   std::optional<Ink> ink;
+  // Drawn as thin as can be whatever the item's lineweight: the middle of a
+  // polyline that has a width.
+  bool hairline = false;
+  // Of a pattern's lines: their distance. Where it is too small to be seen, the
+  // area is tinted instead.
+  double spacing = 0;
+  // Of a filled area, in the shape's coordinates.
+  std::shared_ptr<const QGradient> gradient = nullptr;
 };
 
 struct Shape {
@@ -58,6 +71,8 @@ struct Shape {
   bool isText = false;
   // Its size depends on the fonts at hand: text, and what has text in it.
   bool hasText = false;
+  // Dashes begin anew at each of its points.
+  bool restartsDashes = false;
   // Mapped so that its unit square, Y up, is the picture's frame.
   QImage image;
   QTransform imagePlace;
@@ -80,6 +95,13 @@ struct Item {
   // Index into the scene's uses of blocks: the reference that it stands in; -1 for
   // what stands in the sheet itself.
   int use = -1;
+  // Index into the scene's dash patterns, and the factor to their lengths.
+  int dashes = 0;
+  double dashScale = 1;
+  // Index into the scene's clips; 0 for none.
+  int clip = 0;
+  // Invisible, on a frozen layer, or part of a reference that is either.
+  bool hidden = false;
 };
 
 // A reference that was expanded.
@@ -126,6 +148,15 @@ struct Scene {
   // The document's records, each once, however often its block is used.
   std::vector<QJsonObject> records;
   std::vector<BlockUse> uses;
+  // The first is empty.
+  std::vector<DashPattern> dashPatterns = {{}};
+  // In the coordinates of the sheet of the items that name them; the first is empty.
+  std::vector<QPainterPath> clips = {{}};
+  // Dashes have the same length on paper in all viewports (PSLTSCALE).
+  bool dashesByPaper = false;
+  // Whether any item is hidden, and whether hidden ones are drawn.
+  bool hasHidden = false;
+  bool showHidden = false;
   // The document's warnings and what could not be drawn.
   QStringList notes;
 };

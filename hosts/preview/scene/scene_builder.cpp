@@ -5,6 +5,8 @@
 
 #include "model/record.hpp"
 #include "scene/color.hpp"
+#include "scene/dashes.hpp"
+#include "scene/plane.hpp"
 #include "scene/shapes.hpp"
 #include "scene/vectors.hpp"
 #include "scene/viewport_mapping.hpp"
@@ -22,6 +24,12 @@ int FindSheet(const Scene& scene, const QString& name) {
 
 namespace {
 
+// Where a reference puts its block: more than one place for an array.
+struct References {
+  QString block;
+  std::vector<QTransform> places;
+};
+
 // A record that was looked at once, for all instances of its block.
 struct Prepared {
   QJsonObject record;
@@ -31,6 +39,10 @@ struct Prepared {
   bool infinite = false;
   // Of a dimension, whose parts depend on the reference's colour.
   bool dependsOnReference = false;
+  // Of a point whose mark's size is a share of the view.
+  bool dependsOnView = false;
+  // Of blocks that the document has.
+  std::optional<References> references = std::nullopt;
 };
 
 struct Place {
@@ -40,15 +52,90 @@ struct Place {
   int depth = 0;
   // Index into the scene's uses of blocks.
   int use = -1;
+  // Index into the scene's clips.
+  int clip = 0;
+  bool hidden = false;
 };
 
-QTransform TransformOfInsert(const QJsonObject& insert, QPointF base) {
+// Records in the order in which they are drawn. Attributes, which have no place of
+// their own, stay behind their reference.
+std::vector<QJsonObject> InDrawOrder(const QJsonArray& records) {
+  struct Ranked {
+    QJsonObject record;
+    double rank = 0;
+  };
+  std::vector<Ranked> ranked;
+  double last = -1;
+  for (const auto& value : records) {
+    const QJsonObject record = value.toObject();
+    last = record["drawOrder"].toDouble(last);
+    ranked.push_back({record, last});
+  }
+  std::stable_sort(ranked.begin(), ranked.end(),
+                   [](const Ranked& a, const Ranked& b) { return a.rank < b.rank; });
+  std::vector<QJsonObject> ordered;
+  for (Ranked& one : ranked) {
+    ordered.push_back(std::move(one.record));
+  }
+  return ordered;
+}
+
+constexpr int kMostCells = 100000;
+
+// The block's own coordinates to those that the insertion point counts in.
+QTransform ScaledAndTurned(QPointF at, double rotation, QPointF scale) {
   QTransform transform;
-  transform.translate(insert["x"].toDouble(), insert["y"].toDouble());
-  transform.rotateRadians(insert["rotationRad"].toDouble());
-  transform.scale(insert["scaleX"].toDouble(1), insert["scaleY"].toDouble(1));
-  transform.translate(-base.x(), -base.y());
+  transform.translate(at.x(), at.y());
+  transform.rotateRadians(rotation);
+  transform.scale(scale.x(), scale.y());
   return transform;
+}
+
+References ReferencesOfInsert(const QJsonObject& insert) {
+  References references{insert["blockName"].toString(), {}};
+  const double turn = NumberOf(insert, "rotationRad");
+  const QTransform turned = ScaledAndTurned(PointOf(insert, "x", "y"), turn, {1, 1});
+  const QTransform plane = PlaneOf(insert);
+  const int columns = std::max(1, insert["columns"].toInt(1));
+  const int rows = std::max(1, insert["rows"].toInt(1));
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      if (references.places.size() >= kMostCells) {
+        return references;
+      }
+      const QPointF shift(column * NumberOf(insert, "columnSpacing"),
+                          row * NumberOf(insert, "rowSpacing"));
+      references.places.push_back(
+          QTransform::fromScale(insert["scaleX"].toDouble(1), insert["scaleY"].toDouble(1)) *
+          QTransform::fromTranslate(shift.x(), shift.y()) * turned * plane);
+    }
+  }
+  return references;
+}
+
+// The content of a multileader that is a block.
+References ReferencesOfMultileader(const QJsonObject& block) {
+  const QPointF at = PointFromAbove(block["position"]);
+  const QJsonArray scale = block["scale"].toArray();
+  return {block["blockName"].toString(),
+          {ScaledAndTurned(at, NumberOf(block, "rotationRad"),
+                           {scale[0].toDouble(1), scale[1].toDouble(1)})}};
+}
+
+// The blocks that show a record: its references to their definitions, or what a
+// dimension or a table was drawn as last.
+References ReferencesOf(const QJsonObject& record) {
+  if (IsType(record, "INSERT")) {
+    return ReferencesOfInsert(record);
+  }
+  if (IsType(record, "MULTILEADER")) {
+    return ReferencesOfMultileader(record["block"].toObject());
+  }
+  if (IsType(record, "ACAD_TABLE")) {
+    return {record["blockName"].toString(),
+            {ScaledAndTurned(PointOf(record, "x", "y"), NumberOf(record, "rotationRad"), {1, 1})}};
+  }
+  return {record["blockName"].toString(), {QTransform()}};
 }
 
 // Exact for what is drawn: a mapped box would grow with every rotation.
@@ -75,9 +162,12 @@ class Builder {
   Builder(const Drawing& drawing, const QDir& folder, const BuildLimits& limits)
       : drawing_(drawing), limits_(limits), layers_(drawing.layers) {
     context_.folder = folder;
+    context_.header = drawing.header;
+    context_.styleInk = [](const QJsonValue&) { return Ink{}; };
     scene_.layers = drawing.layers;
     scene_.notes = drawing.warnings;
     scene_.ownerSets.emplace_back();
+    AddDashPatterns();
   }
 
   Scene Build() {
@@ -90,6 +180,19 @@ class Builder {
   }
 
  private:
+  void AddDashPatterns() {
+    for (const LineType& type : drawing_.linetypes) {
+      const DashPattern pattern = PatternOf(type);
+      if (!pattern.empty()) {
+        patterns_.insert(type.name.toCaseFolded(), static_cast<int>(scene_.dashPatterns.size()));
+        scene_.dashPatterns.push_back(pattern);
+      }
+    }
+    const double scale = drawing_.header["LTSCALE"].toDouble(1);
+    lineScale_ = scale > 0 && std::isfinite(scale) ? scale : 1;
+    scene_.dashesByPaper = drawing_.header["PSLTSCALE"].toInt() == 1;
+  }
+
   void AddSheet(const QString& name, const QJsonArray& records, const Layout* layout) {
     Sheet sheet;
     sheet.name = name;
@@ -117,8 +220,7 @@ class Builder {
   }
 
   void AddRecords(const QJsonArray& records) {
-    for (const auto& value : records) {
-      const QJsonObject record = value.toObject();
+    for (const QJsonObject& record : InDrawOrder(records)) {
       if (IsType(record, "VIEWPORT")) {
         AddViewport(record);
       } else {
@@ -128,9 +230,17 @@ class Builder {
   }
 
   Prepared Prepare(const QJsonObject& record) {
-    Prepared prepared{record, AddRecord(record), nullptr, IsInfinite(record),
-                      record.contains("textMidX")};
-    if (!prepared.dependsOnReference && !prepared.infinite) {
+    Prepared prepared{record,
+                      AddRecord(record),
+                      nullptr,
+                      IsInfinite(record),
+                      HasOwnColors(record),
+                      IsMarkedByView(record, drawing_.header)};
+    References references = ReferencesOf(record);
+    if (drawing_.blocks.contains(references.block)) {
+      prepared.references = std::move(references);
+    }
+    if (!prepared.dependsOnReference && !prepared.infinite && !prepared.dependsOnView) {
       prepared.shape = MakeShape(record, context_);
     }
     return prepared;
@@ -145,8 +255,8 @@ class Builder {
     auto found = contents_.find(block);
     if (found == contents_.end()) {
       found = contents_.emplace(block, std::vector<Prepared>{}).first;
-      for (const auto& value : drawing_.blocks[block].entities) {
-        found->second.push_back(Prepare(value.toObject()));
+      for (const QJsonObject& record : InDrawOrder(drawing_.blocks[block].entities)) {
+        found->second.push_back(Prepare(record));
       }
     }
     return found->second;
@@ -158,44 +268,96 @@ class Builder {
       return;
     }
     const int layer = EffectiveLayer(prepared.record, place.inherited, layers_);
-    if (IsType(prepared.record, "INSERT")) {
-      ExpandInsert(prepared, layer, place);
-    } else if (prepared.infinite) {
+    // Only a multileader is more than its block.
+    if (!prepared.references || IsType(prepared.record, "MULTILEADER")) {
+      ExpandItem(prepared, layer, place);
+    }
+    if (prepared.references) {
+      ExpandReferences(prepared, *prepared.references, layer, place);
+    }
+  }
+
+  void ExpandItem(const Prepared& prepared, int layer, const Place& place) {
+    if (prepared.infinite || prepared.dependsOnView) {
       infinite_.emplace_back(prepared, place);
     } else {
       AddItem(prepared, layer, place, true);
     }
   }
 
-  void ExpandInsert(const Prepared& reference, int layer, const Place& place) {
-    const QJsonObject& insert = reference.record;
-    const QString name = insert["blockName"].toString();
-    const auto block = drawing_.blocks.constFind(name);
-    if (block == drawing_.blocks.constEnd()) {
-      return;
-    }
-    if (place.depth >= limits_.depth || open_.contains(name)) {
+  void ExpandReferences(const Prepared& reference, const References& references, int layer,
+                        const Place& place) {
+    if (place.depth >= limits_.depth || open_.contains(references.block)) {
       ++tooDeep_;
       return;
     }
-    // Blocks that multiply through each other need not hold a single record.
-    if (++references_ > limits_.items) {
-      ++leftOut_;
-      return;
-    }
-    open_.append(name);
-    scene_.uses.push_back({.block = name, .record = reference.index, .parent = place.use});
-    const Place inside{TransformOfInsert(insert, block->base) * place.transform,
-                       {.layer = layer,
-                        .insideBlock = true,
-                        .byBlock = ResolveColor(insert["color"], layer, place.inherited, layers_)},
-                       OwnersWith(place.owners, layer),
-                       place.depth + 1,
-                       static_cast<int>(scene_.uses.size()) - 1};
-    for (const Prepared& prepared : Contents(name)) {
-      Expand(prepared, inside);
+    open_.append(references.block);
+    for (const QTransform& transform : references.places) {
+      // Blocks that multiply through each other need not hold a single record.
+      if (++references_ > limits_.items) {
+        ++leftOut_;
+        break;
+      }
+      ExpandReference(reference, references.block, transform, layer, place);
     }
     open_.removeLast();
+  }
+
+  void ExpandReference(const Prepared& reference, const QString& block, const QTransform& transform,
+                       int layer, const Place& place) {
+    const QJsonObject& record = reference.record;
+    const QPointF base = drawing_.blocks[block].base;
+    const QTransform toSheet = transform * place.transform;
+    scene_.uses.push_back({.block = block, .record = reference.index, .parent = place.use});
+    const Place inside{
+        QTransform::fromTranslate(-base.x(), -base.y()) * toSheet,
+        {.layer = layer,
+         .insideBlock = true,
+         .byBlock = ResolveColor(record["color"], layer, place.inherited, layers_),
+         .lineweight = ResolveLineweight(record["lw"], layer, place.inherited, layers_),
+         .dashes = DashesOf(record, layer, place.inherited)},
+        OwnersWith(place.owners, layer),
+        place.depth + 1,
+        static_cast<int>(scene_.uses.size()) - 1,
+        ClipWith(place.clip, QTransform::fromTranslate(-base.x(), -base.y()) * toSheet,
+                 ClipOutline(record, "block")),
+        IsHidden(record, layer, place)};
+    for (const Prepared& prepared : Contents(block)) {
+      Expand(prepared, inside);
+    }
+  }
+
+  // A clip within another one; the clip itself is not a record.
+  int ClipWith(int outer, const QTransform& place, const QPainterPath& outline) {
+    if (outline.isEmpty()) {
+      return outer;
+    }
+    QPainterPath clip = place.map(outline);
+    if (outer > 0) {
+      clip = clip.intersected(scene_.clips[static_cast<std::size_t>(outer)]);
+    }
+    scene_.clips.push_back(clip);
+    return static_cast<int>(scene_.clips.size()) - 1;
+  }
+
+  // Frozen layers hide what stands in references on them too.
+  bool IsHidden(const QJsonObject& record, int layer, const Place& place) const {
+    const bool isFrozen = layer >= 0 && scene_.layers[static_cast<std::size_t>(layer)].frozen;
+    return place.hidden || isFrozen || record["invisible"].toBool();
+  }
+
+  // Index of the pattern; 0 for a continuous line.
+  int DashesOf(const QJsonObject& record, int layer, const Inherited& from) const {
+    const QString name = record["linetype"].toString();
+    if (name == QLatin1String("K")) {
+      return from.dashes;
+    }
+    if (name != QLatin1String("L")) {
+      return patterns_.value(name.toCaseFolded());
+    }
+    return layer < 0 ? 0
+                     : patterns_.value(
+                           scene_.layers[static_cast<std::size_t>(layer)].linetype.toCaseFolded());
   }
 
   int OwnersWith(int owners, int layer) {
@@ -216,8 +378,8 @@ class Builder {
     context_.styleInk = [&](const QJsonValue& color) {
       return ResolveColor(color, layer, place.inherited, layers_);
     };
-    return prepared.dependsOnReference || prepared.infinite ? MakeShape(prepared.record, context_)
-                                                            : nullptr;
+    const bool isOpen = prepared.dependsOnReference || prepared.infinite || prepared.dependsOnView;
+    return isOpen ? MakeShape(prepared.record, context_) : nullptr;
   }
 
   void AddItem(const Prepared& prepared, int layer, const Place& place, bool counts) {
@@ -225,22 +387,42 @@ class Builder {
     if (!shape) {
       return;
     }
-    Item item{.shape = shape,
-              .place = place.transform,
-              .bounds = BoundsOf(*shape, place.transform),
-              .ink = ResolveColor(prepared.record["color"], layer, place.inherited, layers_),
-              .lineweight = ResolveLineweight(prepared.record["lw"], layer, layers_),
-              .layer = layer,
-              .owners = place.owners,
-              .record = prepared.index,
-              .use = place.use};
-    if (counts && IsVisible(layer)) {
+    Item item{
+        .shape = shape,
+        .place = place.transform,
+        .bounds = BoundsOf(*shape, place.transform),
+        .ink = ResolveColor(prepared.record["color"], layer, place.inherited, layers_),
+        .lineweight = ResolveLineweight(prepared.record["lw"], layer, place.inherited, layers_),
+        .layer = layer,
+        .owners = place.owners,
+        .record = prepared.index,
+        .use = place.use,
+        .dashes = DashesOf(prepared.record, layer, place.inherited),
+        .dashScale = lineScale_ * prepared.record["linetypeScale"].toDouble(1),
+        .clip = ClipOf(prepared.record, place),
+        .hidden = IsHidden(prepared.record, layer, place)};
+    ClipBounds(item);
+    scene_.hasHidden = scene_.hasHidden || item.hidden;
+    if (counts && IsVisible(layer) && !item.hidden) {
       Grow(finite_, item.bounds);
       if (!shape->hasText) {
         Grow(geometry_, item.bounds);
       }
     }
     sheet_->items.push_back(std::move(item));
+  }
+
+  // Of a picture, besides that of the references around it.
+  int ClipOf(const QJsonObject& record, const Place& place) {
+    return IsType(record, "IMAGE")
+               ? ClipWith(place.clip, place.transform, ClipOutline(record, "world"))
+               : place.clip;
+  }
+
+  void ClipBounds(Item& item) const {
+    if (item.clip > 0) {
+      item.bounds = item.bounds & scene_.clips[static_cast<std::size_t>(item.clip)].boundingRect();
+    }
   }
 
   bool IsVisible(int layer) const {
@@ -251,6 +433,7 @@ class Builder {
   void AddInfinite() {
     const QRectF around = finite_.value_or(QRectF(-50, -50, 100, 100));
     const double finite = std::max({around.width(), around.height(), 1e-6});
+    context_.viewHeight = finite;
     for (const auto& [prepared, place] : infinite_) {
       const QPointF at = place.transform.map(OriginOf(prepared.record));
       const QPointF off = at - around.center();
@@ -259,12 +442,15 @@ class Builder {
       context_.reach = reach / (factor > 0 ? factor : 1);
       AddItem(prepared, EffectiveLayer(prepared.record, place.inherited, layers_), place, false);
       Grow(finite_, QRectF(at, QSizeF(0, 0)));
+      if (prepared.dependsOnView) {
+        Grow(geometry_, QRectF(at, QSizeF(0, 0)));
+      }
     }
     infinite_.clear();
   }
 
   static QPointF OriginOf(const QJsonObject& record) {
-    return IsType(record, "PDFUNDERLAY") ? PointOf(record, "ix", "iy") : PointOf(record, "x", "y");
+    return record.contains("ix") ? PointOf(record, "ix", "iy") : PointOf(record, "x", "y");
   }
 
   void AddViewport(const QJsonObject& record) {
@@ -322,9 +508,11 @@ class Builder {
                              .place = {},
                              .bounds = sheet_->viewports.back().clip.boundingRect(),
                              .ink = ResolveColor(record["color"], layer, {}, layers_),
-                             .lineweight = ResolveLineweight(record["lw"], layer, layers_),
+                             .lineweight = ResolveLineweight(record["lw"], layer, {}, layers_),
                              .layer = layer,
-                             .owners = 0});
+                             .owners = 0,
+                             .hidden = IsHidden(record, layer, {})});
+    scene_.hasHidden = scene_.hasHidden || sheet_->items.back().hidden;
   }
 
   void AddNotes() {
@@ -354,6 +542,9 @@ class Builder {
   // A map, whose elements stay where they are while more are prepared.
   std::map<QString, std::vector<Prepared>> contents_;
   std::map<std::pair<int, int>, int> ownerSets_;
+  // Of line types that are not continuous, by their names in lower case.
+  QHash<QString, int> patterns_;
+  double lineScale_ = 1;
   std::vector<std::pair<Prepared, Place>> infinite_;
   // The blocks that are being expanded, outermost first.
   QStringList open_;

@@ -1,18 +1,26 @@
 #include "scene/shapes.hpp"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QHash>
 #include <QImageReader>
 #include <QJsonArray>
+#include <QPainter>
 
 #include <cmath>
 
 #include "model/record.hpp"
 #include "scene/curves.hpp"
 #include "scene/dimension.hpp"
+#include "scene/hatch.hpp"
+#include "scene/plane.hpp"
+#include "scene/spline.hpp"
+#include "scene/tables.hpp"
 #include "scene/text_layout.hpp"
 #include "scene/vectors.hpp"
 #include "scene/viewport_mapping.hpp"
+#include "scene/wide_lines.hpp"
+#include "scene/wires.hpp"
 
 namespace preview {
 namespace {
@@ -94,9 +102,63 @@ ShapePtr LineShape(const QJsonObject& record) {
   return Outline(StraightPath(ends, false));
 }
 
-// A dot: a line without length, which every pen draws as one.
-ShapePtr PointShape(const QJsonObject& record) {
+// Bits of PDMODE, and what its low bits mean.
+constexpr int kPointFigure = 7;
+constexpr int kPointCircle = 32;
+constexpr int kPointSquare = 64;
+enum PointFigure { kDot, kNothing, kPlus, kCross, kTick };
+
+// A share of the view's height without a size of its own.
+double PointSize(const ShapeContext& context) {
+  constexpr double kShareOfView = 5;
+  const double size = NumberOf(context.header, "PDSIZE");
+  return size > 0 ? size : context.viewHeight * (size < 0 ? -size : kShareOfView) / 100;
+}
+
+QPainterPath PointMark(QPointF at, int mode, double size) {
+  const double half = size / 2;
+  QPainterPath path;
+  const auto line = [&](double x1, double y1, double x2, double y2) {
+    path.moveTo(at + QPointF(x1, y1) * half);
+    path.lineTo(at + QPointF(x2, y2) * half);
+  };
+  switch (mode & kPointFigure) {
+    case kDot: line(0, 0, 0, 0); break;
+    case kPlus:
+      line(-2, 0, 2, 0);
+      line(0, -2, 0, 2);
+      break;
+    case kCross:
+      line(-2, -2, 2, 2);
+      line(-2, 2, 2, -2);
+      break;
+    case kTick: line(0, 0, 0, 1); break;
+    default: break;
+  }
+  if ((mode & kPointCircle) != 0) {
+    path.addEllipse(at, half, half);
+  }
+  if ((mode & kPointSquare) != 0) {
+    path.addRect(QRectF(at - QPointF(half, half), QSizeF(size, size)));
+  }
+  return path;
+}
+
+// As the drawing marks its points; without a mark a dot: a line without length,
+// which every pen draws as one.
+ShapePtr PointShape(const QJsonObject& record, const ShapeContext& context) {
   const QPointF at = PointOf(record, "x", "y");
+  const int mode = context.header["PDMODE"].toInt();
+  if (mode == kNothing) {
+    return nullptr;
+  }
+  const double size = PointSize(context);
+  if (mode > 0 && size > 0 && std::isfinite(size)) {
+    QTransform turn;
+    turn.translate(at.x(), at.y());
+    turn.rotateRadians(-NumberOf(record, "angleRad"));
+    return Outline(turn.map(PointMark({}, mode, size)));
+  }
   auto shape = std::make_shared<Shape>();
   QPainterPath path(at);
   path.lineTo(at);
@@ -132,7 +194,25 @@ ShapePtr ArcShape(const QJsonObject& record) {
              : nullptr;
 }
 
+// Centre and major axis are in the world; the normal gives the minor axis.
+QPainterPath TiltedEllipse(const QJsonObject& record) {
+  const Vector3 major{NumberOf(record, "smAxisX"), NumberOf(record, "smAxisY"),
+                      NumberOf(record, "smAxisZ")};
+  const Vector3 normal =
+      record.contains("extrusion") ? VectorOf(record["extrusion"]) : Vector3{0, 0, 1};
+  const double size = std::sqrt(normal.x * normal.x + normal.y * normal.y + normal.z * normal.z);
+  const double ratio = size > 0 ? NumberOf(record, "axisRatio") / size : 0;
+  const Vector3 minor = Cross(normal, major);
+  const QTransform place(major.x, major.y, minor.x * ratio, minor.y * ratio, NumberOf(record, "cx"),
+                         NumberOf(record, "cy"));
+  return place.map(
+      ArcPath({}, 1, NumberOf(record, "startAngleRad"), NumberOf(record, "endAngleRad")));
+}
+
 QPainterPath EllipsePathOf(const QJsonObject& record) {
+  if (record.contains("extrusion") || record.contains("smAxisZ")) {
+    return TiltedEllipse(record);
+  }
   return EllipsePath(
       {.center = PointOf(record, "cx", "cy"),
        .majorLength = NumberOf(record, "semiMajor"),
@@ -147,9 +227,40 @@ QPainterPath PolylinePath(const QJsonObject& record) {
   return BulgedPath(points, bulges, record["closed"].toBool());
 }
 
+// Of each segment; empty for a polyline without width.
+std::vector<SegmentWidth> WidthsOf(const QJsonObject& record, std::size_t segments) {
+  const double all = NumberOf(record, "constWidth");
+  if (all > 0) {
+    return std::vector<SegmentWidth>(segments, {all, all});
+  }
+  std::vector<SegmentWidth> widths;
+  for (const auto& value : record["widths"].toArray()) {
+    const QJsonArray pair = value.toArray();
+    widths.emplace_back(std::max(0.0, pair[0].toDouble()), std::max(0.0, pair[1].toDouble()));
+  }
+  return widths;
+}
+
 // A point that is one vertex twice, or one vertex only, still shows.
-ShapePtr PolylineShape(const QJsonObject& record) {
-  return Outline(PolylinePath(record));
+ShapePtr PolylineShape(const QJsonObject& record, const ShapeContext& context) {
+  const std::vector<QPointF> points = PointsOf(record["points"].toArray());
+  const std::vector<SegmentWidth> widths = WidthsOf(record, points.size());
+  const bool generates = record["linetypeGeneration"].toBool();
+  const ShapePtr outline = Outline(PolylinePath(record));
+  if (!outline || (widths.empty() && generates)) {
+    return outline;
+  }
+  auto shape = std::make_shared<Shape>(*outline);
+  shape->restartsDashes = !generates;
+  if (!widths.empty()) {
+    shape->polyline.clear();
+    shape->parts[0].hairline = true;
+    const std::vector<double> bulges = NumbersOf(record["bulges"].toArray());
+    shape->parts.push_back({WidePath(points, bulges, widths, record["closed"].toBool()),
+                            context.header["FILLMODE"].toBool(true) ? Fill::kSolid : Fill::kNone,
+                            std::nullopt});
+  }
+  return shape;
 }
 
 // Whether the last point is the first one again, but for the ten digits that
@@ -180,7 +291,12 @@ bool MayBeSamples(const QJsonObject& record, const std::vector<QPointF>& points)
 
 // Through the points in any case. Where they may be samples, sharp turns stay
 // corners: fit points that turn so sharply get corners too, which is the price.
+// The complete form has the curve itself.
 ShapePtr SplineShape(const QJsonObject& record) {
+  const QPainterPath exact = SplinePath(SplineOf(record));
+  if (!exact.isEmpty()) {
+    return Outline(exact);
+  }
   const std::vector<QPointF> points = PointsOf(record["fit_pts"].toArray());
   if (MayBeSamples(record, points)) {
     return Outline(SmoothedPath(points));
@@ -189,16 +305,41 @@ ShapePtr SplineShape(const QJsonObject& record) {
                                   {TangentOf(record, "beg_tan"), TangentOf(record, "end_tan")}));
 }
 
-QPainterPath HatchPath(const QJsonObject& record) {
-  QPainterPath path;
-  for (const auto& loop : record["loops"].toArray()) {
-    path.addPath(StraightPath(FlatPointsOf(loop.toArray()), true));
+void AddBackground(Shape& shape, const QPainterPath& area, const QJsonObject& record,
+                   const ShapeContext& context) {
+  if (record.contains("background")) {
+    shape.parts.push_back({area, Fill::kSolid, context.styleInk(record["background"])});
   }
-  return path;
 }
 
-ShapePtr HatchShape(const QJsonObject& record) {
-  return Filled(HatchPath(record), record["solid"].toBool() ? Fill::kSolid : Fill::kPattern);
+// A pattern that the record does not hold, or that is too dense, is a tint.
+ShapePtr HatchShape(const QJsonObject& record, const ShapeContext& context) {
+  const QPainterPath area = HatchPath(record);
+  if (area.isEmpty()) {
+    return nullptr;
+  }
+  auto shape = std::make_shared<Shape>();
+  if (record.contains("gradient")) {
+    Part part{area, Fill::kSolid, std::nullopt};
+    part.gradient = GradientOf(area.boundingRect(), record["gradient"].toObject());
+    shape->parts.push_back(part);
+    return shape;
+  }
+  if (record["solid"].toBool()) {
+    return Filled(area, Fill::kSolid);
+  }
+  AddBackground(*shape, area, record, context);
+  const auto lines = LinesOfPattern(area, record["pattern"].toObject());
+  if (!lines) {
+    shape->parts.push_back({area, Fill::kPattern, std::nullopt});
+    return shape;
+  }
+  Part tint{area, Fill::kPattern, std::nullopt};
+  tint.spacing = lines->spacing;
+  Part part{lines->path, Fill::kNone, std::nullopt};
+  part.spacing = lines->spacing;
+  shape->parts.insert(shape->parts.end(), {tint, part});
+  return shape;
 }
 
 // A rectangular outline may come as two opposite corners.
@@ -226,7 +367,9 @@ ShapePtr PlacedText(const TextLayout& layout, const QTransform& place) {
 TextSource SingleLineSource(const QJsonObject& record) {
   return {.html = record["html"].toString(),
           .family = record["fontFamily"].toString(),
-          .height = NumberOf(record, "height")};
+          .height = NumberOf(record, "height"),
+          .widthFactor = record["widthFactor"].toDouble(1),
+          .obliqueRad = NumberOf(record, "obliqueRad")};
 }
 
 ShapePtr SingleLineShape(const TextSource& source, const QJsonObject& record) {
@@ -251,16 +394,73 @@ ShapePtr AttributeShape(const QJsonObject& record) {
   return SingleLineShape(source, record);
 }
 
-ShapePtr MtextShape(const QJsonObject& record) {
+// Where the heights of columns are not stored, all have the frame's.
+std::vector<double> ColumnHeights(const QJsonObject& record, const QJsonObject& columns) {
+  if (!columns.contains("type") || columns.contains("linked")) {
+    return {};
+  }
+  std::vector<double> heights = NumbersOf(columns["heights"].toArray());
+  const auto count = static_cast<std::size_t>(std::clamp(columns["count"].toInt(1), 1, 100));
+  heights.resize(count, NumberOf(record, "frameHeight"));
+  const bool known =
+      std::all_of(heights.begin(), heights.end() - 1, [](double h) { return h > 0; });
+  return known ? heights : std::vector<double>{};
+}
+
+// What lies behind a text: a mask, a frame.
+void AddBackground(std::vector<Part>& parts, const TextLayout& layout, const QTransform& place,
+                   const QJsonObject& background, double height, const ShapeContext& context) {
+  if (background.isEmpty() || layout.parts.empty()) {
+    return;
+  }
+  const double rim = std::max(0.0, background["scale"].toDouble(1.5) - 1) * height;
+  QPainterPath path;
+  path.addRect(QRectF(QPointF(-rim, layout.ascent - layout.height - rim),
+                      QPointF(layout.width + rim, layout.ascent + rim)));
+  path = place.map(path);
+  const QString fill = background["fill"].toString();
+  if (fill == QLatin1String("color")) {
+    parts.push_back({path, Fill::kSolid, context.styleInk(background["color"])});
+  } else if (fill == QLatin1String("window")) {
+    parts.push_back({path, Fill::kPaper, std::nullopt});
+  }
+  if (background["frame"].toBool()) {
+    parts.push_back({path, Fill::kNone, std::nullopt});
+  }
+}
+
+ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
+  const QJsonObject columns = record["columns"].toObject();
+  const double columnWidth = NumberOf(columns, "width");
   const TextLayout layout =
       LayOutText({.html = record["html"].toString(),
                   .family = record["fontFamily"].toString(),
                   .height = NumberOf(record, "height"),
-                  .width = std::max(0.0, NumberOf(record, "width")),
+                  .width = columnWidth > 0 ? columnWidth : std::max(0.0, NumberOf(record, "width")),
                   .runs = record["runs"].toArray(),
                   .blocks = record["blocks"].toArray(),
-                  .alignment = AlignmentOfAttachment(record["attachment"].toInt(1))});
-  return PlacedText(layout, PlaceMultiLine(layout, record));
+                  .alignment = AlignmentOfAttachment(record["attachment"].toInt(1)),
+                  .lineSpacing = std::clamp(record["lineSpacingFactor"].toDouble(1), 0.25, 4.0),
+                  .columnHeights = ColumnHeights(record, columns),
+                  .columnGutter = NumberOf(columns, "gutter")});
+  QJsonObject at = record;
+  // The place and the direction are in the world; from behind only the text is
+  // turned.
+  if (VectorOf(record["extrusion"]).z < 0) {
+    at["mirroredY"] = true;
+  }
+  const QTransform place = PlaceMultiLine(layout, at);
+  const ShapePtr text = PlacedText(layout, place);
+  if (!text || !record.contains("background")) {
+    return text;
+  }
+  auto shape = std::make_shared<Shape>(*text);
+  shape->isText = false;
+  shape->parts.clear();
+  AddBackground(shape->parts, layout, place, record["background"].toObject(),
+                NumberOf(record, "height"), context);
+  AppendPlaced(shape->parts, layout, place);
+  return shape;
 }
 
 // An arrow needs a first segment of twice its length, or it is left out.
@@ -272,13 +472,33 @@ void AddLeaderLine(Shape& shape, const std::vector<QPointF>& points, bool arrow,
   }
 }
 
+// From the last point towards the text, as long as an arrow.
+void AddHookLine(Shape& shape, const QJsonObject& record, const std::vector<QPointF>& points) {
+  const QPointF along = PointFromAbove(record["xDirection"]);
+  const bool hooks = record["hookLine"].toBool() && record["annotationType"].toInt(3) == 0;
+  if (!hooks || along.isNull()) {
+    return;
+  }
+  const QPointF way = points.back() - points[points.size() - 2];
+  const double side = Dot(way, along) < 0 ? -1 : 1;
+  const QPointF ends[] = {points.back(),
+                          points.back() + along * (side * NumberOf(record, "arrowSize"))};
+  shape.parts.push_back({StraightPath(ends, false), Fill::kNone, std::nullopt});
+}
+
 ShapePtr LeaderShape(const QJsonObject& record) {
   const std::vector<QPointF> points = PointsOf(record["points"].toArray());
   if (points.size() < 2) {
     return nullptr;
   }
   auto shape = std::make_shared<Shape>();
-  AddLeaderLine(*shape, points, record["arrowOn"].toBool(), NumberOf(record, "arrowSize"));
+  const bool noArrow = record["arrowBlock"].toString().compare("_None", Qt::CaseInsensitive) == 0;
+  AddLeaderLine(*shape, points, record["arrowOn"].toBool() && !noArrow,
+                NumberOf(record, "arrowSize"));
+  if (record["spline"].toBool() && points.size() > 2) {
+    shape->parts[0].path = InterpolatedPath(points, false, {});
+  }
+  AddHookLine(*shape, record, points);
   return shape;
 }
 
@@ -288,10 +508,74 @@ void AddMultileaderText(Shape& shape, const QJsonObject& text) {
   AppendPlaced(shape.parts, layout, PlaceMultiLine(layout, text));
 }
 
+// A line of the complete form, with what it has of its own.
+void AddMultileaderLine(Shape& shape, const QJsonObject& line, const QJsonObject& leader,
+                        const QJsonObject& record) {
+  std::vector<QPointF> points = PointsFromAbove(line["points"]);
+  if (leader.contains("landing")) {
+    points.push_back(PointFromAbove(leader["landing"]));
+  }
+  const int type = line["leaderType"].toInt(record["leaderType"].toInt(1));
+  if (points.size() < 2 || type == 0) {
+    return;
+  }
+  const double size = line["arrowSize"].toDouble(NumberOf(record, "arrowSize"));
+  const QString arrow = line["arrowBlock"].toString(record["arrowBlock"].toString());
+  const std::size_t first = shape.parts.size();
+  AddLeaderLine(shape, points, arrow.compare("_None", Qt::CaseInsensitive) != 0, size);
+  if (type == 2 && points.size() > 2) {
+    shape.parts[first].path = InterpolatedPath(points, false, {});
+  }
+}
+
+void AddMultileaderLines(Shape& shape, const QJsonObject& record) {
+  for (const auto& value : record["leaders"].toArray()) {
+    const QJsonObject leader = value.toObject();
+    for (const auto& line : leader["lines"].toArray()) {
+      AddMultileaderLine(shape, line.toObject(), leader, record);
+    }
+    const QPointF landing = PointFromAbove(leader["landing"]);
+    const QPointF dogleg =
+        PointFromAbove(leader["doglegDirection"]) * NumberOf(leader, "doglegLength");
+    if (record["hasDogleg"].toBool() && !dogleg.isNull()) {
+      const QPointF ends[] = {landing, landing + dogleg};
+      shape.parts.push_back({StraightPath(ends, false), Fill::kNone, std::nullopt});
+    }
+  }
+}
+
+// The text of the complete form stands at its place by its own alignment.
+void AddMultileaderContent(Shape& shape, const QJsonObject& record) {
+  const QJsonObject content = record["textContent"].toObject();
+  const QJsonObject text = record["text"].toObject();
+  const int attachment = std::clamp(content["attachment"].toInt(1), 1, 3);
+  const TextLayout layout = LayOutText({.html = text["html"].toString(),
+                                        .height = NumberOf(text, "height"),
+                                        .width = std::max(0.0, NumberOf(content, "width")),
+                                        .alignment = AlignmentOfAttachment(attachment)});
+  QJsonObject at = text;
+  at["attachment"] = attachment;
+  const QTransform place = PlaceMultiLine(layout, at);
+  AppendPlaced(shape.parts, layout, place);
+  if (record["textFrame"].toBool() && !layout.parts.empty()) {
+    const double gap = NumberOf(record, "landingGap");
+    QPainterPath frame;
+    frame.addRect(QRectF(QPointF(-gap, layout.ascent - layout.height - gap),
+                         QPointF(layout.width + gap, layout.ascent + gap)));
+    shape.parts.push_back({place.map(frame), Fill::kNone, std::nullopt});
+  }
+}
+
 // The last line, when it is a single segment, is the dogleg beside the text:
 // it has no arrow.
 ShapePtr MultileaderShape(const QJsonObject& record) {
   auto shape = std::make_shared<Shape>();
+  shape->hasText = true;
+  if (record.contains("leaders")) {
+    AddMultileaderLines(*shape, record);
+    AddMultileaderContent(*shape, record);
+    return shape->parts.empty() ? nullptr : shape;
+  }
   const QJsonArray lines = record["lines"].toArray();
   for (qsizetype i = 0; i < lines.size(); ++i) {
     const std::vector<QPointF> points = FlatPointsOf(lines[i].toArray());
@@ -301,7 +585,6 @@ ShapePtr MultileaderShape(const QJsonObject& record) {
     }
   }
   AddMultileaderText(*shape, record["text"].toObject());
-  shape->hasText = true;
   return shape->parts.empty() ? nullptr : shape;
 }
 
@@ -316,14 +599,29 @@ ShapePtr DimensionShape(const QJsonObject& record, const ShapeContext& context) 
   return shape->parts.empty() ? nullptr : shape;
 }
 
-QImage ReadImage(const QString& file) {
-  QImageReader reader(file);
+// Of a file or of bytes.
+template <typename Source>
+QImage ReadImage(Source source) {
+  QImageReader reader(source);
   reader.setAutoTransform(true);
   const QSize size = reader.size();
   if (size.isValid() && std::max(size.width(), size.height()) > kLargestImageSide) {
     reader.setScaledSize(size.scaled(kLargestImageSide, kLargestImageSide, Qt::KeepAspectRatio));
   }
   return reader.read();
+}
+
+// By per cent towards the background.
+QImage Faded(const QImage& image, double fade) {
+  if (image.isNull() || !(fade > 0)) {
+    return image;
+  }
+  QImage faded(image.size(), QImage::Format_ARGB32_Premultiplied);
+  faded.fill(Qt::transparent);
+  QPainter painter(&faded);
+  painter.setOpacity(1 - std::min(fade, 100.0) / 100);
+  painter.drawImage(0, 0, image);
+  return faded;
 }
 
 QPainterPath FramePath(const QTransform& place) {
@@ -349,13 +647,51 @@ ShapePtr ImageShape(const QJsonObject& record, const QDir& folder) {
   shape->imagePlace =
       QTransform(u.x(), u.y(), v.x(), v.y(), NumberOf(record, "px0"), NumberOf(record, "py0"));
   const QString file = FindImage(record["path"].toString(), folder);
-  if (!file.isEmpty()) {
-    shape->image = ReadImage(file);
+  const bool isShown = record["shown"].toBool(true);
+  if (!file.isEmpty() && isShown) {
+    shape->image = Faded(ReadImage(file), NumberOf(record, "fade"));
   }
-  shape->parts.push_back(
-      {shape->image.isNull() ? MissingPath(shape->imagePlace) : FramePath(shape->imagePlace),
-       Fill::kNone, std::nullopt});
+  const bool isMissing = isShown && shape->image.isNull();
+  shape->parts.push_back({isMissing ? MissingPath(shape->imagePlace) : FramePath(shape->imagePlace),
+                          Fill::kNone, std::nullopt});
   return shape;
+}
+
+// Pictures of an embedded object, from its upper left corner clockwise; without a
+// picture its frame.
+ShapePtr OleShape(const QJsonObject& record) {
+  const std::vector<QPointF> corners = PointsFromAbove(record["corners"]);
+  if (corners.size() != 4) {
+    return nullptr;
+  }
+  auto shape = std::make_shared<Shape>();
+  const QPointF u = corners[2] - corners[3];
+  const QPointF v = corners[0] - corners[3];
+  shape->imagePlace = QTransform(u.x(), u.y(), v.x(), v.y(), corners[3].x(), corners[3].y());
+  QByteArray bytes = QByteArray::fromBase64(record["picture"].toString().toLatin1());
+  QBuffer buffer(&bytes);
+  shape->image = ReadImage(&buffer);
+  shape->parts.push_back({FramePath(shape->imagePlace), Fill::kNone, std::nullopt});
+  return shape;
+}
+
+ShapePtr ShapeOfParts(std::vector<Part> parts, bool hasText = false) {
+  if (parts.empty()) {
+    return nullptr;
+  }
+  auto shape = std::make_shared<Shape>();
+  shape->parts = std::move(parts);
+  shape->hasText = hasText;
+  return shape;
+}
+
+// Corners in the order in which they are stored: the last two cross over.
+ShapePtr TraceShape(const QJsonObject& record) {
+  std::vector<QPointF> points = PointsFromAbove(record["points"]);
+  if (points.size() == 4) {
+    std::swap(points[2], points[3]);
+  }
+  return Filled(StraightPath(points, true), Fill::kSolid);
 }
 
 // How many heights of an underlay's text a ray would reach.
@@ -394,7 +730,17 @@ enum class Type {
   kMultileader,
   kDimension,
   kImage,
-  kUnderlay
+  kUnderlay,
+  kFace,
+  kTrace,
+  kMesh,
+  kWires,
+  kMline,
+  kProxy,
+  kHelix,
+  kOle,
+  kTable,
+  kTolerance
 };
 
 Type TypeOf(const QString& word) {
@@ -421,7 +767,37 @@ Type TypeOf(const QString& word) {
                                              {"DIMENSION_ALIGNED", Type::kDimension},
                                              {"DIMENSION_RADIUS", Type::kDimension},
                                              {"IMAGE", Type::kImage},
-                                             {"PDFUNDERLAY", Type::kUnderlay}};
+                                             {"PDFUNDERLAY", Type::kUnderlay},
+                                             {"DWFUNDERLAY", Type::kUnderlay},
+                                             {"DGNUNDERLAY", Type::kUnderlay},
+                                             {"3DLINE", Type::kLine},
+                                             {"3DFACE", Type::kFace},
+                                             {"TRACE", Type::kTrace},
+                                             {"POLYLINE_MESH", Type::kMesh},
+                                             {"POLYLINE_PFACE", Type::kMesh},
+                                             {"MESH", Type::kMesh},
+                                             {"3DSOLID", Type::kWires},
+                                             {"REGION", Type::kWires},
+                                             {"BODY", Type::kWires},
+                                             {"PLANESURFACE", Type::kWires},
+                                             {"EXTRUDEDSURFACE", Type::kWires},
+                                             {"LOFTEDSURFACE", Type::kWires},
+                                             {"REVOLVEDSURFACE", Type::kWires},
+                                             {"SWEPTSURFACE", Type::kWires},
+                                             {"NURBSURFACE", Type::kWires},
+                                             {"MLINE", Type::kMline},
+                                             {"PROXY_ENTITY", Type::kProxy},
+                                             {"UNKNOWN_ENT", Type::kProxy},
+                                             {"HELIX", Type::kHelix},
+                                             {"OLE2FRAME", Type::kOle},
+                                             {"ACAD_TABLE", Type::kTable},
+                                             {"TOLERANCE", Type::kTolerance},
+                                             {"DIMENSION_DIAMETER", Type::kDimension},
+                                             {"DIMENSION_ANG2LN", Type::kDimension},
+                                             {"DIMENSION_ANG3PT", Type::kDimension},
+                                             {"DIMENSION_ORDINATE", Type::kDimension},
+                                             {"ARC_DIMENSION", Type::kDimension},
+                                             {"LARGE_RADIAL_DIMENSION", Type::kDimension}};
   return types.value(word, Type::kUnknown);
 }
 
@@ -436,35 +812,97 @@ std::vector<QPointF> PointsOf(const QJsonArray& pairs) {
   return points;
 }
 
-ShapePtr MakeShape(const QJsonObject& record, const ShapeContext& context) {
+namespace {
+
+// The record's shape in the plane that its plain keys count in.
+ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
   switch (TypeOf(record["type"].toString())) {
     case Type::kLine: return LineShape(record);
-    case Type::kPoint: return PointShape(record);
+    case Type::kPoint: return PointShape(record, context);
     case Type::kRay: return RayShape(record, context.reach, false);
     case Type::kXline: return RayShape(record, context.reach, true);
     case Type::kCircle: return Outline(CirclePath(record));
     case Type::kArc: return ArcShape(record);
     case Type::kEllipse: return Outline(EllipsePathOf(record));
-    case Type::kPolyline: return PolylineShape(record);
+    case Type::kPolyline: return PolylineShape(record, context);
     case Type::kSpline: return SplineShape(record);
-    case Type::kHatch: return HatchShape(record);
+    case Type::kHatch: return HatchShape(record, context);
     case Type::kSolid:
       return Filled(StraightPath(PointsOf(record["pts"].toArray()), true), Fill::kSolid);
     case Type::kWipeout: return WipeoutShape(record);
     case Type::kText: return SingleLineShape(SingleLineSource(record), record);
     case Type::kDynText: return AttributeShape(record);
-    case Type::kMtext: return MtextShape(record);
+    case Type::kMtext: return MtextShape(record, context);
     case Type::kLeader: return LeaderShape(record);
     case Type::kMultileader: return MultileaderShape(record);
     case Type::kDimension: return DimensionShape(record, context);
     case Type::kImage: return ImageShape(record, context.folder);
     case Type::kUnderlay: return UnderlayShape(record, context.reach);
+    case Type::kFace: return ShapeOfParts(FaceParts(record));
+    case Type::kTrace: return TraceShape(record);
+    case Type::kMesh: return ShapeOfParts(MeshParts(record, context.styleInk));
+    case Type::kWires: return ShapeOfParts(WireParts(record));
+    case Type::kMline: return ShapeOfParts(MultilineParts(record, context.styleInk));
+    case Type::kProxy: return ShapeOfParts(ProxyParts(record, context.styleInk));
+    case Type::kHelix:
+      return record.contains("graphics") ? ShapeOfParts(ProxyParts(record, context.styleInk))
+                                         : SplineShape(record);
+    case Type::kOle: return OleShape(record);
+    case Type::kTable: return ShapeOfParts(TableParts(record, context.styleInk), true);
+    case Type::kTolerance: return ShapeOfParts(ToleranceParts(record), true);
     case Type::kUnknown: break;
   }
   return nullptr;
 }
 
-QPainterPath OutlineOf(const QJsonObject& record) {
+ShapePtr Moved(const ShapePtr& shape, const QTransform& place) {
+  auto moved = std::make_shared<Shape>(*shape);
+  for (Part& part : moved->parts) {
+    part.path = place.map(part.path);
+  }
+  moved->polyline = place.map(moved->polyline);
+  moved->imagePlace = moved->imagePlace * place;
+  return moved;
+}
+
+}  // namespace
+
+ShapePtr MakeShape(const QJsonObject& record, const ShapeContext& context) {
+  const ShapePtr shape = ShapeInPlane(record, context);
+  const QTransform plane = PlaneOf(record);
+  return shape && !plane.isIdentity() ? Moved(shape, plane) : shape;
+}
+
+bool IsMarkedByView(const QJsonObject& record, const QJsonObject& header) {
+  return IsType(record, "POINT") && header["PDMODE"].toInt() > kNothing &&
+         !(NumberOf(header, "PDSIZE") > 0);
+}
+
+bool HasOwnColors(const QJsonObject& record) {
+  constexpr const char* kKeys[] = {"textMidX", "graphics",   "elements",
+                                   "faces",    "background", "cells"};
+  return std::any_of(std::begin(kKeys), std::end(kKeys),
+                     [&](const char* key) { return record.contains(QLatin1String(key)); });
+}
+
+QPainterPath ClipOutline(const QJsonObject& record, const char* points) {
+  const QJsonObject clip = record["clip"].toObject();
+  if (!clip["on"].toBool()) {
+    return {};
+  }
+  QPainterPath outline = StraightPath(PointsFromAbove(clip[QLatin1String(points)]), true);
+  if (clip["inverted"].toBool() && !outline.isEmpty()) {
+    // What lies outside, however far that is.
+    constexpr double kFar = 1e9;
+    outline.addRect(QRectF(-kFar, -kFar, 2 * kFar, 2 * kFar));
+  }
+  outline.setFillRule(Qt::OddEvenFill);
+  return outline;
+}
+
+namespace {
+
+QPainterPath OutlineInPlane(const QJsonObject& record) {
   if (IsType(record, "VIEWPORT")) {
     QPainterPath path;
     path.addRect(FrameOf(record));
@@ -481,6 +919,12 @@ QPainterPath OutlineOf(const QJsonObject& record) {
     }
     default: return {};
   }
+}
+
+}  // namespace
+
+QPainterPath OutlineOf(const QJsonObject& record) {
+  return PlaneOf(record).map(OutlineInPlane(record));
 }
 
 bool IsInfinite(const QJsonObject& record) {

@@ -17,6 +17,10 @@ struct ShapeContext {
   // Relative image paths are looked for here, and files that are not where the
   // drawing says.
   QDir folder;
+  // The drawing's variables: how points are marked, whether areas are filled.
+  QJsonObject header;
+  // The height of what is drawn, for sizes that are a share of it.
+  double viewHeight = 0;
   // The length that rays and each half of construction lines are drawn with.
   double reach = 1e4;
 };
@@ -31,6 +35,18 @@ std::vector<QPointF> PointsOf(const QJsonArray& pairs);
 // The outline of a record as a clip: polylines, circles, ellipses, hatches;
 // the frame of a viewport. Empty for any other.
 QPainterPath OutlineOf(const QJsonObject& record);
+
+// Whether the record's points are marked in a size that follows from the rest of
+// the drawing.
+bool IsMarkedByView(const QJsonObject& record, const QJsonObject& header);
+
+// Whether parts of the record have colours of their own, which may be those of the
+// reference that it stands in.
+bool HasOwnColors(const QJsonObject& record);
+
+// What a clip of a reference, image or underlay leaves, from the key of its points
+// in `clip`. Empty when it is off or absent.
+QPainterPath ClipOutline(const QJsonObject& record, const char* points);
 
 // Whether the record's size follows from the rest of the drawing, so that it has
 // no part in extents: rays and construction lines, which end nowhere, and

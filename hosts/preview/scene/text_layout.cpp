@@ -280,20 +280,41 @@ class Composer {
     TextLayout layout;
     layout.width = source_.width > 0 ? source_.width : document_.idealWidth() * Unit();
     double baseline = 0;
+    double lowest = 0;
     bool first = true;
     for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
       const QRectF area = document_.documentLayout()->blockBoundingRect(block);
       for (int i = 0; i < block.layout()->lineCount(); ++i) {
         const QTextLine line = block.layout()->lineAt(i);
         const double cap = CapOf(block, line);
-        (first ? layout.ascent : baseline) += first ? cap * Unit() : cap * kLineAdvance;
+        (first ? layout.ascent : baseline) +=
+            first ? cap * Unit() : cap * kLineAdvance * source_.lineSpacing;
         first = false;
-        AddLine(layout, block, line, area.left(), baseline);
+        if (IsColumnFull(layout.ascent + baseline * Unit())) {
+          lowest = std::max(lowest, baseline);
+          baseline = 0;
+          ++column_;
+        }
+        AddLine(layout, block, line, area.left() + ColumnShift(), baseline);
       }
     }
+    baseline = std::max(lowest, baseline);
+    layout.width += ColumnShift() * Unit();
     layout.descent = QFontMetricsF(document_.defaultFont(), &LayoutDevice()).descent() * Unit();
     layout.height = layout.ascent + baseline * Unit();
     return layout;
+  }
+
+  // Whether a line whose baseline lies that deep below the column's top belongs
+  // into the next column.
+  bool IsColumnFull(double depth) const {
+    return column_ + 1 < source_.columnHeights.size() &&
+           depth > source_.columnHeights[column_] * (1 + 1e-6);
+  }
+
+  // In pixels.
+  double ColumnShift() const {
+    return static_cast<double>(column_) * (source_.width + source_.columnGutter) / Unit();
   }
 
   // The height of the line's largest capitals, in pixels.
@@ -381,7 +402,25 @@ class Composer {
 
   const TextSource& source_;
   QTextDocument document_;
+  std::size_t column_ = 0;
 };
+
+// Characters wider or narrower, and slanted about the baseline.
+void Stretch(TextLayout& layout, const TextSource& source) {
+  // Beyond this a slant has no end.
+  constexpr double kSteepest = 1.48;
+  const double factor = source.widthFactor;
+  const bool isWidth = std::isfinite(factor) && factor > 0;
+  const double slant = std::tan(std::clamp(source.obliqueRad, -kSteepest, kSteepest));
+  const QTransform stretch(isWidth ? factor : 1, 0, slant, 1, 0, 0);
+  if (stretch.isIdentity()) {
+    return;
+  }
+  for (Part& part : layout.parts) {
+    part.path = stretch.map(part.path);
+  }
+  layout.width *= stretch.m11();
+}
 
 double HorizontalShare(int halign) {
   switch (halign) {
@@ -403,7 +442,13 @@ double VerticalShift(const TextLayout& layout, int halign, int valign) {
 }
 
 // Between two points: the text's direction and length are theirs.
-QTransform PlaceBetween(const TextLayout& layout, QPointF from, QPointF to, bool keepHeight) {
+QTransform PlaceBetween(const TextLayout& layout, const QJsonObject& record, bool keepHeight) {
+  QPointF from = PointOf(record, "x", "y");
+  QPointF to = PointOf(record, "ax", "ay");
+  const bool backwards = record["mirroredX"].toBool();
+  if (backwards) {
+    std::swap(from, to);
+  }
   const QPointF along = to - from;
   const double length = Length(along);
   const double factor = layout.width > 0 && length > 0 ? length / layout.width : 1;
@@ -411,6 +456,7 @@ QTransform PlaceBetween(const TextLayout& layout, QPointF from, QPointF to, bool
   place.translate(from.x(), from.y());
   place.rotateRadians(std::atan2(along.y(), along.x()));
   place.scale(factor, keepHeight ? 1 : factor);
+  place.scale(1, record["mirroredY"].toBool() != backwards ? -1 : 1);
   return place;
 }
 
@@ -418,6 +464,7 @@ QTransform PlaceAt(const QJsonObject& record, QPointF at, QPointF shift) {
   QTransform place;
   place.translate(at.x(), at.y());
   place.rotateRadians(record["rotationRad"].toDouble());
+  place.scale(record["mirroredX"].toBool() ? -1 : 1, record["mirroredY"].toBool() ? -1 : 1);
   place.translate(shift.x(), shift.y());
   return place;
 }
@@ -425,8 +472,12 @@ QTransform PlaceAt(const QJsonObject& record, QPointF at, QPointF shift) {
 }  // namespace
 
 TextLayout LayOutText(const TextSource& source) {
-  return source.height > 0 && std::isfinite(source.height) ? Composer(source).Compose()
-                                                           : TextLayout{};
+  if (!(source.height > 0) || !std::isfinite(source.height)) {
+    return {};
+  }
+  TextLayout layout = Composer(source).Compose();
+  Stretch(layout, source);
+  return layout;
 }
 
 QString HtmlOfPlainText(const QString& text) {
@@ -441,7 +492,7 @@ QTransform PlaceSingleLine(const TextLayout& layout, const QJsonObject& record) 
   }
   const QPointF point = PointOf(record, "ax", "ay");
   if (halign == 3 || halign == 5) {
-    return PlaceBetween(layout, start, point, halign == 5);
+    return PlaceBetween(layout, record, halign == 5);
   }
   return PlaceAt(record, point,
                  {-layout.width * HorizontalShare(halign),

@@ -26,6 +26,15 @@ struct TextSource {
   QJsonArray blocks = {};
   // For paragraphs without an alignment of their own.
   Qt::Alignment alignment = Qt::AlignLeft;
+  // Of characters over their normal width, and their slant to the right.
+  double widthFactor = 1;
+  double obliqueRad = 0;
+  // Factor to the distance of lines.
+  double lineSpacing = 1;
+  // Lines go on in the next column where one is full. Empty for a single column;
+  // the last column takes what is left.
+  std::vector<double> columnHeights = {};
+  double columnGutter = 0;
 };
 
 struct TextLayout {

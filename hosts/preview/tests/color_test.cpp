@@ -67,10 +67,10 @@ TEST_F(Colors, PutsPartsOnLayer0OnTheReferencesLayer) {
 }
 
 TEST_F(Colors, TakesAnExplicitLineweightOrTheLayers) {
-  EXPECT_EQ(ResolveLineweight(Json("{'lw':13}")["lw"], 1, layers_), 13);
-  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], 1, layers_), 50);
-  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], 0, layers_), kDefaultLineweight);
-  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], -1, layers_), kDefaultLineweight);
+  EXPECT_EQ(ResolveLineweight(Json("{'lw':13}")["lw"], 1, {}, layers_), 13);
+  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], 1, {}, layers_), 50);
+  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], 0, {}, layers_), kDefaultLineweight);
+  EXPECT_EQ(ResolveLineweight(Json("{'lw':'L'}")["lw"], -1, {}, layers_), kDefaultLineweight);
 }
 
 constexpr char kNested[] =

@@ -1,0 +1,160 @@
+// Scenes of the complete form: what the plain one does not hold.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "document.hpp"
+#include "paint/sheet_painter.hpp"
+#include "scene/plane.hpp"
+
+namespace preview {
+namespace {
+
+using testing::ElementsAre;
+
+// With further sections behind the plain ones.
+Scene CompleteScene(const char* entities, const char* assets = "", const char* sections = "",
+                    const char* layers = "") {
+  QByteArray line("{'dwgVersion':'2018','insunits':4,'layers':[");
+  line.append(layers).append("],'assets':[").append(assets);
+  line.append("],'entities':[").append(entities);
+  line.append("],'layouts':[],'warnings':[]").append(sections).append("}");
+  QString problem;
+  return BuildScene(ReadDocument(line.replace('\'', '"'), problem).value(), QDir());
+}
+
+const std::vector<Item>& ItemsOf(const Scene& scene) {
+  return scene.sheets.front().items;
+}
+
+std::vector<double> BoxOf(const QRectF& box) {
+  const auto rounded = [](double value) { return std::round(value * 1e6) / 1e6; };
+  return {rounded(box.left()), rounded(box.top()), rounded(box.right()), rounded(box.bottom())};
+}
+
+bool Shows(const Scene& scene, std::size_t item) {
+  return IsShown(scene, ItemsOf(scene)[item], VisibleLayers(scene), nullptr);
+}
+
+constexpr char kLine[] = "{'type':'LINE','layer':'0','startX':0,'startY':0,'endX':9,'endY':0";
+
+TEST(CompleteScene, MirrorsWhatIsSeenFromBehind) {
+  const Scene scene = CompleteScene(
+      "{'type':'CIRCLE','layer':'0','cx':5,'cy':1,'radius':1,'extrusion':[0,0,-1],"
+      "'world':{'xAxis':[-1,0,0],'yAxis':[0,1,0],'center':[-5,1,0]}}");
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[0].bounds), ElementsAre(-6, 0, -4, 2));
+}
+
+TEST(CompleteScene, MirrorsTheContentsOfAReferenceThatIsSeenFromBehind) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':10,'y':0,'rotationRad':0,'scaleX':1,"
+      "'scaleY':1,'extrusion':[0,0,-1],'world':{'xAxis':[-1,0,0],'yAxis':[0,1,0]}}",
+      "{'name':'B','entities':[{'type':'LINE','layer':'0','startX':1,'startY':0,'endX':2,"
+      "'endY':3}]}");
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[0].bounds), ElementsAre(-12, 0, -11, 3));
+}
+
+TEST(PlaneOfNormal, HasTheAxesOfTheArbitraryAxisAlgorithm) {
+  const QTransform front = PlaneOfNormal({0, -1, 0}, 0);
+  EXPECT_EQ(front.map(QPointF(1, 0)), QPointF(1, 0));
+  EXPECT_NEAR(front.map(QPointF(0, 1)).y(), 0, 1e-12);
+  EXPECT_EQ(PlaneOfNormal({0, 0, 0}, 5), QTransform());
+}
+
+TEST(CompleteScene, PutsRecordsInTheOrderInWhichTheyAreDrawn) {
+  const Scene scene = CompleteScene(
+      "{'type':'CIRCLE','layer':'0','cx':1,'cy':0,'radius':1,'drawOrder':2},"
+      "{'type':'CIRCLE','layer':'0','cx':2,'cy':0,'radius':1,'drawOrder':0},"
+      "{'type':'CIRCLE','layer':'0','cx':3,'cy':0,'radius':1}");
+  std::vector<double> centers;
+  for (const Item& item : ItemsOf(scene)) {
+    centers.push_back(item.bounds.center().x());
+  }
+  // The last one stands behind the record before it, as attributes do.
+  EXPECT_THAT(centers, ElementsAre(2, 3, 1));
+}
+
+TEST(CompleteScene, HidesFrozenLayersAndInvisibleEntitiesUntilAsked) {
+  const QByteArray line(kLine);
+  Scene scene = CompleteScene((line + "}," + line + ",'invisible':true}," +
+                               QByteArray(line).replace("'layer':'0'", "'layer':'F'") + "}")
+                                  .constData(),
+                              "", "", "{'name':'0'},{'name':'F','frozen':true}");
+  EXPECT_TRUE(scene.hasHidden);
+  EXPECT_TRUE(Shows(scene, 0));
+  EXPECT_FALSE(Shows(scene, 1));
+  EXPECT_FALSE(Shows(scene, 2));
+  scene.showHidden = true;
+  EXPECT_TRUE(Shows(scene, 1));
+  EXPECT_TRUE(Shows(scene, 2));
+}
+
+TEST(CompleteScene, HidesWhatStandsInAReferenceOnAFrozenLayer) {
+  const Scene scene =
+      CompleteScene("{'type':'INSERT','layer':'F','blockName':'B','x':0,'y':0}",
+                    (QByteArray("{'name':'B','entities':[") +
+                     QByteArray(kLine).replace("'layer':'0'", "'layer':'V'") + "}]}")
+                        .constData(),
+                    "", "{'name':'V'},{'name':'F','frozen':true}");
+  EXPECT_FALSE(Shows(scene, 0));
+}
+
+TEST(CompleteScene, TakesDashesFromRecordLayerAndReference) {
+  const QByteArray line(kLine);
+  const Scene scene = CompleteScene(
+      (line + ",'linetype':'dashed','linetypeScale':2}," + line + ",'linetype':'L'}," +
+       "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'linetype':'Dashed'}")
+          .constData(),
+      (QByteArray("{'name':'B','entities':[") + line + ",'linetype':'K'}]}").constData(),
+      ",'linetypes':[{'name':'Continuous','dashes':[]},{'name':'Dashed','dashes':[{'length':2},"
+      "{'length':-1}]},{'name':'Dots','dashes':[{'length':0},{'length':-1}]}],"
+      "'header':{'LTSCALE':3}",
+      "{'name':'0','linetype':'Dots'}");
+  const auto patternOf = [&](std::size_t item) {
+    return scene.dashPatterns[static_cast<std::size_t>(ItemsOf(scene)[item].dashes)];
+  };
+  EXPECT_THAT(patternOf(0), ElementsAre(2, 1));
+  EXPECT_EQ(ItemsOf(scene)[0].dashScale, 6);
+  EXPECT_THAT(patternOf(1), ElementsAre(0, 1));
+  EXPECT_THAT(patternOf(2), ElementsAre(2, 1));
+}
+
+TEST(CompleteScene, RepeatsTheBlockOfAnArrayAlongItsTurnedAxes) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'rotationRad':1.5707963267948966,"
+      "'scaleX':1,'scaleY':1,'columns':2,'rows':3,'columnSpacing':10,'rowSpacing':20}",
+      "{'name':'B','entities':[{'type':'CIRCLE','layer':'0','cx':0,'cy':0,'radius':1}]}");
+  ASSERT_EQ(ItemsOf(scene).size(), 6U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[1].bounds), ElementsAre(-1, 9, 1, 11));
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[2].bounds), ElementsAre(-21, -1, -19, 1));
+}
+
+TEST(CompleteScene, DrawsADimensionByItsBlock) {
+  const Scene scene = CompleteScene(
+      "{'type':'DIMENSION_LINEAR','layer':'0','textMidX':0,'textMidY':0,'blockName':'*D1'}",
+      (QByteArray("{'name':'*D1','entities':[") + kLine + "}]}").constData());
+  ASSERT_EQ(ItemsOf(scene).size(), 1U);
+  EXPECT_EQ(scene.records[static_cast<std::size_t>(ItemsOf(scene)[0].record)]["type"], "LINE");
+  ASSERT_EQ(scene.uses.size(), 1U);
+  EXPECT_EQ(scene.uses[0].block, "*D1");
+}
+
+TEST(CompleteScene, ClipsTheContentsOfAReference) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':100,'y':0,'scaleX':1,'scaleY':1,"
+      "'clip':{'on':true,'inverted':false,'block':[[2,-1,0],[5,-1,0],[5,1,0],[2,1,0]]}}",
+      (QByteArray("{'name':'B','entities':[") + kLine + "}]}").constData());
+  const Item& item = ItemsOf(scene)[0];
+  ASSERT_GT(item.clip, 0);
+  EXPECT_THAT(BoxOf(scene.clips[static_cast<std::size_t>(item.clip)].boundingRect()),
+              ElementsAre(102, -1, 105, 1));
+}
+
+TEST(CompleteScene, MarksPointsAsTheDrawingSays) {
+  const char* point = "{'type':'POINT','layer':'0','x':5,'y':5}";
+  const Scene scene = CompleteScene(point, "", ",'header':{'PDMODE':34,'PDSIZE':2}");
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[0].bounds), ElementsAre(3, 3, 7, 7));
+  EXPECT_TRUE(ItemsOf(CompleteScene(point, "", ",'header':{'PDMODE':1}")).empty());
+}
+
+}  // namespace
+}  // namespace preview
