@@ -264,7 +264,6 @@ class Pass {
     const QTransform transform = item.place * toDevice;
     if (!item.shape->image.isNull()) {
       PaintImage(*item.shape, transform);
-      return;
     }
     for (const Part& part : item.shape->parts) {
       PaintPart(part, transform, part.ink ? ColorOf(*part.ink) : color, item.lineweight);
@@ -293,7 +292,8 @@ class Pass {
       StrokePath(path);
       return;
     }
-    QColor filling = part.fill == Fill::kPaper ? view_.background : color;
+    const bool isPaper = part.fill == Fill::kPaper || (part.isBackground && view_.monochrome);
+    QColor filling = isPaper ? view_.background : color;
     if (part.fill == Fill::kPattern) {
       filling.setAlphaF(filling.alphaF() * static_cast<float>(kPatternOpacity));
     }

@@ -199,10 +199,10 @@ QByteArray ClipStart(const Scene& scene, int clip, const QTransform& toPicture) 
 
 QByteArray ItemElements(const Item& item, const Scene& scene, const QTransform& toPicture,
                         const ExportOptions& options) {
-  if (!item.shape->image.isNull()) {
-    return ImageElement(item, toPicture);
-  }
   QByteArray out;
+  if (!item.shape->image.isNull()) {
+    out += ImageElement(item, toPicture);
+  }
   for (const Part& part : item.shape->parts) {
     out += PartElement(part, item, scene, toPicture, options);
   }

@@ -56,30 +56,66 @@ QPainterPath PathOfEdge(const QJsonObject& edge) {
   return StraightPath(ends, false);
 }
 
-// Edges that begin where the one before ended, but for rounding, run on; edges
-// stored in no order close where they begin anew.
+// Joins edges to loops: an edge goes on where the loop is still open, the other way
+// round when only its end lies there; gaps are closed by straight lines.
+class LoopJoiner {
+ public:
+  void Add(const QPainterPath& edge) {
+    const QRectF box = edge.boundingRect();
+    const double slack = kSlack * Length(box.bottomRight() - box.topLeft());
+    const QPointF start = edge.elementAt(0);
+    const QPointF end = edge.currentPosition();
+    const auto meets = [&](QPointF a, QPointF b) { return Length(a - b) <= slack; };
+    if (edges_ == 1 && !meets(End(), start) && !meets(End(), end) &&
+        (meets(Start(), start) || meets(Start(), end))) {
+      loop_ = loop_.toReversed();
+    }
+    if (edges_ > 0 && meets(End(), Start()) && !meets(End(), start)) {
+      Close();
+    }
+    const bool turns = edges_ > 0 && meets(End(), end) && !meets(End(), start);
+    if (edges_ == 0) {
+      loop_ = edge;
+    } else {
+      loop_.connectPath(turns ? edge.toReversed() : edge);
+    }
+    ++edges_;
+  }
+
+  QPainterPath Take() {
+    Close();
+    return all_;
+  }
+
+ private:
+  // Of an edge's size.
+  static constexpr double kSlack = 1e-3;
+
+  QPointF Start() const { return loop_.elementAt(0); }
+  QPointF End() const { return loop_.currentPosition(); }
+
+  void Close() {
+    if (edges_ > 0) {
+      loop_.closeSubpath();
+      all_.addPath(loop_);
+    }
+    edges_ = 0;
+  }
+
+  QPainterPath all_;
+  QPainterPath loop_;
+  int edges_ = 0;
+};
+
 QPainterPath PathOfEdges(const QJsonArray& edges) {
-  QPainterPath path;
+  LoopJoiner joiner;
   for (const auto& value : edges) {
     const QPainterPath edge = PathOfEdge(value.toObject());
-    if (edge.isEmpty()) {
-      continue;
-    }
-    const double size = Length(edge.boundingRect().bottomRight() - edge.boundingRect().topLeft());
-    const QPointF start = edge.elementAt(0);
-    const double slack = 1e-3 * size;
-    if (path.isEmpty()) {
-      path = edge;
-    } else if (Length(path.currentPosition() - start) <= slack) {
-      path.connectPath(edge);
-    } else if (Length(path.currentPosition() - edge.currentPosition()) <= slack) {
-      path.connectPath(edge.toReversed());
-    } else {
-      path.addPath(edge);
+    if (!edge.isEmpty()) {
+      joiner.Add(edge);
     }
   }
-  path.closeSubpath();
-  return path;
+  return joiner.Take();
 }
 
 std::vector<double> NumbersOf(const QJsonValue& list) {

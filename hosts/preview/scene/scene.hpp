@@ -56,6 +56,8 @@ struct Part {
   // Drawn as thin as can be whatever the item's lineweight: the middle of a
   // polyline that has a width.
   bool hairline = false;
+  // Lies behind what matters; in monochrome pictures it has the paper's colour.
+  bool isBackground = false;
   // Of a pattern's lines: their distance. Where it is too small to be seen, the
   // area is tinted instead.
   double spacing = 0;

@@ -325,6 +325,24 @@ class Builder {
     for (const Prepared& prepared : Contents(block)) {
       Expand(prepared, inside);
     }
+    AddClipFrame(reference, layer, place, inside.clip);
+  }
+
+  // The edge of a reference's clip, where the drawing shows such edges.
+  void AddClipFrame(const Prepared& reference, int layer, const Place& place, int clip) {
+    const bool showsFrames = drawing_.header["XCLIPFRAME"].toInt() > 0;
+    if (clip == place.clip || !showsFrames || reference.record["clip"]["inverted"].toBool()) {
+      return;
+    }
+    auto shape = std::make_shared<Shape>();
+    shape->parts.push_back(
+        {scene_.clips[static_cast<std::size_t>(clip)], Fill::kNone, std::nullopt});
+    Prepared frame = reference;
+    frame.shape = shape;
+    frame.dependsOnReference = false;
+    Place inSheet = place;
+    inSheet.transform = QTransform();
+    AddItem(frame, layer, inSheet, true);
   }
 
   // A clip within another one; the clip itself is not a record.
@@ -399,7 +417,7 @@ class Builder {
         .use = place.use,
         .dashes = DashesOf(prepared.record, layer, place.inherited),
         .dashScale = lineScale_ * prepared.record["linetypeScale"].toDouble(1),
-        .clip = ClipOf(prepared.record, place),
+        .clip = ClipOf(prepared.record, *shape, place),
         .hidden = IsHidden(prepared.record, layer, place)};
     ClipBounds(item);
     scene_.hasHidden = scene_.hasHidden || item.hidden;
@@ -413,15 +431,16 @@ class Builder {
   }
 
   // Of a picture, besides that of the references around it.
-  int ClipOf(const QJsonObject& record, const Place& place) {
-    return IsType(record, "IMAGE")
+  int ClipOf(const QJsonObject& record, const Shape& shape, const Place& place) {
+    return IsType(record, "IMAGE") && !shape.image.isNull()
                ? ClipWith(place.clip, place.transform, ClipOutline(record, "world"))
                : place.clip;
   }
 
   void ClipBounds(Item& item) const {
     if (item.clip > 0) {
-      item.bounds = item.bounds & scene_.clips[static_cast<std::size_t>(item.clip)].boundingRect();
+      item.bounds =
+          Within(item.bounds, scene_.clips[static_cast<std::size_t>(item.clip)].boundingRect());
     }
   }
 
@@ -431,9 +450,10 @@ class Builder {
 
   // Rays reach beyond everything else, which is known only at the end.
   void AddInfinite() {
+    const bool isAlone = !finite_;
     const QRectF around = finite_.value_or(QRectF(-50, -50, 100, 100));
     const double finite = std::max({around.width(), around.height(), 1e-6});
-    context_.viewHeight = finite;
+    context_.viewHeight = around.height() > 0 ? around.height() : finite;
     for (const auto& [prepared, place] : infinite_) {
       const QPointF at = place.transform.map(OriginOf(prepared.record));
       const QPointF off = at - around.center();
@@ -441,7 +461,9 @@ class Builder {
       const double reach = 20 * finite + Length(off);
       context_.reach = reach / (factor > 0 ? factor : 1);
       AddItem(prepared, EffectiveLayer(prepared.record, place.inherited, layers_), place, false);
-      Grow(finite_, QRectF(at, QSizeF(0, 0)));
+      // A drawing of nothing else still needs some room to be seen in.
+      const double room = isAlone && prepared.infinite ? finite / 2 : 0;
+      Grow(finite_, QRectF(at, QSizeF(0, 0)).adjusted(-room, -room, room, room));
       if (prepared.dependsOnView) {
         Grow(geometry_, QRectF(at, QSizeF(0, 0)));
       }

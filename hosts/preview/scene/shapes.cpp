@@ -308,7 +308,9 @@ ShapePtr SplineShape(const QJsonObject& record) {
 void AddBackground(Shape& shape, const QPainterPath& area, const QJsonObject& record,
                    const ShapeContext& context) {
   if (record.contains("background")) {
-    shape.parts.push_back({area, Fill::kSolid, context.styleInk(record["background"])});
+    Part part{area, Fill::kSolid, context.styleInk(record["background"])};
+    part.isBackground = true;
+    shape.parts.push_back(part);
   }
 }
 
@@ -396,12 +398,13 @@ ShapePtr AttributeShape(const QJsonObject& record) {
 
 // Where the heights of columns are not stored, all have the frame's.
 std::vector<double> ColumnHeights(const QJsonObject& record, const QJsonObject& columns) {
-  if (!columns.contains("type") || columns.contains("linked")) {
+  std::vector<double> heights = NumbersOf(columns["heights"].toArray());
+  // Linked texts hold what stands in the further columns themselves.
+  if (!columns.contains("type") || (heights.empty() && columns.contains("linked"))) {
     return {};
   }
-  std::vector<double> heights = NumbersOf(columns["heights"].toArray());
   const auto count = static_cast<std::size_t>(std::clamp(columns["count"].toInt(1), 1, 100));
-  heights.resize(count, NumberOf(record, "frameHeight"));
+  heights.resize(std::max(count, heights.size()), NumberOf(record, "frameHeight"));
   const bool known =
       std::all_of(heights.begin(), heights.end() - 1, [](double h) { return h > 0; });
   return known ? heights : std::vector<double>{};
@@ -420,7 +423,9 @@ void AddBackground(std::vector<Part>& parts, const TextLayout& layout, const QTr
   path = place.map(path);
   const QString fill = background["fill"].toString();
   if (fill == QLatin1String("color")) {
-    parts.push_back({path, Fill::kSolid, context.styleInk(background["color"])});
+    Part part{path, Fill::kSolid, context.styleInk(background["color"])};
+    part.isBackground = true;
+    parts.push_back(part);
   } else if (fill == QLatin1String("window")) {
     parts.push_back({path, Fill::kPaper, std::nullopt});
   }
@@ -630,14 +635,21 @@ QPainterPath FramePath(const QTransform& place) {
   return place.map(path);
 }
 
-// A frame crossed out stands for a picture that is not there.
-QPainterPath MissingPath(const QTransform& place) {
-  QPainterPath path = FramePath(place);
-  path.moveTo(place.map(QPointF(0, 0)));
-  path.lineTo(place.map(QPointF(1, 1)));
-  path.moveTo(place.map(QPointF(0, 1)));
-  path.lineTo(place.map(QPointF(1, 0)));
-  return path;
+// The name of a picture that is not there, over three quarters of its frame.
+void AddMissing(Shape& shape, const QJsonObject& record) {
+  constexpr double kShare = 0.75;
+  const QString path = record["path"].toString();
+  const TextLayout layout =
+      LayOutText({.html = HtmlOfPlainText(path.trimmed().isEmpty() ? "?" : path), .height = 1});
+  const double width = NumberOf(record, "sw");
+  const double height = NumberOf(record, "sh");
+  if (!(layout.width > 0) || !(width > 0) || !(height > 0)) {
+    return;
+  }
+  const double pixels = kShare * width / layout.width;
+  const QTransform place(kShare / layout.width, 0, 0, pixels / height, (1 - kShare) / 2,
+                         0.5 - pixels / height / 2);
+  AppendPlaced(shape.parts, layout, place * shape.imagePlace);
 }
 
 ShapePtr ImageShape(const QJsonObject& record, const QDir& folder) {
@@ -651,9 +663,12 @@ ShapePtr ImageShape(const QJsonObject& record, const QDir& folder) {
   if (!file.isEmpty() && isShown) {
     shape->image = Faded(ReadImage(file), NumberOf(record, "fade"));
   }
-  const bool isMissing = isShown && shape->image.isNull();
-  shape->parts.push_back({isMissing ? MissingPath(shape->imagePlace) : FramePath(shape->imagePlace),
-                          Fill::kNone, std::nullopt});
+  const QPainterPath clip = ClipOutline(record, "world");
+  shape->parts.push_back(
+      {clip.isEmpty() ? FramePath(shape->imagePlace) : clip, Fill::kNone, std::nullopt});
+  if (isShown && shape->image.isNull()) {
+    AddMissing(*shape, record);
+  }
   return shape;
 }
 
@@ -695,7 +710,7 @@ ShapePtr TraceShape(const QJsonObject& record) {
 }
 
 // How many heights of an underlay's text a ray would reach.
-constexpr double kReachOfUnderlayText = 400;
+constexpr double kReachOfUnderlayText = 2000;
 
 // Underlays are named where they begin: documents do not hold their size.
 ShapePtr UnderlayShape(const QJsonObject& record, double reach) {
@@ -892,9 +907,12 @@ QPainterPath ClipOutline(const QJsonObject& record, const char* points) {
   }
   QPainterPath outline = StraightPath(PointsFromAbove(clip[QLatin1String(points)]), true);
   if (clip["inverted"].toBool() && !outline.isEmpty()) {
-    // What lies outside, however far that is.
-    constexpr double kFar = 1e9;
-    outline.addRect(QRectF(-kFar, -kFar, 2 * kFar, 2 * kFar));
+    // What lies outside, as far as a block will reach; painters know no greater
+    // numbers.
+    constexpr double kFar = 20;
+    const QRectF box = outline.boundingRect();
+    const double far = kFar * std::max(box.width(), box.height());
+    outline.addRect(box.adjusted(-far, -far, far, far));
   }
   outline.setFillRule(Qt::OddEvenFill);
   return outline;

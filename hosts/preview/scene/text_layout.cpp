@@ -60,8 +60,27 @@ const QImage& LayoutDevice() {
   return device;
 }
 
+// A narrow cut, and the width that Qt gives it: its stretches count from there.
+constexpr char kNarrow[] = "DejaVu Sans Condensed";
+constexpr double kNarrowStretch = 0.87;
+
+// The font's family, or the narrow cut of a wide one that stands for a family that
+// is not there: the fonts of drawings are narrow, and their lines break by that.
+QString FamilyAtHand(const QString& family) {
+  thread_local QHash<QString, QString> known;
+  auto found = known.find(family);
+  if (found == known.end()) {
+    const QString wanted = family.isEmpty() ? QStringLiteral("Arial") : family;
+    const QFontInfo info{QFont(wanted)};
+    const bool isStandIn = info.family() == QLatin1String("DejaVu Sans") &&
+                           !wanted.startsWith(QLatin1String("DejaVu"));
+    found = known.insert(family, isStandIn ? QString(kNarrow) : wanted);
+  }
+  return found.value();
+}
+
 QFont FontOf(const QString& family, double points) {
-  QFont font(family.isEmpty() ? QStringLiteral("Arial") : family);
+  QFont font(FamilyAtHand(family));
   font.setPointSizeF(std::max(1.0, points));
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setStyleStrategy(QFont::PreferOutline);
@@ -152,17 +171,21 @@ class Composer {
       int start = 0;
       int length = 0;
       double points = 0;
+      QString family;
     };
     std::vector<Piece> pieces;
     for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
       for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
-        pieces.push_back({fragment.position(), fragment.length(), PointsOf(fragment.charFormat())});
+        const QTextCharFormat format = fragment.charFormat();
+        pieces.push_back({fragment.position(), fragment.length(), PointsOf(format),
+                          FamilyAtHand(FamilyOf(format, source_.family))});
       }
     }
     for (const Piece& piece : pieces) {
       QTextCharFormat format;
       format.setFontPointSize(piece.points);
+      format.setFontFamilies(QStringList(piece.family));
       Merge(piece.start, piece.length, format);
     }
   }
@@ -196,10 +219,11 @@ class Composer {
     }
   }
 
-  static QTextCharFormat FormatOfRun(const QJsonObject& run) {
+  QTextCharFormat FormatOfRun(const QJsonObject& run) const {
     QTextCharFormat format;
     if (run.contains("stretch")) {
-      format.setFontStretch(run["stretch"].toInt());
+      const double width = FamilyAtHand(source_.family) == kNarrow ? kNarrowStretch : 1;
+      format.setFontStretch(std::max(1, qRound(run["stretch"].toInt() * width)));
     }
     if (run.contains("tracking")) {
       format.setFontLetterSpacingType(QFont::PercentageSpacing);

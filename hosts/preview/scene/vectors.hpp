@@ -33,4 +33,12 @@ inline QRectF Around(const QRectF& a, const QRectF& b) {
           QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
 }
 
+// What both boxes have, likewise; a box without size where they lie apart.
+inline QRectF Within(const QRectF& a, const QRectF& b) {
+  const double left = std::max(a.left(), b.left());
+  const double top = std::max(a.top(), b.top());
+  return {QPointF(left, top), QPointF(std::max(left, std::min(a.right(), b.right())),
+                                      std::max(top, std::min(a.bottom(), b.bottom())))};
+}
+
 }  // namespace preview

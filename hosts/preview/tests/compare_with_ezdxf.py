@@ -57,8 +57,8 @@ MOST = 0.95
 # The longest that ezdxf may take for one drawing, in seconds.
 PATIENCE = 120
 
-WITH_TEXT = {"TEXT", "ATTRIB", "ATTDEF", "MTEXT", "DIMENSION", "MULTILEADER", "MLEADER",
-             "ACAD_TABLE", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION", "TOLERANCE"}
+# In blocks too, which dimensions and tables are drawn by.
+WITH_TEXT = {"TEXT", "ATTRIB", "ATTDEF", "MTEXT", "MULTILEADER", "MLEADER"}
 INFINITE = {"RAY", "XLINE"}
 
 
@@ -70,6 +70,14 @@ class OurFrontend(Frontend):
     def draw_entity(self, entity, properties):
         if entity.dxftype() not in self.leave_out:
             super().draw_entity(entity, properties)
+
+    def draw_wipeout_entity(self, entity, properties):
+        # In the paper's colour, which the policy of black would make ink.
+        records = self.recorder.records
+        before = len(records)
+        super().draw_wipeout_entity(entity, properties)
+        for record in records[before:]:
+            record.erases = True
 
 
 def configuration(reach):
@@ -83,6 +91,7 @@ def configuration(reach):
 def draw(document, backend, leave_out=frozenset(), reach=1e6):
     frontend = OurFrontend(RenderContext(document), backend, configuration(reach))
     frontend.leave_out = leave_out
+    frontend.recorder = backend
     frontend.draw_layout(document.modelspace(), finalize=True)
 
 
@@ -176,10 +185,8 @@ def picture_of(document, area):
     size = max(area[2] - area[0], area[3] - area[1])
     draw(document, recorder, reach=10 * size)
     sheet = Sheet(area)
-    wipeouts = {entity.dxf.handle for entity in document.entitydb.values()
-                if entity.dxftype() == "WIPEOUT"}
     for record in recorder.records:
-        if record.handle in wipeouts and isinstance(record, PointsRecord):
+        if getattr(record, "erases", False):
             sheet.erase(record.points.vertices())
         else:
             paint_record(sheet, record, size / 2000)
