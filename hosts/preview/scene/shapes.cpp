@@ -144,11 +144,24 @@ QPainterPath PointMark(QPointF at, int mode, double size) {
   return path;
 }
 
-// As the drawing marks its points; without a mark a dot: a line without length,
-// which every pen draws as one.
+// A line without length, which every pen draws as a dot.
+ShapePtr DotAt(QPointF at) {
+  auto shape = std::make_shared<Shape>();
+  QPainterPath path(at);
+  path.lineTo(at);
+  shape->parts.push_back({path, Fill::kNone, std::nullopt});
+  shape->polyline = QPolygonF({at, at});
+  return shape;
+}
+
+// As the drawing marks its points; without a mark a dot.
 ShapePtr PointShape(const QJsonObject& record, const ShapeContext& context) {
   const QPointF at = PointOf(record, "x", "y");
   const int mode = context.header["PDMODE"].toInt();
+  // The definition points of dimensions are dots whatever the mode is.
+  if (record["layer"].toString().compare("Defpoints", Qt::CaseInsensitive) == 0) {
+    return DotAt(at);
+  }
   if (mode == kNothing) {
     return nullptr;
   }
@@ -159,12 +172,7 @@ ShapePtr PointShape(const QJsonObject& record, const ShapeContext& context) {
     turn.rotateRadians(-NumberOf(record, "angleRad"));
     return Outline(turn.map(PointMark({}, mode, size)));
   }
-  auto shape = std::make_shared<Shape>();
-  QPainterPath path(at);
-  path.lineTo(at);
-  shape->parts.push_back({path, Fill::kNone, std::nullopt});
-  shape->polyline = QPolygonF({at, at});
-  return shape;
+  return DotAt(at);
 }
 
 ShapePtr RayShape(const QJsonObject& record, double reach, bool bothWays) {
@@ -906,7 +914,9 @@ QPainterPath ClipOutline(const QJsonObject& record, const char* points) {
     return {};
   }
   QPainterPath outline = StraightPath(PointsFromAbove(clip[QLatin1String(points)]), true);
-  if (clip["inverted"].toBool() && !outline.isEmpty()) {
+  // The boundary of an inverted clip of a reference runs around all and around what
+  // is cut off already.
+  if (clip["inverted"].toBool() && !outline.isEmpty() && !IsType(record, "INSERT")) {
     // What lies outside, as far as a block will reach; painters know no greater
     // numbers.
     constexpr double kFar = 20;

@@ -149,6 +149,43 @@ TEST(CompleteScene, ClipsTheContentsOfAReference) {
               ElementsAre(102, -1, 105, 1));
 }
 
+// The boundary runs around all and around the hole in it.
+TEST(CompleteScene, TakesTheBoundaryOfAnInvertedClipForWhatIsLeft) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'scaleX':1,'scaleY':1,"
+      "'clip':{'on':true,'inverted':true,'block':[[0,0],[9,0],[9,9],[0,9],[0,0],[3,3],[6,3],"
+      "[6,6],[3,6],[3,3]]}}",
+      (QByteArray("{'name':'B','entities':[") + kLine + "}]}").constData());
+  const QPainterPath& clip = scene.clips[static_cast<std::size_t>(ItemsOf(scene)[0].clip)];
+  EXPECT_TRUE(clip.contains(QPointF(1.5, 7)));
+  EXPECT_FALSE(clip.contains(QPointF(4.5, 4.5)));
+}
+
+TEST(CompleteScene, ShowsTheEdgeOfAClipWhenTheDrawingDoes) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'scaleX':1,'scaleY':1,"
+      "'clip':{'on':true,'inverted':false,'block':[[2,-1],[5,-1],[5,1],[2,1]]}}",
+      (QByteArray("{'name':'B','entities':[") + kLine + "}]}").constData(),
+      ",'header':{'XCLIPFRAME':1}");
+  ASSERT_EQ(ItemsOf(scene).size(), 2U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[1].bounds), ElementsAre(2, -1, 5, 1));
+}
+
+// A horizontal line has no height, and is there all the same.
+TEST(CompleteScene, KeepsTheBoundsOfAClippedLine) {
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'scaleX':1,'scaleY':1,"
+      "'clip':{'on':true,'inverted':false,'block':[[2,-1],[5,-1],[5,1],[2,1]]}}",
+      (QByteArray("{'name':'B','entities':[") + kLine + "}]}").constData());
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[0].bounds), ElementsAre(2, 0, 5, 0));
+}
+
+TEST(CompleteScene, DrawsDefinitionPointsOfDimensionsAsDots) {
+  const Scene scene = CompleteScene("{'type':'POINT','layer':'Defpoints','x':5,'y':5}", "",
+                                    ",'header':{'PDMODE':34,'PDSIZE':2}");
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[0].bounds), ElementsAre(5, 5, 5, 5));
+}
+
 TEST(CompleteScene, MarksPointsAsTheDrawingSays) {
   const char* point = "{'type':'POINT','layer':'0','x':5,'y':5}";
   const Scene scene = CompleteScene(point, "", ",'header':{'PDMODE':34,'PDSIZE':2}");
