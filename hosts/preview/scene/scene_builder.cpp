@@ -331,7 +331,7 @@ class Builder {
   // The edge of a reference's clip, where the drawing shows such edges.
   void AddClipFrame(const Prepared& reference, int layer, const Place& place, int clip) {
     const bool showsFrames = drawing_.header["XCLIPFRAME"].toInt() > 0;
-    if (clip == place.clip || !showsFrames) {
+    if (clip == place.clip || !showsFrames || reference.record["clip"]["inverted"].toBool()) {
       return;
     }
     auto shape = std::make_shared<Shape>();
