@@ -239,7 +239,9 @@ QPainterPath PolylinePath(const QJsonObject& record) {
 std::vector<SegmentWidth> WidthsOf(const QJsonObject& record, std::size_t segments) {
   const double all = NumberOf(record, "constWidth");
   if (all > 0) {
-    return std::vector<SegmentWidth>(segments, {all, all});
+    std::vector<SegmentWidth> same(segments);
+    std::fill(same.begin(), same.end(), SegmentWidth(all, all));
+    return same;
   }
   std::vector<SegmentWidth> widths;
   for (const auto& value : record["widths"].toArray()) {
@@ -254,7 +256,7 @@ ShapePtr PolylineShape(const QJsonObject& record, const ShapeContext& context) {
   const std::vector<QPointF> points = PointsOf(record["points"].toArray());
   const std::vector<SegmentWidth> widths = WidthsOf(record, points.size());
   const bool generates = record["linetypeGeneration"].toBool();
-  const ShapePtr outline = Outline(PolylinePath(record));
+  ShapePtr outline = Outline(PolylinePath(record));
   if (!outline || (widths.empty() && generates)) {
     return outline;
   }
@@ -463,7 +465,7 @@ ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
     at["mirroredY"] = true;
   }
   const QTransform place = PlaceMultiLine(layout, at);
-  const ShapePtr text = PlacedText(layout, place);
+  ShapePtr text = PlacedText(layout, place);
   if (!text || !record.contains("background")) {
     return text;
   }
