@@ -41,9 +41,26 @@ void Loader::Start(const QString& drawing, const LoadOptions& options) {
   worker_.Start(FindWorker(options.worker), drawing, options.limits);
 }
 
+void Loader::Cancel() {
+  if (isCancelled_) {
+    return;
+  }
+  isCancelled_ = true;
+  if (builder_) {
+    emit failed("Cancelled.");
+  } else {
+    worker_.Cancel();
+  }
+}
+
 void Loader::OnFinished(const WorkerResult& result) {
   if (result.kind != WorkerResult::Kind::kDocument) {
     emit failed(result.message);
+    return;
+  }
+  // The worker ended just before it was told to.
+  if (isCancelled_) {
+    emit failed("Cancelled.");
     return;
   }
   emit progress("Building the picture...");
@@ -56,13 +73,21 @@ void Loader::Build(const QByteArray& document) {
   QString problem;
   const std::optional<Drawing> drawing = ReadDocument(document, problem);
   if (!drawing) {
-    QMetaObject::invokeMethod(this, [this, problem] { emit failed(problem); });
+    QMetaObject::invokeMethod(this, [this, problem] {
+      if (!isCancelled_) {
+        emit failed(problem);
+      }
+    });
     return;
   }
   auto scene = std::make_shared<Scene>(BuildScene(*drawing, QFileInfo(drawing_).absoluteDir()));
   scene->showHidden = showHidden_;
   const LoadedDrawing loaded{scene, SummaryOf(*drawing, *scene, clock_.elapsed())};
-  QMetaObject::invokeMethod(this, [this, loaded] { emit this->loaded(loaded); });
+  QMetaObject::invokeMethod(this, [this, loaded] {
+    if (!isCancelled_) {
+      emit this->loaded(loaded);
+    }
+  });
 }
 
 }  // namespace preview

@@ -35,6 +35,8 @@ class Loader : public QObject {
 
   // Once for an object. `loaded` or `failed` follows.
   void Start(const QString& drawing, const LoadOptions& options);
+  // Ends the worker, or gives up what is built of its document. `failed` follows.
+  void Cancel();
 
  signals:
   void progress(const QString& text);
@@ -50,6 +52,7 @@ class Loader : public QObject {
   bool showHidden_ = false;
   QElapsedTimer clock_;
   std::unique_ptr<QThread> builder_;
+  bool isCancelled_ = false;
 };
 
 }  // namespace preview
