@@ -96,9 +96,8 @@ Measured MeasurePath(const Item& item) {
       end = b;
       outline.length += Length(b - a);
     });
-    VisitSegments(part.path, item.place, size * 1e-7, true, [&](QPointF a, QPointF b) {
-      outline.area += Cross(a - start, b - start) / 2;
-    });
+    VisitSegments(part.path, item.place, size * 1e-7, true,
+                  [&](QPointF a, QPointF b) { outline.area += Cross(a - start, b - start) / 2; });
   }
   outline.isClosed = outline.isClosed || (hasStart && Length(end - start) <= 1e-9 * size);
   return outline;

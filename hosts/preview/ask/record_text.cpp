@@ -14,7 +14,7 @@ namespace {
 constexpr qsizetype kLongestReference = 10;
 
 QString CharacterNamed(QStringView name) {
-  static const QHash<QString, QString> names = {{"lt", "<"},   {"gt", ">"},   {"amp", "&"},
+  static const QHash<QString, QString> names = {{"lt", "<"},    {"gt", ">"},   {"amp", "&"},
                                                 {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
   if (!name.startsWith('#')) {
     return names.value(name.toString());

@@ -225,8 +225,7 @@ std::vector<SceneIndex::Space> SceneIndex::SpacesAt(const Pointer& pointer) cons
     const ViewportView& viewport = sheet.viewports[i];
     bool canInvert = false;
     const QTransform back = viewport.modelToSheet.inverted(&canInvert);
-    if (canInvert &&
-        ProbePath(viewport.clip, {}, pointer.at, pointer.reach * kFineness).isInside) {
+    if (canInvert && ProbePath(viewport.clip, {}, pointer.at, pointer.reach * kFineness).isInside) {
       const double scale = std::sqrt(std::abs(back.determinant()));
       spaces.push_back({0, static_cast<int>(i), back.map(pointer.at), pointer.reach * scale,
                         viewport.modelToSheet, &viewport.frozen});

@@ -25,8 +25,8 @@ struct Cubic {
 
 // Wang's bound of how far pieces of equal parameter are from the curve.
 int PiecesOf(const Cubic& curve, double tolerance) {
-  const double bend = std::max(Length(curve.a - 2 * curve.b + curve.c),
-                               Length(curve.b - 2 * curve.c + curve.d));
+  const double bend =
+      std::max(Length(curve.a - 2 * curve.b + curve.c), Length(curve.b - 2 * curve.c + curve.d));
   const double pieces = std::ceil(std::sqrt(0.75 * bend / std::max(tolerance, 1e-12)));
   return pieces < kMostPieces ? std::max(1, static_cast<int>(pieces)) : kMostPieces;
 }

@@ -23,6 +23,9 @@ struct ExportOptions {
   bool monochrome = false;
   // Of the sheet, in its coordinates, instead of all of it.
   std::optional<QRectF> region;
+  // Elements of SVG say which record and which use of a block they were made from
+  // (data-r, data-u); the page for browsers.
+  bool namesRecords = false;
 };
 
 // What a picture of the sheet shows: the region, or the paper, or everything

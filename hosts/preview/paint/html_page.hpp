@@ -9,7 +9,8 @@
 
 namespace preview {
 
-// Tabs for the sheets, switches for the layers, pan and zoom, the notes.
+// Tabs for the sheets, switches for the layers, pan and zoom, the notes; the keys of a
+// record that is clicked, and a search for text.
 // Nothing in the page is fetched, and it forbids itself to fetch anything.
 QByteArray HtmlPage(const Scene& scene, const QString& title, const ExportOptions& options);
 

@@ -101,6 +101,15 @@ QByteArray ClassOf(const Item& item) {
   return " class=\"" + names + '"';
 }
 
+QByteArray RecordOf(const Item& item, const ExportOptions& options) {
+  if (!options.namesRecords || item.record < 0) {
+    return {};
+  }
+  const QByteArray use =
+      item.use < 0 ? QByteArray() : " data-u=\"" + QByteArray::number(item.use) + '"';
+  return " data-r=\"" + QByteArray::number(item.record) + '"' + use;
+}
+
 QByteArray FillAttributes(const Part& part, const Ink& ink) {
   if (part.fill == Fill::kPaper) {
     return " fill=\"var(--paper,#fff)\" stroke=\"none\"";
@@ -167,7 +176,7 @@ QByteArray PartElement(const Part& part, const Item& item, const Scene& scene,
   }
   const QPainterPath path = PicturePath(part, item, scene, toPicture);
   const Ink ink = part.gradient ? InkOfGradient(*part.gradient) : part.ink.value_or(item.ink);
-  QByteArray out = "<path" + ClassOf(item);
+  QByteArray out = "<path" + ClassOf(item) + RecordOf(item, options);
   out += part.fill == Fill::kNone
              ? StrokeAttributes(ink, part.hairline ? 1.0 : StrokeWidth(item, options))
              : FillAttributes(part, ink);
@@ -177,13 +186,14 @@ QByteArray PartElement(const Part& part, const Item& item, const Scene& scene,
   return out + " d=\"" + PathData(path) + "\"/>\n";
 }
 
-QByteArray ImageElement(const Item& item, const QTransform& toPicture) {
+QByteArray ImageElement(const Item& item, const QTransform& toPicture,
+                        const ExportOptions& options) {
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
   item.shape->image.save(&buffer, "PNG");
   const QTransform upright(1, 0, 0, -1, 0, 1);
-  return "<image" + ClassOf(item) +
+  return "<image" + ClassOf(item) + RecordOf(item, options) +
          " width=\"1\" height=\"1\" preserveAspectRatio=\"none\" transform=\"" +
          Matrix(upright * item.shape->imagePlace * item.place * toPicture) +
          "\" href=\"data:image/png;base64," + png.toBase64() + "\"/>\n";
@@ -201,7 +211,7 @@ QByteArray ItemElements(const Item& item, const Scene& scene, const QTransform& 
                         const ExportOptions& options) {
   QByteArray out;
   if (!item.shape->image.isNull()) {
-    out += ImageElement(item, toPicture);
+    out += ImageElement(item, toPicture, options);
   }
   for (const Part& part : item.shape->parts) {
     out += PartElement(part, item, scene, toPicture, options);

@@ -173,6 +173,120 @@ class PageTest(unittest.TestCase):
         self.assertEqual(uses[0], 1)
         self.assertGreater(max(uses[1:]), 0)
 
+    # Where on the screen the path of a record begins, by the first element that it has.
+    PLACE = """
+        const [record, sheet] = arguments;
+        show(sheet);
+        const el = document.querySelector(`#model [data-r='${record}']`);
+        const seen = groupsOf(sheets[sheet]).find(g => g.group.id === 'model');
+        const [x, y] = numbers(el.getAttribute('d')), m = seen.matrix;
+        const c = sheets[sheet].getScreenCTM();
+        const px = m.a * x + m.c * y + m.e, py = m.b * x + m.d * y + m.f;
+        return [c.a * px + c.c * py + c.e, c.b * px + c.d * py + c.f].map(Math.round)"""
+
+    def record_of(self, condition):
+        """The first record of which a condition in JavaScript holds, and its number."""
+        return self.browser.run(f"return load().then(() => {{ const i = data.records.findIndex(r =>"
+                                f"{condition}); return [i, data.records[i]] }})")
+
+    def click(self, x, y):
+        self.browser.actions({"type": "pointer", "id": "mouse", "actions": [
+            {"type": "pointerMove", "x": x, "y": y}, {"type": "pointerDown", "button": 0},
+            {"type": "pointerUp", "button": 0}]})
+
+    def wait_for(self, condition):
+        """Until a condition in JavaScript holds, looked at in every frame."""
+        self.browser.send("POST", self.browser.session + "/execute/async", {"args": [], "script":
+                          "const done = arguments[0]; const look = () => "
+                          f"({condition}) ? done() : requestAnimationFrame(look); look()"})
+
+    def listed(self):
+        rows = self.browser.run("return [...document.querySelectorAll('#keys tr')].map(r =>"
+                                "[r.cells[0].textContent, r.cells[1].textContent])")
+        return dict(rows)
+
+    def test_a_click_lists_the_keys_of_the_record(self):
+        number, record = self.record_of("r.type === 'LINE'")
+        self.click(*self.browser.run(self.PLACE, number, 0))
+        self.wait_for("document.querySelector('.picked')")
+        listed = self.listed()
+        self.assertEqual(listed["type"], "LINE")
+        self.assertEqual(listed["layer"], record["layer"])
+        self.assertEqual(float(listed["startX"]), record["startX"])
+        self.assertEqual(self.browser.run("return picked"), record)
+
+    def test_a_click_beside_everything_clears_the_list(self):
+        number, _ = self.record_of("r.type === 'LINE'")
+        self.click(*self.browser.run(self.PLACE, number, 0))
+        self.wait_for("document.querySelector('.picked')")
+        corner = self.browser.run("const b = stage.getBoundingClientRect();"
+                                  "return [Math.round(b.left + 2), Math.round(b.bottom - 2)]")
+        self.click(*corner)
+        self.wait_for("!document.querySelector('.picked')")
+        self.assertEqual(self.listed(), {})
+
+    def test_a_click_does_not_find_layers_that_are_off(self):
+        number, record = self.record_of("r.type === 'LINE'")
+        place = self.browser.run(self.PLACE, number, 0)
+        self.browser.run("document.querySelectorAll('input[data-layer]').forEach(i => i.checked && i.click())")
+        hit = "return load().then(() => hitAt(arguments[0], arguments[1]) === null)"
+        self.assertTrue(self.browser.run(hit, *place))
+        self.browser.run("document.querySelectorAll('input[data-layer]').forEach(i => i.click())")
+        self.assertFalse(self.browser.run(hit, *place))
+
+    def test_a_click_finds_model_space_through_a_viewport(self):
+        middle = """
+            show(1);
+            return load().then(() => {
+              const seen = groupsOf(sheets[1]).filter(g => g.use);
+              for (const g of seen) for (const e of entriesOf(g.group)) {
+                const [x, y] = numbers(e.el.getAttribute('d')), m = g.matrix;
+                const px = m.a * x + m.c * y + m.e, py = m.b * x + m.d * y + m.f;
+                if (probe(g.clip, px, py).inside && isShown(e.el, g.use)) {
+                  const c = sheets[1].getScreenCTM();
+                  return [e.r, c.a * px + c.c * py + c.e, c.b * px + c.d * py + c.f];
+                }
+              }
+            })"""
+        _, x, y = self.browser.run(middle)
+        self.click(round(x), round(y))
+        self.wait_for("document.querySelector('#sheet1 .picked')")
+        self.assertIn("type", self.listed())
+
+    def test_finds_text_and_jumps_to_it(self):
+        self.browser.run("document.getElementById('find').value = '15';"
+                         "return find('15')")
+        hits = self.browser.run("return [...document.querySelectorAll('#hits button')].map("
+                                "b => b.textContent)")
+        self.assertEqual(hits, ["Model: 15"])
+        before = self.box()
+        self.browser.run("document.querySelector('#hits button').click()")
+        self.assertLess(self.box()[2], before[2])
+        self.assertEqual(self.listed()["html"], "<p>15</p>")
+        inside = self.browser.run("""
+            const a = document.querySelector('.picked').getBoundingClientRect();
+            const b = stage.getBoundingClientRect();
+            return a.width > 0 && a.left >= b.left && a.right <= b.right && a.top >= b.top &&
+                   a.bottom <= b.bottom""")
+        self.assertTrue(inside)
+
+    def test_steps_through_the_hits_by_key(self):
+        self.browser.run("return find('1')")
+        hits = self.browser.run("return hits.map(h => h.said)")
+        self.assertGreater(len(hits), 2)
+        step = "dispatchEvent(new KeyboardEvent('keydown', {key: 'F3', shiftKey: arguments[0]}))"
+        for shift, expected in ((False, 0), (False, 1), (True, 0), (True, len(hits) - 1)):
+            self.browser.run(step, shift)
+            self.assertEqual(self.listed()["html"], f"<p>{hits[expected]}</p>")
+
+    def test_typing_in_the_field_does_not_zoom(self):
+        self.browser.run("zoom(0.5, 300, 300); document.getElementById('find').focus()")
+        before = self.box()
+        self.browser.actions({"type": "key", "id": "keys", "actions": [
+            {"type": "keyDown", "value": "0"}, {"type": "keyUp", "value": "0"}]})
+        self.assertEqual(self.box(), before)
+        self.assertEqual(self.browser.run("return document.getElementById('find').value"), "0")
+
     def test_can_be_looked_at(self):
         self.browser.run("document.querySelectorAll('[role=tab]')[1].click()")
         self.browser.wait_until_painted()

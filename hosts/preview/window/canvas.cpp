@@ -215,9 +215,9 @@ void Canvas::PanBy(double right, double down) {
 }
 
 void Canvas::Select(const Hit& hit) {
-  Inquire([sheet = sheet_, hit](SceneIndex& index) {
-    return Describe(index.scene(), sheet, {}, hit);
-  }, [this](const Picked& picked) { TakePicked(picked); });
+  Inquire(
+      [sheet = sheet_, hit](SceneIndex& index) { return Describe(index.scene(), sheet, {}, hit); },
+      [this](const Picked& picked) { TakePicked(picked); });
 }
 
 void Canvas::JumpTo(const Hit& hit) {
@@ -231,8 +231,9 @@ void Canvas::JumpToArea(std::size_t sheet, const QRectF& area) {
   }
   // A point has no size: it is shown with a hundredth of its sheet around it.
   const QRectF all = scene_->sheets[sheet].extents;
-  const double rim = std::max({area.width(), area.height(), 0.01 * all.width(),
-                               0.01 * all.height(), 1e-9}) * kJumpRim / 2;
+  const double rim =
+      std::max({area.width(), area.height(), 0.01 * all.width(), 0.01 * all.height(), 1e-9}) *
+      kJumpRim / 2;
   views_[sheet_] = FitTransform(area.adjusted(-rim, -rim, rim, rim), rect(), 0);
   Changed();
 }

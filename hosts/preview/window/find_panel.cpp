@@ -68,15 +68,14 @@ void FindPanel::Find() {
     count_->clear();
     return;
   }
-  const Qt::CaseSensitivity cases =
-      cases_->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive;
-  canvas_->Inquire([text = text_->text(),
-                    cases](SceneIndex& index) { return FindText(index, text, cases); },
-                   [this, question](const FindResult& result) {
-                     if (question == question_) {
-                       Fill(result);
-                     }
-                   });
+  const Qt::CaseSensitivity cases = cases_->isChecked() ? Qt::CaseSensitive : Qt::CaseInsensitive;
+  canvas_->Inquire(
+      [text = text_->text(), cases](SceneIndex& index) { return FindText(index, text, cases); },
+      [this, question](const FindResult& result) {
+        if (question == question_) {
+          Fill(result);
+        }
+      });
 }
 
 void FindPanel::Fill(const FindResult& result) {

@@ -155,7 +155,8 @@ void MainWindow::BuildFileMenu() {
   file->addSeparator();
   file->addAction("&Export...", QKeySequence::SaveAs, this, &MainWindow::AskAndExport)
       ->setToolTip("Writes a picture, or a page for browsers");
-  QAction* print = file->addAction("&Print...", QKeySequence::Print, this, &MainWindow::AskAndPrint);
+  QAction* print =
+      file->addAction("&Print...", QKeySequence::Print, this, &MainWindow::AskAndPrint);
   print->setEnabled(CanPrint());
   file->addSeparator();
   file->addAction("&Close", QKeySequence::Close, this,
@@ -241,10 +242,14 @@ void MainWindow::BuildToolMenu() {
     action->setChecked(tool == Tool::kSelect);
     group->addAction(action);
   };
-  add("&Select", "S", "A click outlines a record and lists its keys; the next one there takes what "
-      "lies under it", Tool::kSelect);
-  add("Measure &distance", "M", "Clicks give distances and angles; ends, middles, centres and "
-      "intersections attract the pointer", Tool::kDistance);
+  add("&Select", "S",
+      "A click outlines a record and lists its keys; the next one there takes what "
+      "lies under it",
+      Tool::kSelect);
+  add("Measure &distance", "M",
+      "Clicks give distances and angles; ends, middles, centres and "
+      "intersections attract the pointer",
+      Tool::kDistance);
   add("Measure &area", "A", "A click gives the length and the area of a polyline", Tool::kArea);
   tools->addSeparator();
   QAction* clear = tools->addAction("&Clear", QKeySequence("Escape"), this, [this] {
@@ -454,9 +459,11 @@ void MainWindow::AskAndExport() {
   const QString file = QFileDialog::getSaveFileName(
       this, "Export", {}, "Pictures (*.png);;SVG (*.svg);;PDF (*.pdf);;Page for browsers (*.html)");
   if (!file.isEmpty()) {
-    RunForSheet([title = view->Title(), file](const Scene& scene, const Sheet& sheet) {
-      return Export(scene, sheet, title, file);
-    }, file + " was written.");
+    RunForSheet(
+        [title = view->Title(), file](const Scene& scene, const Sheet& sheet) {
+          return Export(scene, sheet, title, file);
+        },
+        file + " was written.");
   }
 }
 

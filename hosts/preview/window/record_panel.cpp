@@ -33,8 +33,8 @@ QString TextOf(const QJsonValue& value) {
   if (value.isNull()) {
     return "null";
   }
-  const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray())
-                                                 : QJsonDocument(value.toObject());
+  const QJsonDocument document =
+      value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
   return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
 }
 
@@ -166,8 +166,7 @@ void RecordPanel::AddPlace() {
   AddRow("Text", TextOfRecord(record_));
   if (const std::optional<Measured>& measured = canvas_->measured()) {
     AddRow("Length", QString::number(measured->length, 'f', 4));
-    AddRow(measured->isClosed ? "Area" : "Area if closed",
-           QString::number(measured->area, 'f', 4));
+    AddRow(measured->isClosed ? "Area" : "Area if closed", QString::number(measured->area, 'f', 4));
   }
 }
 
