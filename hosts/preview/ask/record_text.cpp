@@ -13,6 +13,7 @@ namespace {
 // Longer than any character reference.
 constexpr qsizetype kLongestReference = 10;
 
+// Null for a name that is none.
 QString CharacterNamed(QStringView name) {
   static const QHash<QString, QString> names = {{"lt", "<"},    {"gt", ">"},   {"amp", "&"},
                                                 {"quot", "\""}, {"apos", "'"}, {"nbsp", " "}};
@@ -23,7 +24,7 @@ QString CharacterNamed(QStringView name) {
   bool isNumber = false;
   const uint code = name.mid(isHex ? 2 : 1).toUInt(&isNumber, isHex ? 16 : 10);
   if (!isNumber || code == 0 || code > QChar::LastValidCodePoint || QChar::isSurrogate(code)) {
-    return {};
+    return "";
   }
   const char32_t character = code;
   return QString::fromUcs4(&character, 1);
@@ -86,18 +87,19 @@ QString PlainTextOfHtml(const QString& html) {
   QString plain;
   for (qsizetype i = 0; i < html.size(); ++i) {
     const qsizetype tagEnd = html[i] == '<' ? html.indexOf('>', i) : -1;
-    const qsizetype nameEnd = html[i] == '&' ? html.indexOf(';', i) : -1;
     if (tagEnd > 0) {
       if (EndsLine(QStringView(html).mid(i + 1, tagEnd - i - 1))) {
         plain += '\n';
       }
       i = tagEnd;
-    } else if (nameEnd > 0 && nameEnd - i <= kLongestReference) {
-      plain += CharacterNamed(QStringView(html).mid(i + 1, nameEnd - i - 1));
-      i = nameEnd;
-    } else {
-      plain += html[i];
+      continue;
     }
+    const qsizetype nameEnd = html[i] == '&' ? html.indexOf(';', i) : -1;
+    const bool isReference = nameEnd > 0 && nameEnd - i <= kLongestReference;
+    const QString character =
+        isReference ? CharacterNamed(QStringView(html).mid(i + 1, nameEnd - i - 1)) : QString();
+    plain += character.isNull() ? QString(html[i]) : character;
+    i = character.isNull() ? i : nameEnd;
   }
   return plain.trimmed();
 }

@@ -365,7 +365,8 @@ TEST(RecordText, EveryKindOfTextIsRead) {
   EXPECT_EQ(TextOfRecord(Json("{'type':'TEXT','html':'<p>a</p>'}")), "a");
   EXPECT_EQ(TextOfRecord(Json("{'type':'DYNTEXT','html':'<p>7</p>','tag':'NO'}")), "7\nNO");
   EXPECT_EQ(TextOfRecord(Json("{'type':'MULTILEADER','text':{'html':'<p>m</p>'}}")), "m");
-  EXPECT_EQ(TextOfRecord(Json("{'type':'DIMENSION_LINEAR','userText':'<> mm','measurement':12}")),
+  EXPECT_EQ(TextOfRecord(Json("{'type':'DIMENSION_LINEAR','userText':'<> mm','measurement':12,"
+                              "'dimDec':0}")),
             "12 mm");
   EXPECT_EQ(TextOfRecord(Json("{'type':'DIMENSION_ANG2LN','html':'<p>9°</p>'}")), "9°");
   EXPECT_EQ(TextOfRecord(Json("{'type':'ACAD_TABLE','cells':[{'text':'x'},{},{'text':'y'}]}")),

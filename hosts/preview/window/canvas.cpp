@@ -404,8 +404,11 @@ void Canvas::paintEvent(QPaintEvent* /*event*/) {
   PaintMarks(painter, marks_, views_[sheet_], rect(), isDark_);
 }
 
-void Canvas::resizeEvent(QResizeEvent* /*event*/) {
-  if (scene_ && image_.isNull()) {
+// What was seen whole stays whole; other views stay where they are.
+void Canvas::resizeEvent(QResizeEvent* event) {
+  const QRectF before(QPointF(0, 0), QSizeF(event->oldSize()));
+  if (scene_ && (!event->oldSize().isValid() ||
+                 views_[sheet_] == FitSheet(scene_->sheets[sheet_], before))) {
     Fit();
   } else {
     Changed();

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -14,8 +15,10 @@ namespace preview {
 namespace {
 
 QIcon Swatch(QRgb color) {
+  // With an edge, since a white layer would not be seen on a white list.
   QPixmap pixmap(12, 12);
-  pixmap.fill(QColor::fromRgb(color));
+  pixmap.fill(Qt::gray);
+  QPainter(&pixmap).fillRect(pixmap.rect().adjusted(1, 1, -1, -1), QColor::fromRgb(color));
   return {pixmap};
 }
 

@@ -425,7 +425,9 @@ void MainWindow::SetDark(bool dark) {
 
 void MainWindow::SetTheme(Theme theme) {
   UseTheme(theme);
-  dark_->setChecked(IsDark(palette().color(QPalette::Window)));
+  // Widgets that are made before the event loop runs do not hear of it.
+  setPalette(theme == Theme::kSystem ? QPalette() : QApplication::palette());
+  dark_->setChecked(IsDark(QApplication::palette().color(QPalette::Window)));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

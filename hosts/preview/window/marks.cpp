@@ -60,7 +60,7 @@ void PaintNote(QPainter& painter, const QString& note, const QRect& area, bool i
   const QRect wide = area.adjusted(2 * kNoteRim, 0, -2 * kNoteRim, -2 * kNoteRim);
   QRect text = painter.boundingRect(wide, Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, note);
   const QRect box = text.adjusted(-kNoteRim, -kNoteRim / 2, kNoteRim, kNoteRim / 2);
-  painter.setPen(Qt::NoPen);
+  painter.setPen(PenOf(kMeasure, 1));
   painter.setBrush(isDark ? QColor(0, 0, 0, 200) : QColor(255, 255, 255, 225));
   painter.drawRoundedRect(box, 4, 4);
   painter.setPen(isDark ? Qt::white : Qt::black);
