@@ -173,13 +173,15 @@ class PageTest(unittest.TestCase):
         self.assertEqual(uses[0], 1)
         self.assertGreater(max(uses[1:]), 0)
 
-    # Where on the screen the path of a record begins, by the first element that it has.
+    # Where on the screen a record is seen: a little along the first element that it has,
+    # away from the texts and crossings of the drawing's grid.
     PLACE = """
         const [record, sheet] = arguments;
         show(sheet);
         const el = document.querySelector(`#model [data-r='${record}']`);
         const seen = groupsOf(sheets[sheet]).find(g => g.group.id === 'model');
-        const [x, y] = numbers(el.getAttribute('d')), m = seen.matrix;
+        const [x0, y0, x1, y1] = numbers(el.getAttribute('d')), m = seen.matrix;
+        const x = x0 + 0.123 * (x1 - x0), y = y0 + 0.123 * (y1 - y0);
         const c = sheets[sheet].getScreenCTM();
         const px = m.a * x + m.c * y + m.e, py = m.b * x + m.d * y + m.f;
         return [c.a * px + c.c * py + c.e, c.b * px + c.d * py + c.f].map(Math.round)"""

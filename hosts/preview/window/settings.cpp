@@ -6,7 +6,7 @@
 #include <QSettings>
 #include <QStyle>
 
-#include "paint/look.hpp"
+#include <algorithm>
 
 namespace preview {
 namespace {
@@ -34,8 +34,9 @@ QPalette DarkPalette() {
   const QColor text(0xE6, 0xE6, 0xE6);
   const QColor faint(0x80, 0x80, 0x80);
   QPalette palette(window);
-  palette.setColor(QPalette::Base, BackgroundOf(true));
-  palette.setColor(QPalette::AlternateBase, QColor(0x23, 0x25, 0x29));
+  // Lighter than the window: the style draws the edges of boxes darker than that.
+  palette.setColor(QPalette::Base, QColor(0x36, 0x39, 0x3E));
+  palette.setColor(QPalette::AlternateBase, QColor(0x3C, 0x3F, 0x45));
   for (const QPalette::ColorRole role :
        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
     palette.setColor(role, text);
