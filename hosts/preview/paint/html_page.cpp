@@ -31,7 +31,7 @@ aside input[type=search]{font:inherit;width:100%;box-sizing:border-box;color:inh
 #hits button{display:block;width:100%;text-align:left;border:0;overflow:hidden;
  text-overflow:ellipsis;white-space:nowrap}
 #keys{border-collapse:collapse;width:100%;table-layout:fixed;font-size:.9em}
-#keys th{text-align:left;width:36%;font-weight:600;vertical-align:top}
+#keys th{text-align:left;width:40%;font-weight:600;vertical-align:top;overflow-wrap:anywhere}
 #keys td{overflow-wrap:anywhere;vertical-align:top}
 .picked{fill:none;stroke:#ff7a00;stroke-width:3;vector-effect:non-scaling-stroke;
  pointer-events:none}
