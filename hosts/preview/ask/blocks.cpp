@@ -55,6 +55,7 @@ std::vector<BlockEntry> ListBlocks(const Scene& scene) {
     }
   }
   std::vector<BlockEntry> entries;
+  entries.reserve(byName.size());
   for (auto& [name, entry] : byName) {
     entries.push_back(std::move(entry));
   }

@@ -246,6 +246,23 @@ TEST_F(Window, TheRecordIsCopiedAsTheDocumentHasIt) {
   EXPECT_EQ(copy, CurrentCanvas().scene()->records[0]);
 }
 
+TEST_F(Window, ALongRecordIsListedInPart) {
+  QByteArray points;
+  for (int i = 0; i < 3000; ++i) {
+    points += "[" + QByteArray::number(i % 7) + ",1],";
+  }
+  points.chop(1);
+  Start("cat \"$1\"\n");
+  ASSERT_TRUE(OpenFile(Write(
+      "plan.dwg", QByteArray(kDocument).replace("[0,0],[10,0],[10,10],[0,10]", points) + '\n')));
+  RunUntil(&CurrentCanvas(), &Canvas::picked, [&] { Trigger("Next record"); });
+  const QTreeWidgetItem* row =
+      Dock("record")->findChild<QTreeWidget*>()->findItems("pts", Qt::MatchExactly).value(0);
+  ASSERT_NE(row, nullptr);
+  EXPECT_GT(row->childCount(), 100);
+  EXPECT_LT(row->childCount(), 3000);
+}
+
 TEST_F(Window, KeysStepThroughTheRecords) {
   ASSERT_TRUE(OpenDocument());
   RunUntil(&CurrentCanvas(), &Canvas::picked, [&] { Trigger("Next record"); });

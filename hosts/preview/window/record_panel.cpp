@@ -16,8 +16,8 @@
 namespace preview {
 namespace {
 
-// Of a list's members; a spline may have a million.
-constexpr int kMostMembers = 500;
+// Of one key; a spline may have a million points.
+constexpr int kMostRows = 2000;
 constexpr qsizetype kLongestValue = 200;
 
 QString TextOf(const QJsonValue& value) {
@@ -49,28 +49,26 @@ QTreeWidgetItem* Row(const QString& key, const QJsonValue& value) {
   return row;
 }
 
-// Members below the row of their list or object. Documents nest a few levels deep, and
-// the parser of JSON itself bounds how deep.
-void AddMembers(QTreeWidgetItem* parent, const QJsonValue& value) {
+// Members below the row of their list or object, as long as the budget of rows lasts.
+// Documents nest a few levels deep, and the parser of JSON itself bounds how deep.
+void AddMembers(QTreeWidgetItem* parent, const QJsonValue& value, int& budget) {
   const auto add = [&](const QString& key, const QJsonValue& member) {
-    QTreeWidgetItem* row = Row(key, member);
-    parent->addChild(row);
-    AddMembers(row, member);
-  };
-  if (value.isObject()) {
-    const QJsonObject object = value.toObject();
-    for (auto member = object.begin(); member != object.end(); ++member) {
-      add(member.key(), member.value());
-    }
-    return;
-  }
-  int count = 0;
-  for (const auto& member : value.toArray()) {
-    if (++count > kMostMembers) {
-      parent->addChild(new QTreeWidgetItem({"…", "more: copy the record to see them"}));
+    if (budget <= 0) {
       return;
     }
-    add(QString::number(count - 1), member);
+    const bool isLast = --budget == 0;
+    QTreeWidgetItem* row =
+        isLast ? new QTreeWidgetItem({"…", "more: copy the record to see them"}) : Row(key, member);
+    parent->addChild(row);
+    AddMembers(row, isLast ? QJsonValue() : member, budget);
+  };
+  const QJsonObject object = value.toObject();
+  for (auto member = object.begin(); member != object.end(); ++member) {
+    add(member.key(), member.value());
+  }
+  const QJsonArray list = value.toArray();
+  for (qsizetype i = 0; i < list.size() && budget > 0; ++i) {
+    add(QString::number(i), list[i]);
   }
 }
 
@@ -128,7 +126,8 @@ void RecordPanel::Fill() {
     if (member.key() != "type" && member.key() != "handle" && member.key() != "layer") {
       QTreeWidgetItem* row = Row(member.key(), member.value());
       tree_->addTopLevelItem(row);
-      AddMembers(row, member.value());
+      int budget = kMostRows;
+      AddMembers(row, member.value(), budget);
     }
   }
 }
