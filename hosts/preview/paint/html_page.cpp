@@ -426,9 +426,9 @@ QByteArray Sheets(const Scene& scene, const ExportOptions& options) {
 
 }  // namespace
 
-QByteArray HtmlPage(const Scene& scene, const QString& title, const ExportOptions& given) {
-  ExportOptions options = given;
-  options.namesRecords = true;
+QByteArray HtmlPage(const Scene& scene, const QString& title, const ExportOptions& options) {
+  ExportOptions naming = options;
+  naming.namesRecords = true;
   const bool dark = IsDark(options.background);
   return QByteArray("<!DOCTYPE html>\n<html") + (dark ? " class=\"dark\"" : "") + " style=\"" +
          SvgHiddenLayers(scene) + "\">\n<head><meta charset=\"utf-8\"><title>" + Escaped(title) +
@@ -437,7 +437,7 @@ QByteArray HtmlPage(const Scene& scene, const QString& title, const ExportOption
          Tabs(scene) +
          "</nav><button id=\"fit\">Fit</button><button id=\"dark\">Dark</button></header>\n<main>"
          "<div id=\"stage\">\n<svg id=\"defs\"><defs>" +
-         SvgModelGroup(scene, options) + "</defs></svg>\n" + Sheets(scene, options) +
+         SvgModelGroup(scene, naming) + "</defs></svg>\n" + Sheets(scene, naming) +
          "</div>\n<aside>" + kPanels + "<button id=\"all\">All layers</button>\n" +
          LayerSwitches(scene) + "</aside></main>\n<footer>" + Notes(scene) +
          "</footer>\n<script id=\"records\" type=\"text/plain\">" + Records(scene) +

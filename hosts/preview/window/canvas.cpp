@@ -53,6 +53,7 @@ std::vector<QPointF> PointsOf(const std::vector<Snap>& chain) {
     return snap.viewport >= 0 && snap.viewport == chain.front().viewport;
   });
   std::vector<QPointF> points;
+  points.reserve(chain.size());
   for (const Snap& snap : chain) {
     points.push_back(isThrough ? snap.inSpace : snap.at);
   }
@@ -407,8 +408,8 @@ void Canvas::paintEvent(QPaintEvent* /*event*/) {
 // What was seen whole stays whole; other views stay where they are.
 void Canvas::resizeEvent(QResizeEvent* event) {
   const QRectF before(QPointF(0, 0), QSizeF(event->oldSize()));
-  if (scene_ && (!event->oldSize().isValid() ||
-                 views_[sheet_] == FitSheet(scene_->sheets[sheet_], before))) {
+  if (scene_ &&
+      (!event->oldSize().isValid() || views_[sheet_] == FitSheet(scene_->sheets[sheet_], before))) {
     Fit();
   } else {
     Changed();
