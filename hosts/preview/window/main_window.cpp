@@ -113,11 +113,11 @@ void MainWindow::BuildDocks() {
   QDockWidget* layers = AddDock("Layers", "layers", layers_ = new LayersPanel, kRight);
   QDockWidget* blocks = AddDock("Blocks", "blocks", blocks_ = new BlocksPanel, kRight);
   QDockWidget* record = AddDock("Record", "record", record_ = new RecordPanel, kRight);
-  QDockWidget* find = AddDock("Find", "find", find_ = new FindPanel, kRight);
+  QDockWidget* texts = AddDock("Find", "find", find_ = new FindPanel, kRight);
   QDockWidget* notes = AddDock("Warnings", "notes", notes_ = new QListWidget, kRight);
   tabifyDockWidget(layers, blocks);
-  tabifyDockWidget(record, find);
-  tabifyDockWidget(find, notes);
+  tabifyDockWidget(record, texts);
+  tabifyDockWidget(texts, notes);
   layers->raise();
   record->raise();
   resizeDocks({layers}, {300}, Qt::Horizontal);
@@ -281,7 +281,7 @@ void MainWindow::FillRecent(QMenu* menu) {
   menu->addAction("&Forget them", this, ForgetRecentFiles)->setEnabled(!RecentFiles().isEmpty());
 }
 
-void MainWindow::WithCanvas(const std::function<void(Canvas&)>& action) {
+void MainWindow::WithCanvas(const std::function<void(Canvas&)>& action) const {
   if (const DrawingView* view = current()) {
     action(*view->canvas());
   }

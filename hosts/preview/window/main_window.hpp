@@ -59,7 +59,7 @@ class MainWindow : public QMainWindow {
   void BuildPanelMenu();
   void BuildThemeMenu(QMenu* menu);
   void FillRecent(QMenu* menu);
-  void WithCanvas(const std::function<void(Canvas&)>& action);
+  void WithCanvas(const std::function<void(Canvas&)>& action) const;
   DrawingView* AddView(const QString& drawing);
   DrawingView* ViewOf(const QString& drawing) const;
   void Enqueue(DrawingView* view);

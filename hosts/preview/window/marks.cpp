@@ -20,7 +20,7 @@ QPen PenOf(QRgb color, double width) {
 
 // Each kind has a shape of its own, as in other programs.
 QPainterPath MarkerOf(SnapKind kind, QPointF at) {
-  constexpr double s = kMarkerSize;
+  const double s = kMarkerSize;
   QPainterPath path;
   switch (kind) {
     case SnapKind::kNone: break;
