@@ -59,7 +59,16 @@ bool IsHitFrame(const QPolygonF& frame, QPointF at, double reach) {
   return probe.isInside || probe.distance <= reach;
 }
 
-bool IsHit(const Item& item, QPointF at, double reach) {
+bool IsClippedAway(const Scene& scene, const Item& item, QPointF at, double reach) {
+  return item.clip > 0 &&
+         !ProbePath(scene.clips[static_cast<std::size_t>(item.clip)], {}, at, reach * kFineness)
+              .isInside;
+}
+
+bool IsHit(const Scene& scene, const Item& item, QPointF at, double reach) {
+  if (IsClippedAway(scene, item, at, reach)) {
+    return false;
+  }
   if (!item.shape->image.isNull()) {
     return IsHitFrame(FrameOfPicture(item), at, reach);
   }
@@ -260,7 +269,7 @@ std::vector<Hit> SceneIndex::HitsAt(const Pointer& pointer, const Shows& shows) 
   for (const Space& space : SpacesAt(pointer)) {
     for (const std::size_t item : ItemsNear(space, shows)) {
       if (hits.size() < kMostHits &&
-          IsHit(scene_->sheets[space.sheet].items[item], space.at, space.reach)) {
+          IsHit(*scene_, scene_->sheets[space.sheet].items[item], space.at, space.reach)) {
         hits.push_back({space.sheet, item, space.viewport});
       }
     }

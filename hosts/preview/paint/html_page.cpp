@@ -136,15 +136,19 @@ async function load() {
   data = await new Response(stream).json();
 }
 
+// The path that clips a group, or null.
+const clipOf = group => {
+  const clip = (group.getAttribute('clip-path') || '').match(/#([^)]*)/);
+  return clip && $(clip[1]).firstChild.getAttribute('d');
+};
+
 // The groups of elements that a sheet shows, topmost first: its own, then model space
 // through each viewport.
 function groupsOf(sheet) {
   const own = sheet.querySelector(':scope > g.items');
-  const uses = [...sheet.querySelectorAll('use[href="#model"]')].reverse().map(use => {
-    const clip = (use.parentNode.getAttribute('clip-path') || '').match(/#([^)]*)/);
-    return {group: $('model'), use, matrix: use.transform.baseVal.consolidate().matrix,
-            clip: clip && $(clip[1]).firstChild.getAttribute('d')};
-  });
+  const uses = [...sheet.querySelectorAll('use[href="#model"]')].reverse().map(use => ({
+    group: $('model'), use, matrix: use.transform.baseVal.consolidate().matrix,
+    clip: clipOf(use.parentNode)}));
   const still = stage.querySelector('svg').createSVGMatrix();
   return own ? [{group: own, use: null, matrix: still, clip: null}, ...uses] : uses;
 }
@@ -168,7 +172,7 @@ function entriesOf(group) {
         box[0] = Math.min(box[0], n[i]); box[2] = Math.max(box[2], n[i]);
         box[1] = Math.min(box[1], n[i + 1]); box[3] = Math.max(box[3], n[i + 1]);
       }
-      return {el, box, r: +el.dataset.r, u: +(el.dataset.u ?? -1)};
+      return {el, box, clip: clipOf(el.parentNode), r: +el.dataset.r, u: +(el.dataset.u ?? -1)};
     }));
   }
   return indices.get(group);
@@ -222,8 +226,9 @@ function hitAt(x, y) {
     const gx = m.a * px + m.c * py + m.e, gy = m.b * px + m.d * py + m.f;
     const rim = reach * Math.hypot(m.a, m.b), entries = entriesOf(seen.group);
     for (let i = entries.length; i-- > 0;) {
-      const {el, box, r} = entries[i];
+      const {el, box, clip, r} = entries[i];
       if (!within(box, gx, gy, rim) || !isShown(el, seen.use)) continue;
+      if (clip && !probe(clip, gx, gy).inside) continue;
       const {distance, inside} = probe(pathOf(el), gx, gy);
       // A text counts as its box.
       if (distance <= rim || (isFilled(el) && (inside || r in data.texts)))

@@ -141,6 +141,16 @@ constexpr char kCross[] =
     "{'type':'LINE','layer':'Red','startX':0,'startY':10,'endX':10,'endY':0},"
     "{'type':'LINE','layer':'Off','startX':0,'startY':5,'endX':10,'endY':5}";
 
+TEST_F(Ask, ClicksMissWhatAClipTakesAway) {
+  Build(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'scaleX':1,'scaleY':1,"
+      "'clip':{'on':true,'inverted':false,'block':[[2,-1],[5,-1],[5,1],[2,1]]}}",
+      "{'name':'B','entities':[{'type':'LINE','layer':'0','startX':0,'startY':0,'endX':10,"
+      "'endY':0,'color':'L','lw':'L'}]}");
+  EXPECT_EQ(RecordsAt(3, 0).size(), 1U);
+  EXPECT_TRUE(RecordsAt(8, 0).empty());
+}
+
 TEST_F(Ask, TheLastPaintedLineIsHitFirst) {
   Build(kCross);
   EXPECT_THAT(RecordsAt(5, 5), ElementsAre(1, 0));
