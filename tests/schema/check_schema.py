@@ -168,7 +168,7 @@ PLANTED_COMPLETE = {
     "a record without a line type": put(["entities", 0, "linetype"], DELETE),
     "a handle in lower case": put(["entities", 0, "handle"], "2a"),
     "a visible record that says so": put(["entities", 0, "invisible"], False),
-    "a further coordinate as a text": put(["entities", 0, "elevation"], "0"),
+    "a further coordinate as a text": put(["entities", 0, "startZ"], "0"),
     "a record of a type without a name": put(["entities", 0, "type"], "LINES"),
     "a plain key that is missing": put(["entities", 0, "endX"], DELETE),
     "a line type of a layer that is missing": put(["layers", 0, "linetype"], DELETE),
