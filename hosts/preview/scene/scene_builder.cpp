@@ -65,6 +65,7 @@ std::vector<QJsonObject> InDrawOrder(const QJsonArray& records) {
     double rank = 0;
   };
   std::vector<Ranked> ranked;
+  ranked.reserve(static_cast<std::size_t>(records.size()));
   double last = -1;
   for (const auto& value : records) {
     const QJsonObject record = value.toObject();
@@ -74,6 +75,7 @@ std::vector<QJsonObject> InDrawOrder(const QJsonArray& records) {
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const Ranked& a, const Ranked& b) { return a.rank < b.rank; });
   std::vector<QJsonObject> ordered;
+  ordered.reserve(ranked.size());
   for (Ranked& one : ranked) {
     ordered.push_back(std::move(one.record));
   }
