@@ -19,6 +19,10 @@ test_packages=(git clang llvm libclang-rt-14-dev clang-format-14 clang-tidy-14 g
 stage_checks() {
   say "Format"
   (cd "$root" && our_sources '*.[ch]pp' | xargs clang-format-14 --dry-run -Werror)
+  local folder
+  for folder in bench fuzz hosts/preview/tests; do
+    cmp "$root/tests/.clang-tidy" "$root/$folder/.clang-tidy"
+  done
 }
 
 # run_ctest PRESET [OPTION...]

@@ -21,7 +21,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 std::vector<std::size_t> Touching(const BoxTree& tree, const QRectF& area) {
   std::vector<std::size_t> found;
@@ -31,6 +30,7 @@ std::vector<std::size_t> Touching(const BoxTree& tree, const QRectF& area) {
 
 TEST(BoxTree, FindsWhatALoopOverAllBoxesFinds) {
   std::vector<QRectF> boxes;
+  boxes.reserve(2000);
   for (int i = 0; i < 2000; ++i) {
     boxes.emplace_back(i * 37 % 101, i * 53 % 97, i % 7, i % 11);
   }
