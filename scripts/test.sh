@@ -68,7 +68,7 @@ stage_fuzz() {
 
 stage_release() {
   say "What users run: build, golden documents, crash reporting"
-  build_preset release
+  build_preset release all crash_program without_calls
   (
     cd "$root"
     python3 tests/golden/run_golden.py --worker build/release/dwg_import_worker

@@ -384,7 +384,9 @@ class Tests:
         crash leaves a document that no host takes for a whole one."""
         for source, release, form in DRAWINGS:
             worker = self.worker()
-            drawing = worker.folder / (SECRET_NAME + pathlib.Path(source).suffix)
+            # Wine passes over the program's UTF-8 code page: no folder beyond ASCII there.
+            folder = worker.folder.parent if self.wine else worker.folder
+            drawing = folder / (SECRET_NAME + pathlib.Path(source).suffix)
             shutil.copyfile(REPOSITORY / "tests" / "drawings" / source, drawing)
             whole = worker.run(worker.native(drawing), "--complete")
             database = worker.folder / "crashpad-db"
@@ -621,6 +623,8 @@ class Tests:
 
     def locked_report_leaves_the_run_silent(self):
         """As when another worker's handler is sending a report of the same database."""
+        if self.wine:
+            return "the database of Windows has one file of metadata and no lock beside a report"
         worker = self.worker()
         worker.crash(KVT_SENTRY_DSN=refusing_dsn())
         require(wait_for(lambda: not worker.handlers()), "the handler stayed")
@@ -631,6 +635,7 @@ class Tests:
         run = worker.convert(KVT_SENTRY_DSN=refusing_dsn())
         require(run.status == 0 and only_progress_lines(run.errors),
                 f"status {run.status}, errors {run.errors!r}")
+        return None
 
     def unreachable_server_does_not_hold_up_a_run(self):
         """Shown by the order of events: a run ends while a handler is still waiting
