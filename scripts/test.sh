@@ -108,7 +108,7 @@ stage_rebuild() {
 
 stage_preview() {
   say "dwg_preview: build, unit tests, headless tests, pictures against ezdxf's, clang-tidy"
-  install_packages qt6-base-dev fonts-liberation fonts-dejavu-core chromium chromium-driver
+  install_packages qt6-base-dev fonts-liberation fonts-dejavu-core fonts-dejavu-extra chromium chromium-driver
   build_preset dev dwg_import_worker
   (
     cd "$root"
