@@ -118,14 +118,6 @@ QPainterPath PathOfEdges(const QJsonArray& edges) {
   return joiner.Take();
 }
 
-std::vector<double> NumbersOf(const QJsonValue& list) {
-  std::vector<double> numbers;
-  for (const auto& value : list.toArray()) {
-    numbers.push_back(value.toDouble());
-  }
-  return numbers;
-}
-
 QPainterPath PathOfBoundary(const QJsonObject& boundary) {
   if (boundary.contains("edges")) {
     return PathOfEdges(boundary["edges"].toArray());

@@ -26,6 +26,14 @@ Vector3 Cross(const Vector3& a, const Vector3& b) {
   return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
+std::vector<double> NumbersOf(const QJsonValue& list) {
+  std::vector<double> numbers;
+  for (const auto& value : list.toArray()) {
+    numbers.push_back(value.toDouble());
+  }
+  return numbers;
+}
+
 Vector3 VectorOf(const QJsonValue& numbers) {
   const QJsonArray list = numbers.toArray();
   return {list[0].toDouble(), list[1].toDouble(), list[2].toDouble()};

@@ -19,6 +19,8 @@ struct Vector3 {
 
 Vector3 Cross(const Vector3& a, const Vector3& b);
 
+std::vector<double> NumbersOf(const QJsonValue& list);
+
 // A list of three numbers; missing ones are 0.
 Vector3 VectorOf(const QJsonValue& numbers);
 

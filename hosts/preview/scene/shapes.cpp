@@ -28,14 +28,6 @@ namespace {
 // Larger pictures are read at a smaller size.
 constexpr int kLargestImageSide = 4096;
 
-std::vector<double> NumbersOf(const QJsonArray& array) {
-  std::vector<double> numbers;
-  for (const auto& value : array) {
-    numbers.push_back(value.toDouble());
-  }
-  return numbers;
-}
-
 std::vector<QPointF> FlatPointsOf(const QJsonArray& array) {
   std::vector<QPointF> points;
   for (qsizetype i = 0; i + 1 < array.size(); i += 2) {
@@ -230,8 +222,8 @@ QPainterPath EllipsePathOf(const QJsonObject& record) {
 }
 
 QPainterPath PolylinePath(const QJsonObject& record) {
-  const std::vector<QPointF> points = PointsOf(record["points"].toArray());
-  const std::vector<double> bulges = NumbersOf(record["bulges"].toArray());
+  const std::vector<QPointF> points = PointsFromAbove(record["points"]);
+  const std::vector<double> bulges = NumbersOf(record["bulges"]);
   return BulgedPath(points, bulges, record["closed"].toBool());
 }
 
@@ -253,7 +245,7 @@ std::vector<SegmentWidth> WidthsOf(const QJsonObject& record, std::size_t segmen
 
 // A point that is one vertex twice, or one vertex only, still shows.
 ShapePtr PolylineShape(const QJsonObject& record, const ShapeContext& context) {
-  const std::vector<QPointF> points = PointsOf(record["points"].toArray());
+  const std::vector<QPointF> points = PointsFromAbove(record["points"]);
   const std::vector<SegmentWidth> widths = WidthsOf(record, points.size());
   const bool generates = record["linetypeGeneration"].toBool();
   ShapePtr outline = Outline(PolylinePath(record));
@@ -265,7 +257,7 @@ ShapePtr PolylineShape(const QJsonObject& record, const ShapeContext& context) {
   if (!widths.empty()) {
     shape->polyline.clear();
     shape->parts[0].hairline = true;
-    const std::vector<double> bulges = NumbersOf(record["bulges"].toArray());
+    const std::vector<double> bulges = NumbersOf(record["bulges"]);
     shape->parts.push_back({WidePath(points, bulges, widths, record["closed"].toBool()),
                             context.header["FILLMODE"].toBool(true) ? Fill::kSolid : Fill::kNone,
                             std::nullopt});
@@ -307,7 +299,7 @@ ShapePtr SplineShape(const QJsonObject& record) {
   if (!exact.isEmpty()) {
     return Outline(exact);
   }
-  const std::vector<QPointF> points = PointsOf(record["fit_pts"].toArray());
+  const std::vector<QPointF> points = PointsFromAbove(record["fit_pts"]);
   if (MayBeSamples(record, points)) {
     return Outline(SmoothedPath(points));
   }
@@ -356,7 +348,7 @@ ShapePtr HatchShape(const QJsonObject& record, const ShapeContext& context) {
 
 // A rectangular outline may come as two opposite corners.
 ShapePtr WipeoutShape(const QJsonObject& record) {
-  const std::vector<QPointF> points = PointsOf(record["verts"].toArray());
+  const std::vector<QPointF> points = PointsFromAbove(record["verts"]);
   if (points.size() == 2) {
     QPainterPath path;
     path.addRect(QRectF(points[0], points[1]).normalized());
@@ -408,7 +400,7 @@ ShapePtr AttributeShape(const QJsonObject& record) {
 
 // Where the heights of columns are not stored, all have the frame's.
 std::vector<double> ColumnHeights(const QJsonObject& record, const QJsonObject& columns) {
-  std::vector<double> heights = NumbersOf(columns["heights"].toArray());
+  std::vector<double> heights = NumbersOf(columns["heights"]);
   // Linked texts hold what stands in the further columns themselves.
   if (!columns.contains("type") || (heights.empty() && columns.contains("linked"))) {
     return {};
@@ -502,7 +494,7 @@ void AddHookLine(Shape& shape, const QJsonObject& record, const std::vector<QPoi
 }
 
 ShapePtr LeaderShape(const QJsonObject& record) {
-  const std::vector<QPointF> points = PointsOf(record["points"].toArray());
+  const std::vector<QPointF> points = PointsFromAbove(record["points"]);
   if (points.size() < 2) {
     return nullptr;
   }
@@ -826,19 +818,6 @@ Type TypeOf(const QString& word) {
   return types.value(word, Type::kUnknown);
 }
 
-}  // namespace
-
-std::vector<QPointF> PointsOf(const QJsonArray& pairs) {
-  std::vector<QPointF> points;
-  for (const auto& pair : pairs) {
-    const QJsonArray numbers = pair.toArray();
-    points.emplace_back(numbers[0].toDouble(), numbers[1].toDouble());
-  }
-  return points;
-}
-
-namespace {
-
 // The record's shape in the plane that its plain keys count in.
 ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
   switch (TypeOf(record["type"].toString())) {
@@ -853,7 +832,7 @@ ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
     case Type::kSpline: return SplineShape(record);
     case Type::kHatch: return HatchShape(record, context);
     case Type::kSolid:
-      return Filled(StraightPath(PointsOf(record["pts"].toArray()), true), Fill::kSolid);
+      return Filled(StraightPath(PointsFromAbove(record["pts"]), true), Fill::kSolid);
     case Type::kWipeout: return WipeoutShape(record);
     case Type::kText: return SingleLineShape(SingleLineSource(record), record);
     case Type::kDynText: return AttributeShape(record);

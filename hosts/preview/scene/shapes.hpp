@@ -29,9 +29,6 @@ struct ShapeContext {
 // degenerate geometry. INSERT and VIEWPORT have no shape of their own.
 ShapePtr MakeShape(const QJsonObject& record, const ShapeContext& context);
 
-// Points of a JSON array of pairs, further numbers of a point ignored.
-std::vector<QPointF> PointsOf(const QJsonArray& pairs);
-
 // The outline of a record as a clip: polylines, circles, ellipses, hatches;
 // the frame of a viewport. Empty for any other.
 QPainterPath OutlineOf(const QJsonObject& record);

@@ -113,14 +113,6 @@ class Curve {
   const Nurbs& shape_;
 };
 
-std::vector<double> NumbersOf(const QJsonValue& list) {
-  std::vector<double> numbers;
-  for (const auto& value : list.toArray()) {
-    numbers.push_back(value.toDouble());
-  }
-  return numbers;
-}
-
 }  // namespace
 
 QPainterPath SplinePath(const Nurbs& spline) {
