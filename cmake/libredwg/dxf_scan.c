@@ -65,45 +65,38 @@ divide (uint64_t digits, int decimals, double *value)
 }
 #endif
 
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-/* Eight digits at once, by neighbours: of one, two and four digits. */
-static int
-scan_eight (const unsigned char *at, uint64_t *digits)
+/* The number of the first digits of a word, by neighbours: of one, two and four
+   digits. Zeros take the place of those before them. */
+static uint32_t
+number_of (uint64_t word, unsigned count)
 {
-  uint64_t word, high;
-  memcpy (&word, at, sizeof (word));
-  high = word + UINT64_C (0x4646464646464646);
-  word -= UINT64_C (0x3030303030303030);
-  if (((high | word) & UINT64_C (0x8080808080808080)) != 0)
-    return 0;
+  word <<= 64 - 8 * count;
   word = word * 10 + (word >> 8);
-  word = ((word & UINT64_C (0x000000FF000000FF)) * UINT64_C (0x000F424000000064)
-          + ((word >> 16) & UINT64_C (0x000000FF000000FF))
-                * UINT64_C (0x0000271000000001))
-         >> 32;
-  *digits = *digits * 100000000 + (uint32_t)word;
-  return 1;
+  return (uint32_t)(((word & UINT64_C (0x000000FF000000FF))
+                         * UINT64_C (0x000F424000000064)
+                     + ((word >> 16) & UINT64_C (0x000000FF000000FF))
+                           * UINT64_C (0x0000271000000001))
+                    >> 32);
 }
-#else
-static int
-scan_eight (const unsigned char *at, uint64_t *digits)
-{
-  (void)at;
-  (void)digits;
-  return 0;
-}
-#endif
 
-/* The digits at that place, behind those before. Stops behind the first that
-   are too many. */
+/* The digits at that place, behind those before. Stops some way behind the first
+   that are too many. */
 static const unsigned char *
 scan_digits (const unsigned char *at, uint64_t *digits)
 {
+  static const uint32_t tens[9] = { 1,      10,      100,      1000,     10000,
+                                    100000, 1000000, 10000000, 100000000 };
   const unsigned char *const first = at;
-  while (at - first <= MOST_DIGITS - 8 && scan_eight (at, digits))
-    at += 8;
-  for (; dxf_is_digit (*at) && at - first <= MOST_DIGITS; at++)
-    *digits = *digits * 10 + (*at - '0');
+  unsigned count;
+  do
+    {
+      uint64_t word;
+      count = dxf_scan_eight (at, &word);
+      if (count)
+        *digits = *digits * tens[count] + number_of (word, count);
+      at += count;
+    }
+  while (count == 8 && at - first <= MOST_DIGITS);
   return at;
 }
 

@@ -24,6 +24,44 @@ dxf_is_digit (unsigned char c)
   return (unsigned char)(c - '0') <= 9;
 }
 
+/* How many digits stand at that place, 8 at most. The eight characters there are
+   written to `word`, the digits among them as numbers, the first lowest. */
+static inline unsigned
+dxf_scan_eight (const unsigned char *at, uint64_t *word)
+{
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  uint64_t others;
+  memcpy (word, at, sizeof (*word));
+  *word ^= UINT64_C (0x3030303030303030);
+  /* What a character that is no digit carries changes only those behind it. */
+  others = ((*word + UINT64_C (0x7676767676767676)) | *word)
+           & UINT64_C (0x8080808080808080);
+  return others ? (unsigned)__builtin_ctzll (others) / 8 : 8;
+#else
+  unsigned count;
+  *word = 0;
+  for (count = 0; count < 8 && dxf_is_digit (at[count]); count++)
+    *word |= (uint64_t)(at[count] - '0') << 8 * count;
+  return count;
+#endif
+}
+
+/* Behind the digits at that place, or behind `most` of them and up to seven more. */
+static inline const unsigned char *
+dxf_scan_digits (const unsigned char *at, unsigned most)
+{
+  const unsigned char *const end = at + most;
+  uint64_t word;
+  unsigned count;
+  do
+    {
+      count = dxf_scan_eight (at, &word);
+      at += count;
+    }
+  while (count == 8 && at < end);
+  return at;
+}
+
 /* The end of a line: null when there is something else. */
 static inline const unsigned char *
 dxf_scan_end (const unsigned char *at)

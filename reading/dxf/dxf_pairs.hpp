@@ -8,6 +8,8 @@
 #include <cstring>
 #include <string_view>
 
+#include <dxf_scan.h>
+
 #include "reading/dxf/dxf_values.hpp"
 
 // The reader takes longer ones, too, but no text is one.
@@ -67,7 +69,7 @@ class DxfPairReader {
 
   DxfStep ReadValue(DxfPair& pair, const char* value) {
     const char* const textEnd = text_.data() + text_.size();
-    if (textEnd - value > kMostPlainLine) {
+    if (textEnd - value > DXF_SCAN_MOST) {
       if (const char* end = EndOfPlainNumber(KindOfDxfCode(pair.code), value); end != nullptr) {
         pair.value = {value, static_cast<std::size_t>(end - value)};
         at_ = static_cast<std::size_t>(end + (*end == '\r' ? 2 : 1) - text_.data());
@@ -86,21 +88,19 @@ class DxfPairReader {
     return IsProper(pair) ? DxfStep::kPair : DxfStep::kFlaw;
   }
 
-  // Most lines with a number are no longer.
-  static constexpr std::ptrdiff_t kMostPlainLine = 64;
-
   static bool IsLineEnd(const char* at) { return *at == '\n' || (*at == '\r' && at[1] == '\n'); }
 
-  static const char* SkipDigits(const char* at, const char* most) {
-    while (*at >= '0' && *at <= '9' && at != most) {
-      ++at;
-    }
-    return at;
+  static const char* SkipDigits(const char* at) {
+    constexpr unsigned kMost = 40;
+    const auto* const digits = reinterpret_cast<const unsigned char*>(at);
+    return at + (dxf_scan_digits(digits, kMost) - digits);
   }
 
   // Where the line ends if it is a short number without any oddity, else null.
   static const char* EndOfPlainNumber(DxfValueKind kind, const char* line) {
-    const char* const most = line + kMostPlainLine - 2;
+    // With two runs of digits it stays within DXF_SCAN_MOST.
+    constexpr std::ptrdiff_t kMostBlanks = 16;
+    const char* const most = line + kMostBlanks;
     const char* at = line;
     while (*at == ' ' && at != most) {
       ++at;
@@ -108,15 +108,15 @@ class DxfPairReader {
     if (kind == DxfValueKind::kReal) {
       at += *at == '-' ? 1 : 0;
       const char* const first = at;
-      at = SkipDigits(at, most);
+      at = SkipDigits(at);
       const bool hasPoint = *at == '.';
-      at = hasPoint ? SkipDigits(at + 1, most) : at;
+      at = hasPoint ? SkipDigits(at + 1) : at;
       return at - first > (hasPoint ? 1 : 0) && IsLineEnd(at) ? at : nullptr;
     }
     if (kind == DxfValueKind::kShort || kind == DxfValueKind::kInteger) {
       constexpr std::ptrdiff_t kNeverOutside = 4;
       const char* const first = at;
-      at = SkipDigits(at, most);
+      at = SkipDigits(at);
       return at != first && at - first <= kNeverOutside && IsLineEnd(at) ? at : nullptr;
     }
     return nullptr;

@@ -375,7 +375,7 @@ void DxfRecord::NoteGroup(const DxfPair& pair) {
   }
 }
 
-DxfRecord::Meaning DxfRecord::Note(const DxfPair& pair) {
+DxfRecord::Meaning DxfRecord::Weigh(const DxfPair& pair) {
   if (requiredGroups_ != 0 || list_.count != 0) {
     NoteGroup(pair);
   }

@@ -2,6 +2,7 @@
 // the drawing depends on it, and the words that records and sections have.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -76,6 +77,30 @@ struct DxfListCodes {
 };
 DxfListCodes DxfListOfType(std::string_view recordName);
 
+namespace dxf_record_detail {
+
+// The groups that records of any type heed: names, handles, owners, brackets, rows and
+// columns, and the common part of entities.
+inline constexpr std::array<std::size_t, 19> kHeededCodes = {
+    2, 3, 5, 6, 7, 8, 48, 60, 62, 67, 70, 71, 100, 102, 105, 330, 370, 420, 440};
+
+consteval auto HeededByCode() {
+  std::array<bool, kHeededCodes.back() + 1> heeded{};
+  for (const std::size_t code : kHeededCodes) {
+    heeded.at(code) = true;
+  }
+  return heeded;
+}
+
+inline constexpr auto kHeededByCode = HeededByCode();
+
+constexpr bool IsHeeded(int code) {
+  const auto index = static_cast<std::size_t>(code);
+  return index < kHeededByCode.size() && kHeededByCode[index];
+}
+
+}  // namespace dxf_record_detail
+
 struct DxfRecord {
   std::string_view name;
   std::size_t begin = 0;
@@ -118,9 +143,17 @@ struct DxfRecord {
     kUnknownSubclass,
     kForeignHandle,  // in a group of another program: the reader takes it for an owner
   };
-  Meaning Note(const DxfPair& pair);
+  Meaning Note(const DxfPair& pair) {
+    return SaysNothing(pair.code) ? Meaning::kOther : Weigh(pair);
+  }
 
  private:
+  // Whether no record of this one's type heeds that group: most are such.
+  bool SaysNothing(int code) const {
+    return requiredGroups_ == 0 && code != list_.item && code != list_.count &&
+           !dxf_record_detail::IsHeeded(code);
+  }
+  Meaning Weigh(const DxfPair& pair);
   Meaning NoteOwner(std::string_view value);
   Meaning NoteGroupBracket(std::string_view value);
   Meaning NoteLayer(std::string_view value);
