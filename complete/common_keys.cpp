@@ -94,7 +94,7 @@ void AppendCommonFurtherKeys(JsonOut& out, const Dwg_Object& object,
   if (entity.invisible != 0) {
     out += ",\"invisible\":true";
   }
-  if (const std::uint32_t* place = context.tables.drawOrder.Find(object.handle.value)) {
+  if (const std::uint32_t* place = context.tables.drawOrder.Find(object)) {
     AppendIntKey(out, ",\"drawOrder\":", *place);
   }
 }

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "complete/draw_order.hpp"
 #include "encode/ascii.hpp"
 #include "encode/json_text.hpp"
 #include "entities/block_names.hpp"
@@ -188,7 +187,7 @@ CompleteTables BuildCompleteTables(const Drawing& drawing, LookupTables& base) {
   tables.acadApplication = Application(drawing, others, "ACAD");
   tables.layerApplication = Application(drawing, others, "AcAecLayerStandard");
   tables.hatchBackgroundApplication = Application(drawing, others, "HATCHBACKGROUNDCOLOR");
-  tables.drawOrder = BuildDrawOrder(others, byOwner, tables.isDxf);
+  tables.drawOrder = BuildDrawOrder(drawing.data, others, byOwner, tables.isDxf);
   tables.references =
       BuildReferenceTables(drawing.data, others, Application(drawing, others, "AcDbBlockRepBTag"));
   base.entitiesByOwner = std::move(byOwner);

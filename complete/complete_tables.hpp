@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "complete/draw_order.hpp"
 #include "complete/reference_tables.hpp"
 #include "complete/viewport_ids.hpp"
 #include "entities/drawing.hpp"
@@ -58,7 +59,7 @@ struct CompleteTables {
   EntitiesByOwner polylineParts;
 
   // See draw_order.hpp.
-  HandleMap<std::uint32_t> drawOrder;
+  DrawOrder drawOrder;
 
   ReferenceTables references;
   ViewportIds viewportIds;

@@ -2,56 +2,107 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
-#include <utility>
-#include <vector>
+#include <functional>
+#include <iterator>
+#include <limits>
 
 #include "entities/drawing_access.hpp"
+#include "entities/handle_map.hpp"
 
 namespace {
 
 using Entities = std::span<const Dwg_Object* const>;
+using References = std::span<const BITCODE_H>;
 
-// What an entity is sorted by, and the entity.
-using Place = std::pair<Handle, const Dwg_Object*>;
+constexpr std::uint32_t kAsStored = std::numeric_limits<std::uint32_t>::max();
 
-// Numbers the places when sorting changes their order.
-void AddOrder(HandleMap<std::uint32_t>& order, std::vector<Place> places) {
-  const auto isBefore = [](const Place& a, const Place& b) { return a.first < b.first; };
-  if (std::is_sorted(places.begin(), places.end(), isBefore)) {
+// Where the object stands; as many as there are when it is none of them.
+std::size_t IndexOf(std::span<const Dwg_Object> objects, const Dwg_Object* object) {
+  const bool isOneOfThem = !std::less<>{}(object, objects.data()) &&
+                           std::less<>{}(object, objects.data() + objects.size());
+  return isOneOfThem ? static_cast<std::size_t>(object - objects.data()) : objects.size();
+}
+
+// What is known of each object, 0 for nothing: an array, since hash tables cost more than
+// all else here where a drawing has many entities.
+class ObjectValues {
+ public:
+  explicit ObjectValues(const Dwg_Data& dwg) : dwg_(dwg), objects_(Objects(dwg)) {}
+
+  Handle Of(const Dwg_Object& object) const {
+    return values_.empty() ? 0 : values_[IndexOf(objects_, &object)];
+  }
+
+  // The last value of an object counts.
+  void Set(const Dwg_Object_Ref* reference, Handle value) {
+    const std::size_t target = TargetOf(reference);
+    if (target < objects_.size()) {
+      values_.resize(objects_.size());
+      values_[target] = value;
+    }
+  }
+
+  void Forget(References references) {
+    for (const Dwg_Object_Ref* reference : references) {
+      Set(reference, 0);
+    }
+  }
+
+ private:
+  // The library notes at a reference what it leads to; a note from before the objects
+  // moved leads elsewhere.
+  std::size_t TargetOf(const Dwg_Object_Ref* reference) const {
+    const Handle handle = HandleOf(reference);
+    if (handle == 0) {
+      return objects_.size();
+    }
+    const std::size_t noted = IndexOf(objects_, reference->obj);
+    if (noted < objects_.size() && objects_[noted].handle.value == handle) {
+      return noted;
+    }
+    return dwg_.object_map == nullptr ? objects_.size()
+                                      : IndexOf(objects_, dwg_resolve_handle_silent(&dwg_, handle));
+  }
+
+  const Dwg_Data& dwg_;
+  std::span<const Dwg_Object> objects_;
+  std::vector<Handle> values_;
+};
+
+void NumberPlaces(DrawOrder& order, Entities stored, Entities drawn) {
+  if (std::equal(stored.begin(), stored.end(), drawn.begin(), drawn.end())) {
     return;
   }
-  std::stable_sort(places.begin(), places.end(), isBefore);
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    order[places[i].second->handle.value] = static_cast<std::uint32_t>(i);
+  for (std::size_t i = 0; i < drawn.size(); ++i) {
+    order.Set(*drawn[i], static_cast<std::uint32_t>(i));
   }
 }
 
-void AddSortTable(HandleMap<std::uint32_t>& order, const Dwg_Object_SORTENTSTABLE& table,
+void AddSortTable(DrawOrder& order, ObjectValues& keyOf, const Dwg_Object_SORTENTSTABLE& table,
                   Entities entities) {
   const auto sorted = SpanOf(table.ents, table.num_ents);
   const auto keys = SpanOf(table.sort_ents, table.num_ents);
   if (sorted.empty() || keys.empty()) {
     return;
   }
-  HandleMap<Handle> keyOf;
   for (std::size_t i = 0; i < sorted.size(); ++i) {
     if (const Handle key = HandleOf(keys[i])) {
-      keyOf[HandleOf(sorted[i])] = key;
+      keyOf.Set(sorted[i], key);
     }
   }
-  std::vector<Place> places;
-  places.reserve(entities.size());
-  for (const Dwg_Object* entity : entities) {
-    const Handle handle = entity->handle.value;
-    const Handle* key = keyOf.Find(handle);
-    places.emplace_back(key == nullptr ? handle : *key, entity);
-  }
-  AddOrder(order, std::move(places));
+  const auto key = [&](const Dwg_Object* entity) {
+    const Handle own = keyOf.Of(*entity);
+    return own == 0 ? entity->handle.value : own;
+  };
+  std::vector<const Dwg_Object*> drawn(entities.begin(), entities.end());
+  std::stable_sort(drawn.begin(), drawn.end(),
+                   [&](const Dwg_Object* a, const Dwg_Object* b) { return key(a) < key(b); });
+  NumberPlaces(order, entities, drawn);
+  keyOf.Forget(sorted);
 }
 
 // Whether the block lists its entities in their stored order.
-bool IsInStoredOrder(std::span<const BITCODE_H> list, Entities entities) {
+bool IsInStoredOrder(References list, Entities entities) {
   std::size_t next = 0;
   for (const Dwg_Object_Ref* reference : list) {
     if (next < entities.size() && HandleOf(reference) == entities[next]->handle.value) {
@@ -61,56 +112,80 @@ bool IsInStoredOrder(std::span<const BITCODE_H> list, Entities entities) {
   return next == entities.size();
 }
 
-void AddBlockList(HandleMap<std::uint32_t>& order, const Dwg_Object_BLOCK_HEADER& block,
+// The entities as the list has them, behind them those that it leaves out. `placeOf` are
+// the places in the list, from 1.
+std::vector<const Dwg_Object*> AsListed(const ObjectValues& placeOf, std::size_t listed,
+                                        Entities entities) {
+  std::vector<const Dwg_Object*> drawn(listed + 1);
+  for (const Dwg_Object* entity : entities) {
+    drawn[placeOf.Of(*entity)] = entity;
+  }
+  drawn.front() = nullptr;
+  std::erase(drawn, nullptr);
+  std::copy_if(entities.begin(), entities.end(), std::back_inserter(drawn),
+               [&](const Dwg_Object* entity) { return placeOf.Of(*entity) == 0; });
+  return drawn;
+}
+
+void AddBlockList(DrawOrder& order, ObjectValues& placeOf, const Dwg_Object_BLOCK_HEADER& block,
                   Entities entities) {
   const auto list = SpanOf(block.entities, block.num_owned);
   if (list.empty() || IsInStoredOrder(list, entities)) {
     return;
   }
-  HandleMap<Handle> placeOf;
   for (std::size_t i = 0; i < list.size(); ++i) {
-    placeOf[HandleOf(list[i])] = i;
+    placeOf.Set(list[i], i + 1);
   }
-  std::vector<Place> places;
-  places.reserve(entities.size());
-  for (const Dwg_Object* entity : entities) {
-    const Handle* place = placeOf.Find(entity->handle.value);
-    places.emplace_back(place == nullptr ? list.size() : *place, entity);
-  }
-  AddOrder(order, std::move(places));
+  NumberPlaces(order, entities, AsListed(placeOf, list.size(), entities));
+  placeOf.Forget(list);
 }
 
-}  // namespace
+using SortTables = HandleMap<const Dwg_Object_SORTENTSTABLE*>;
 
-HandleMap<std::uint32_t> BuildDrawOrder(std::span<const Dwg_Object* const> objects,
-                                        const EntitiesByOwner& entities, bool isDxf) {
-  HandleMap<std::uint32_t> order;
-  HandleMap<const Dwg_Object_SORTENTSTABLE*> tables;
-  for (const Dwg_Object* const each : objects) {
-    const Dwg_Object& object = *each;
-    if (object.fixedtype != DWG_TYPE_SORTENTSTABLE) {
-      continue;
-    }
-    const auto* table = ObjectData(object, &ObjectTio::SORTENTSTABLE);
+SortTables SortTablesOf(std::span<const Dwg_Object* const> objects) {
+  SortTables tables;
+  for (const Dwg_Object* object : objects) {
+    const auto* table = object->fixedtype == DWG_TYPE_SORTENTSTABLE
+                            ? ObjectData(*object, &ObjectTio::SORTENTSTABLE)
+                            : nullptr;
     const Handle block = table == nullptr ? 0 : HandleOf(table->block_owner);
     if (block != 0) {
       tables[block] = table;
     }
   }
+  return tables;
+}
+
+}  // namespace
+
+const std::uint32_t* DrawOrder::Find(const Dwg_Object& object) const {
+  const std::size_t index = places_.empty() ? 0 : IndexOf(objects_, &object);
+  return index >= places_.size() || places_[index] == kAsStored ? nullptr : &places_[index];
+}
+
+void DrawOrder::Set(const Dwg_Object& object, std::uint32_t place) {
+  places_.resize(objects_.size(), kAsStored);
+  places_[IndexOf(objects_, &object)] = place;
+}
+
+DrawOrder BuildDrawOrder(const Dwg_Data& dwg, std::span<const Dwg_Object* const> others,
+                         const EntitiesByOwner& entities, bool isDxf) {
+  DrawOrder order(Objects(dwg));
+  ObjectValues values(dwg);
+  const SortTables tables = SortTablesOf(others);
   HandleSet done;
-  for (const Dwg_Object* const each : objects) {
-    const Dwg_Object& object = *each;
-    const Handle handle = object.handle.value;
-    const auto* block = object.fixedtype == DWG_TYPE_BLOCK_HEADER
-                            ? ObjectData(object, &ObjectTio::BLOCK_HEADER)
+  for (const Dwg_Object* object : others) {
+    const Handle handle = object->handle.value;
+    const auto* block = object->fixedtype == DWG_TYPE_BLOCK_HEADER
+                            ? ObjectData(*object, &ObjectTio::BLOCK_HEADER)
                             : nullptr;
     if (block == nullptr || handle == 0 || !done.insert(handle).second) {
       continue;
     }
     if (const auto* const* table = tables.Find(handle)) {
-      AddSortTable(order, **table, entities.Of(handle));
+      AddSortTable(order, values, **table, entities.Of(handle));
     } else if (!isDxf) {
-      AddBlockList(order, *block, entities.Of(handle));
+      AddBlockList(order, values, *block, entities.Of(handle));
     }
   }
   return order;

@@ -22,9 +22,9 @@ Viewports ViewportsOf(std::span<const Dwg_Object* const> entities) {
   return viewports;
 }
 
-void SortByPlace(Viewports& viewports, const HandleMap<std::uint32_t>& drawOrder) {
+void SortByPlace(Viewports& viewports, const DrawOrder& drawOrder) {
   const auto place = [&](const Dwg_Object* object) {
-    const std::uint32_t* found = drawOrder.Find(object->handle.value);
+    const std::uint32_t* found = drawOrder.Find(*object);
     return found == nullptr ? 0 : *found;
   };
   std::stable_sort(viewports.begin(), viewports.end(),
@@ -69,7 +69,7 @@ void AddNumbered(ViewportIds& numbers, Handle sheet, const Viewports& viewports)
 
 }  // namespace
 
-ViewportIds NumberViewports(const LookupTables& base, const HandleMap<std::uint32_t>& drawOrder) {
+ViewportIds NumberViewports(const LookupTables& base, const DrawOrder& drawOrder) {
   ViewportIds numbers;
   for (const Handle sheet : base.paperSpaces) {
     Viewports viewports = sheet == 0 ? Viewports{} : ViewportsOf(base.entitiesByOwner.Of(sheet));

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "complete/draw_order.hpp"
 #include "entities/drawing_access.hpp"
 #include "entities/handle_map.hpp"
 #include "entities/lookup_tables.hpp"
@@ -23,4 +24,4 @@ struct ViewportIds {
 // from the stored order. Stored numbers count where a sheet has any. Else the viewport
 // that its layout lists first is its own, or without a list the first one drawn, and
 // the others follow from 2.
-ViewportIds NumberViewports(const LookupTables& base, const HandleMap<std::uint32_t>& drawOrder);
+ViewportIds NumberViewports(const LookupTables& base, const DrawOrder& drawOrder);
