@@ -80,12 +80,15 @@ void AppendStyle(JsonOut& out, const Dimension& dimension,
   }
 }
 
+// What some programs store instead of a value.
+constexpr double kNotMeasured = -1;
+
 // What follows the points. Drawings of before release 2000 do not store the value.
 template <typename Dimension>
 void AppendRest(JsonOut& out, const Dimension& dimension, Measure measure,
                 const CompleteContext& context, const EntityOrigin& origin) {
-  const double measured =
-      dimension.act_measurement != 0 ? dimension.act_measurement : MeasureOf(dimension);
+  const double stored = dimension.act_measurement;
+  const double measured = stored == 0 || stored == kNotMeasured ? MeasureOf(dimension) : stored;
   const auto overrides = DimensionOverrides(*origin.object.tio.entity, context);
   const auto* style =
       ReferencedObject(dimension.dimstyle, DWG_TYPE_DIMSTYLE, &ObjectTio::DIMSTYLE, context);

@@ -27,7 +27,7 @@ std::size_t IndexOf(std::span<const Dwg_Object> objects, const Dwg_Object* objec
 // all else here where a drawing has many entities.
 class ObjectValues {
  public:
-  explicit ObjectValues(const Dwg_Data& dwg) : dwg_(dwg), objects_(Objects(dwg)) {}
+  explicit ObjectValues(const Dwg_Data& dwg) : objects_(Objects(dwg)) {}
 
   Handle Of(const Dwg_Object& object) const {
     return values_.empty() ? 0 : values_[IndexOf(objects_, &object)];
@@ -50,23 +50,32 @@ class ObjectValues {
 
  private:
   // The library notes at a reference what it leads to; a note from before the objects
-  // moved leads elsewhere.
-  std::size_t TargetOf(const Dwg_Object_Ref* reference) const {
+  // moved leads elsewhere, and in some drawings there is none.
+  std::size_t TargetOf(const Dwg_Object_Ref* reference) {
     const Handle handle = HandleOf(reference);
     if (handle == 0) {
       return objects_.size();
     }
     const std::size_t noted = IndexOf(objects_, reference->obj);
-    if (noted < objects_.size() && objects_[noted].handle.value == handle) {
-      return noted;
-    }
-    return dwg_.object_map == nullptr ? objects_.size()
-                                      : IndexOf(objects_, dwg_resolve_handle_silent(&dwg_, handle));
+    return noted < objects_.size() && objects_[noted].handle.value == handle ? noted
+                                                                             : Search(handle);
   }
 
-  const Dwg_Data& dwg_;
+  std::size_t Search(Handle handle) {
+    if (!isIndexed_) {
+      isIndexed_ = true;
+      for (std::size_t i = 0; i < objects_.size(); ++i) {
+        indexOf_[objects_[i].handle.value] = i;
+      }
+    }
+    const std::size_t* found = indexOf_.Find(handle);
+    return found == nullptr ? objects_.size() : *found;
+  }
+
   std::span<const Dwg_Object> objects_;
   std::vector<Handle> values_;
+  HandleMap<std::size_t> indexOf_;  // only once a note is missing
+  bool isIndexed_ = false;
 };
 
 void NumberPlaces(DrawOrder& order, Entities stored, Entities drawn) {

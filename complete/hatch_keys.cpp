@@ -127,6 +127,12 @@ void AppendSweep(JsonOut& out, const Dwg_HATCH_PathSeg& segment) {
   AppendBoolKey(out, ",\"ccw\":", segment.is_ccw != 0);
 }
 
+// A weight of 0 was never stored: the reader leaves it so.
+bool HasWeights(std::span<const Dwg_HATCH_ControlPoint> controls) {
+  return std::any_of(controls.begin(), controls.end(),
+                     [](const auto& control) { return control.weight != 0; });
+}
+
 void AppendSplineEdge(JsonOut& out, const Dwg_HATCH_PathSeg& segment) {
   AppendIntKey(out, "{\"type\":\"spline\",\"degree\":", segment.degree);
   AppendBoolKey(out, ",\"periodic\":", segment.is_periodic != 0);
@@ -141,7 +147,7 @@ void AppendSplineEdge(JsonOut& out, const Dwg_HATCH_PathSeg& segment) {
     points.Point(control.point.x, control.point.y);
   }
   points.Close();
-  if (segment.is_rational != 0) {
+  if (segment.is_rational != 0 && HasWeights(controls)) {
     JsonList weights(out, ",\"weights\":[");
     for (const Dwg_HATCH_ControlPoint& control : controls) {
       weights.Number(control.weight);

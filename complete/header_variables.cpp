@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <numbers>
 
 #include "complete/variables.hpp"
 
@@ -17,6 +18,12 @@ void AppendMeasurement(JsonOut& out, const Vars& vars, const CompleteContext& co
   AppendInt(out, isElsewhere ? dwg.Template.MEASUREMENT : vars.MEASUREMENT);
 }
 
+// A text has degrees.
+void AppendBaseAngle(JsonOut& out, const Vars& vars, const CompleteContext& context) {
+  constexpr double kRadiansPerDegree = std::numbers::pi / 180;
+  AppendNumber(out, context.tables.isDxf ? vars.ANGBASE * kRadiansPerDegree : vars.ANGBASE);
+}
+
 // LibreDWG has no sign for it, and cuts that of a DXF file to 16 bits.
 void AppendTimeZone(JsonOut& out, const Vars& vars, const CompleteContext& /*context*/) {
   const bool isCut = vars.TIMEZONE > 0x7FFF && vars.TIMEZONE <= 0xFFFF;
@@ -25,7 +32,7 @@ void AppendTimeZone(JsonOut& out, const Vars& vars, const CompleteContext& /*con
 }
 
 constexpr std::array kVariables = {
-    Variable<Vars>{"ANGBASE", R_INVALID, AppendMember<Vars, &Vars::ANGBASE>},
+    Variable<Vars>{"ANGBASE", R_INVALID, AppendBaseAngle},
     Variable<Vars>{"ANGDIR", R_INVALID, AppendMember<Vars, &Vars::ANGDIR>},
     Variable<Vars>{"ATTMODE", R_INVALID, AppendMember<Vars, &Vars::ATTMODE>},
     Variable<Vars>{"AUNITS", R_INVALID, AppendMember<Vars, &Vars::AUNITS>},

@@ -101,6 +101,19 @@ TEST_F(CompleteDimensions, StoredMeasureComesFirst) {
       std::string::npos);
 }
 
+// As programs store it that do not measure.
+TEST_F(CompleteDimensions, AStoredMeasureOfMinusOneIsNone) {
+  Dwg_Entity_DIMENSION_ALIGNED dimension{};
+  Fill(dimension);
+  dimension.xline1_pt = {0, 0, 0};
+  dimension.xline2_pt = {3, 4, 0};
+  dimension.act_measurement = -1;
+  EXPECT_NE(
+      drawing.FurtherKeys(DWG_TYPE_DIMENSION_ALIGNED, &EntityTio::DIMENSION_ALIGNED, dimension)
+          .find(R"("measured":5,"measuredText":"5.0")"),
+      std::string::npos);
+}
+
 TEST_F(CompleteDimensions, DimensionsOwnVariablesReplaceTheStyles) {
   Dwg_Entity_DIMENSION_ALIGNED dimension{};
   Fill(dimension);

@@ -236,6 +236,21 @@ TEST_F(HatchKeysTest, SplinesAreSampledOnTheCurve) {
                                 R"("knots":[0,0,1,2,2],"controlPoints":[[0,0],[19,0],[19,19]]}])"));
 }
 
+TEST_F(HatchKeysTest, WeightsThatWereNotStoredAreLeftOut) {
+  Dwg_HATCH_PathSeg spline{};
+  spline.curve_type = 4;
+  spline.degree = 1;
+  spline.is_rational = 1;
+  spline.num_control_points = 3;
+  spline.control_points = drawing_.Array<Dwg_HATCH_ControlPoint>(
+      {{nullptr, {0, 0}, 0}, {nullptr, {1, 0}, 0}, {nullptr, {1, 1}, 0}});
+  EXPECT_THAT(RecordOf(Edge(spline)), HasSubstr(R"("controlPoints":[[0,0],[1,0],[1,1]]}])"));
+  spline.control_points = drawing_.Array<Dwg_HATCH_ControlPoint>(
+      {{nullptr, {0, 0}, 1}, {nullptr, {1, 0}, 2}, {nullptr, {1, 1}, 1}});
+  EXPECT_THAT(RecordOf(Edge(spline)),
+              HasSubstr(R"("controlPoints":[[0,0],[1,0],[1,1]],"weights":[1,2,1]}])"));
+}
+
 TEST_F(HatchKeysTest, SplinesWithTooFewKnotsAreTheirControlPoints) {
   Dwg_HATCH_PathSeg spline{};
   spline.curve_type = 4;

@@ -383,6 +383,24 @@ TEST_F(DrawOrderTest, ElseByTheBlocksOwnList) {
   EXPECT_THAT(RecordOf(1), Not(HasSubstr("drawOrder")));
 }
 
+// The library's notes and its own table of handles may both be wrong.
+TEST_F(DrawOrderTest, GoesByHandlesWhateverIsNotedAtReferences) {
+  auto& block = drawing_.AddBlock(kBlock, "*Model_Space");
+  AddLine(0x31);
+  AddLine(0x32);
+  auto* const wrong = drawing_.Ref(0x32);
+  wrong->obj = &drawing_.data().object[1];
+  auto* const right = drawing_.Ref(0x31);
+  right->obj = &drawing_.data().object[1];
+  block.num_owned = 2;
+  block.entities = drawing_.Array<BITCODE_H>({wrong, right});
+  auto* const table = drawing_.data().object_map;
+  drawing_.data().object_map = nullptr;
+  EXPECT_THAT(RecordOf(1), HasSubstr(R"("drawOrder":1)"));
+  EXPECT_THAT(RecordOf(2), HasSubstr(R"("drawOrder":0)"));
+  drawing_.data().object_map = table;
+}
+
 TEST_F(DrawOrderTest, ATableWithoutKeysIsNone) {
   drawing_.AddBlock(kBlock, "*Model_Space");
   AddLine(0x31);

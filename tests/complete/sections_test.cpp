@@ -74,6 +74,13 @@ TEST_F(CompleteSections, HeaderVariablesThatADxfNames) {
   EXPECT_THAT(Document(&header), HasSubstr("\"header\":{\"PDMODE\":0}"));
 }
 
+TEST_F(CompleteSections, TheBaseAngleOfATextIsInDegrees) {
+  drawing_.data().header_vars.ANGBASE = 90;
+  EXPECT_THAT(Document(), HasSubstr("\"ANGBASE\":90,"));
+  drawing_.data().opts |= DWG_OPTS_INDXF;
+  EXPECT_THAT(Document(), HasSubstr("\"ANGBASE\":1.570796327,"));
+}
+
 TEST_F(CompleteSections, ColoursOfTables) {
   Dwg_Color& color = drawing_.data().header_vars.CECOLOR;
   color.rgb = 0xC0000000;
