@@ -648,7 +648,8 @@ read_real (const unsigned char *at, const Dwg_Object *obj, int type,
     return NULL;
   /* new_object() takes it for the elevation */
   if (to->kind == SLOT_PASSED_OVER && value != 0.0
-      && (type == PLAIN_SOLID || type == PLAIN_TRACE))
+      && (type == PLAIN_SOLID || type == PLAIN_TRACE
+          || type == PLAIN_POLYLINE_2D))
     return NULL;
   switch (to->kind)
     {

@@ -25,7 +25,6 @@ except ImportError:
     ezdxf = None
 
 INDEXED = "ezdxf takes the word of an index for channels"
-UNREAD = "LibreDWG does not read it from a DXF"
 UNNAMED = "the file names a text and has none: the record has no annotation"
 STYLED = "the file leaves it out: ezdxf takes 2.5 for it, CAD programs 0.18"
 MISREAD = "the file has what the record says; ezdxf falls back to a default"
@@ -42,7 +41,6 @@ KNOWN = {
     ("gdal/leader-mleader.dxf", "LEADER", "arrowSize"): STYLED,
     ("libredwg/2010/Leader.dxf", "LEADER", "arrowSize"): STYLED,
     ("gdal/leader-mleader.dxf", "LEADER", "dimStyle"): SPELLED,
-    ("gdal/leader-mleader.dxf", "MULTILEADER", "block.attributes.text"): UNREAD,
     ("dxf-parser/mleader.dxf", "MULTILEADER", "hasDogleg"): MISREAD,
     ("dxf-parser/mleader.dxf", "MULTILEADER", "hasLanding"): MISREAD,
     ("dxf-parser/arcs-as-splines.dxf", "SPLINE", "closed"): MISREAD,

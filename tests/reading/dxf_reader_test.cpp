@@ -576,6 +576,66 @@ std::string Class(const std::string& name, const std::string& cppName) {
 }  // namespace
 
 // The code 63 is none that a cell has.
+TEST_F(DxfReaderTest, ASplineOfAHatchHasItsWeights) {
+  Read(
+      Drawing("0\nHATCH\n100\nAcDbEntity\n8\n0\n100\nAcDbHatch\n10\n0.0\n20\n0.0\n30\n0.0\n2\nX\n"
+              "70\n1\n71\n0\n91\n1\n92\n1\n93\n1\n72\n4\n94\n1\n73\n1\n74\n0\n95\n4\n96\n2\n"
+              "40\n0.0\n40\n0.0\n40\n1.0\n40\n1.0\n10\n0.0\n20\n0.0\n10\n5.0\n20\n0.0\n"
+              "42\n2.0\n42\n3.0\n42\n4.0\n97\n0\n75\n0\n76\n1\n98\n0\n"));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 1U);
+  ASSERT_EQ(hatch.paths[0].num_segs_or_paths, 1U);
+  const Dwg_HATCH_PathSeg& spline = hatch.paths[0].segs[0];
+  ASSERT_EQ(spline.num_control_points, 2U);
+  EXPECT_EQ(spline.control_points[0].weight, 2.0);
+  EXPECT_EQ(spline.control_points[1].weight, 3.0);
+  EXPECT_EQ(spline.control_points[1].point.x, 5.0);
+}
+
+TEST_F(DxfReaderTest, APolylineHasItsHeight) {
+  Read(
+      Drawing("0\nPOLYLINE\n100\nAcDbEntity\n8\n0\n100\nAcDb2dPolyline\n66\n1\n10\n0.0\n20\n0.0\n"
+              "30\n7.0\n70\n1\n0\nVERTEX\n8\n0\n10\n1.0\n20\n2.0\n30\n7.0\n0\nSEQEND\n8\n0\n"));
+  EXPECT_EQ(Only(DWG_TYPE_POLYLINE_2D, &EntityTio::POLYLINE_2D).elevation, 7.0);
+}
+
+TEST_F(DxfReaderTest, AMultileaderHasTheAttributesOfItsBlock) {
+  Read(
+      Drawing("0\nMULTILEADER\n5\n50\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcDbMLeader\n270\n2\n"
+              "300\nCONTEXT_DATA{\n40\n1.0\n301\n}\n176\n0\n293\n0\n330\n92\n177\n1\n44\n2.5\n"
+              "302\nA7\n330\n93\n177\n2\n302\nB8\n294\n0\n178\n0\n179\n1\n45\n3.0\n",
+              "AC1027"));
+  const auto& leader = Only(DWG_TYPE_MULTILEADER, &EntityTio::MULTILEADER);
+  ASSERT_EQ(leader.num_blocklabels, 2U);
+  EXPECT_EQ(HandleOf(leader.blocklabels[0].attdef), 0x92U);
+  EXPECT_EQ(leader.blocklabels[0].width, 2.5);
+  EXPECT_EQ(leader.blocklabels[0].ui_index, 1);
+  EXPECT_EQ(HandleOf(leader.blocklabels[1].attdef), 0x93U);
+  EXPECT_EQ(leader.scale_factor, 3.0);
+}
+
+TEST_F(DxfReaderTest, AHelixHasItsCurveAndItsAxis) {
+  Read(Header("AC1024") + Class("HELIX", "AcDbHelix") +
+       Entities("0\nHELIX\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbSpline\n70\n0\n71\n1\n72\n4\n"
+                "73\n2\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n1.0\n10\n3.0\n20\n0.0\n30\n0.0\n"
+                "10\n3.0\n20\n1.0\n30\n2.0\n100\nAcDbHelix\n90\n29\n91\n63\n10\n0.5\n20\n0.0\n"
+                "30\n0.0\n11\n3.0\n21\n0.0\n31\n0.0\n12\n0.0\n22\n0.0\n32\n1.0\n40\n2.5\n41\n4.0\n"
+                "42\n2.0\n290\n1\n280\n1\n") +
+       "0\nEOF\n");
+  const auto& helix = Only(DWG_TYPE_HELIX, &EntityTio::HELIX);
+  ASSERT_EQ(helix.num_knots, 4U);
+  ASSERT_EQ(helix.num_ctrl_pts, 2U);
+  ASSERT_NE(helix.ctrl_pts, nullptr);
+  EXPECT_EQ(helix.degree, 1);
+  EXPECT_EQ(helix.ctrl_pts[1].z, 2.0);
+  EXPECT_EQ(helix.axis_base_pt.x, 0.5);
+  EXPECT_EQ(helix.axis_vector.z, 1.0);
+  EXPECT_EQ(helix.radius, 2.5);
+  EXPECT_EQ(helix.turns, 4.0);
+  EXPECT_EQ(helix.turn_height, 2.0);
+  EXPECT_EQ(helix.handedness, 1);
+}
+
 TEST_F(DxfReaderTest, CellsOfATableGoOnBehindAnUnexpectedCode) {
   Read(Header("AC1021") + Class("ACAD_TABLE", "AcDbTable") +
        Entities("0\nACAD_TABLE\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n10\n0.0\n"

@@ -231,6 +231,22 @@ std::vector<unsigned char> LineInBookColor(unsigned owner, unsigned color, unsig
   return bytes;
 }
 
+// Handles become dense while the table of them grows: they move to places of their own
+// at that moment, and none may be lost.
+TEST(LibraryHandles, AreFoundWhereverTheyBegin) {
+  constexpr std::uint64_t kHandles = 700;
+  for (std::uint64_t first = 2000; first < 12000; first += 137) {
+    dwg_inthash* handles = hash_new(1);
+    for (std::uint64_t i = 0; i < kHandles; ++i) {
+      hash_set(handles, first + i, i);
+    }
+    for (std::uint64_t i = 0; i < kHandles; ++i) {
+      ASSERT_EQ(hash_get(handles, first + i), i) << "from " << first;
+    }
+    hash_free(handles);
+  }
+}
+
 }  // namespace
 
 TEST(LibraryObjects, ColorBookHandleStandsBehindTheOwner) {
