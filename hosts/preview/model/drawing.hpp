@@ -82,6 +82,8 @@ struct LineType {
 struct TextStyle {
   QString font;
   bool vertical = false;
+  double widthFactor = 1;
+  double obliqueRad = 0;
 };
 
 struct Drawing {

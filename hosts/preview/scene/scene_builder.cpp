@@ -165,6 +165,7 @@ class Builder {
       : drawing_(drawing), limits_(limits), layers_(drawing.layers) {
     context_.folder = folder;
     context_.header = drawing.header;
+    context_.textStyles = drawing.textStyles;
     context_.styleInk = [](const QJsonValue&) { return Ink{}; };
     scene_.layers = drawing.layers;
     scene_.notes = drawing.warnings;

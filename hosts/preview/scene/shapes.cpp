@@ -439,6 +439,8 @@ void AddBackground(std::vector<Part>& parts, const TextLayout& layout, const QTr
 ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
   const QJsonObject columns = record["columns"].toObject();
   const double columnWidth = NumberOf(columns, "width");
+  const TextStyle style = context.textStyles.value(record["textStyle"].toString());
+  const QString codes = record["rawMtext"].toString();
   const TextLayout layout =
       LayOutText({.html = record["html"].toString(),
                   .family = record["fontFamily"].toString(),
@@ -447,9 +449,13 @@ ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
                   .runs = record["runs"].toArray(),
                   .blocks = record["blocks"].toArray(),
                   .alignment = AlignmentOfAttachment(record["attachment"].toInt(1)),
+                  .widthFactor = style.widthFactor,
+                  .obliqueRad = style.obliqueRad,
                   .lineSpacing = std::clamp(record["lineSpacingFactor"].toDouble(1), 0.25, 4.0),
                   .columnHeights = ColumnHeights(record, columns),
-                  .columnGutter = NumberOf(columns, "gutter")});
+                  .columnGutter = NumberOf(columns, "gutter"),
+                  .columnBreaks = ColumnBreaksOf(codes),
+                  .stackAlignment = StackAlignmentOf(codes)});
   QJsonObject at = record;
   // The place and the direction are in the world; from behind only the text is
   // turned.
@@ -552,14 +558,17 @@ void AddMultileaderLines(Shape& shape, const QJsonObject& record) {
 }
 
 // The text of the complete form stands at its place by its own alignment.
-void AddMultileaderContent(Shape& shape, const QJsonObject& record) {
+void AddMultileaderContent(Shape& shape, const QJsonObject& record, const ShapeContext& context) {
   const QJsonObject content = record["textContent"].toObject();
   const QJsonObject text = record["text"].toObject();
   const int attachment = std::clamp(content["attachment"].toInt(1), 1, 3);
+  const TextStyle style = context.textStyles.value(content["textStyle"].toString());
   const TextLayout layout = LayOutText({.html = text["html"].toString(),
                                         .height = NumberOf(text, "height"),
                                         .width = std::max(0.0, NumberOf(content, "width")),
-                                        .alignment = AlignmentOfAttachment(attachment)});
+                                        .alignment = AlignmentOfAttachment(attachment),
+                                        .widthFactor = style.widthFactor,
+                                        .obliqueRad = style.obliqueRad});
   QJsonObject at = text;
   at["attachment"] = attachment;
   const QTransform place = PlaceMultiLine(layout, at);
@@ -575,12 +584,12 @@ void AddMultileaderContent(Shape& shape, const QJsonObject& record) {
 
 // The last line, when it is a single segment, is the dogleg beside the text:
 // it has no arrow.
-ShapePtr MultileaderShape(const QJsonObject& record) {
+ShapePtr MultileaderShape(const QJsonObject& record, const ShapeContext& context) {
   auto shape = std::make_shared<Shape>();
   shape->hasText = true;
   if (record.contains("leaders")) {
     AddMultileaderLines(*shape, record);
-    AddMultileaderContent(*shape, record);
+    AddMultileaderContent(*shape, record, context);
     return shape->parts.empty() ? nullptr : shape;
   }
   const QJsonArray lines = record["lines"].toArray();
@@ -838,7 +847,7 @@ ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
     case Type::kDynText: return AttributeShape(record);
     case Type::kMtext: return MtextShape(record, context);
     case Type::kLeader: return LeaderShape(record);
-    case Type::kMultileader: return MultileaderShape(record);
+    case Type::kMultileader: return MultileaderShape(record, context);
     case Type::kDimension: return DimensionShape(record, context);
     case Type::kImage: return ImageShape(record, context.folder);
     case Type::kUnderlay: return UnderlayShape(record, context.reach);

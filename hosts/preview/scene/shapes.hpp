@@ -19,6 +19,8 @@ struct ShapeContext {
   QDir folder;
   // The drawing's variables: how points are marked, whether areas are filled.
   QJsonObject header;
+  // By their names: multi-line texts have the width and slant of theirs.
+  QHash<QString, TextStyle> textStyles = {};
   // The height of what is drawn, for sizes that are a share of it.
   double viewHeight = 0;
   // The length that rays and each half of construction lines are drawn with.

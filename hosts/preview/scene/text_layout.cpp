@@ -84,6 +84,8 @@ QFont FontOf(const QString& family, double points) {
   font.setPointSizeF(std::max(1.0, points));
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setStyleStrategy(QFont::PreferOutline);
+  // CAD programs set letters side by side by their widths alone.
+  font.setKerning(false);
   return font;
 }
 
@@ -136,6 +138,38 @@ QString WithRelativeSizes(const QString& html, double height) {
   return out + html.mid(from);
 }
 
+// Two texts one over the other: a fraction with a line between them, or tolerances
+// without one. Either may be empty.
+struct Stack {
+  QString over;
+  QString under;
+  bool hasLine = false;
+  QTextCharFormat format;
+};
+
+// The place of a stack's character in the document, and how many it has there.
+struct StackPlace {
+  int start = 0;
+  int length = 0;
+  Stack stack;
+};
+
+// Between a stack's texts and the line that parts them, in heights of capitals.
+constexpr double kStackGap = 0.2;
+
+// Of the format of a character that stands for a stack: its index.
+constexpr int kStackProperty = QTextFormat::UserProperty;
+// Of the format of a paragraph that begins a column.
+constexpr int kColumnProperty = QTextFormat::UserProperty + 1;
+
+bool IsRaised(const QTextCharFormat& format) {
+  return format.verticalAlignment() == QTextCharFormat::AlignSuperScript;
+}
+
+bool IsLowered(const QTextCharFormat& format) {
+  return format.verticalAlignment() == QTextCharFormat::AlignSubScript;
+}
+
 class Composer {
  public:
   explicit Composer(const TextSource& source) : source_(source) {}
@@ -145,12 +179,22 @@ class Composer {
     ScaleFonts();
     ApplyRuns();
     ApplyBlocks();
+    // From here on positions are no longer those that the worker counts.
+    PlaceStacks();
+    BreakColumns();
     SetWidth();
     return Outline();
   }
 
  private:
+  // Of a pixel, upwards and along the line.
   double Unit() const { return source_.height / kCapPixels; }
+  double UnitAlong() const { return Unit() * WidthFactor(); }
+
+  double WidthFactor() const {
+    const double factor = source_.widthFactor;
+    return std::isfinite(factor) && factor > 0 ? factor : 1;
+  }
 
   void Fill() {
     document_.documentLayout()->setPaintDevice(const_cast<QImage*>(&LayoutDevice()));
@@ -223,7 +267,9 @@ class Composer {
     QTextCharFormat format;
     if (run.contains("stretch")) {
       const double width = FamilyAtHand(source_.family) == kNarrow ? kNarrowStretch : 1;
-      format.setFontStretch(std::max(1, qRound(run["stretch"].toInt() * width)));
+      // It takes the place of the style's width, by which all is drawn.
+      const double stretch = run["stretch"].toInt() * width / WidthFactor();
+      format.setFontStretch(std::clamp(qRound(stretch), 1, 4000));
     }
     if (run.contains("tracking")) {
       format.setFontLetterSpacingType(QFont::PercentageSpacing);
@@ -256,13 +302,13 @@ class Composer {
       format.setAlignment(AlignmentOf(record["alignment"].toString()));
     }
     if (record.contains("textIndent")) {
-      format.setTextIndent(record["textIndent"].toDouble() / Unit());
+      format.setTextIndent(record["textIndent"].toDouble() / UnitAlong());
     }
     if (record.contains("leftMargin")) {
-      format.setLeftMargin(record["leftMargin"].toDouble() / Unit());
+      format.setLeftMargin(record["leftMargin"].toDouble() / UnitAlong());
     }
     if (record.contains("rightMargin")) {
-      format.setRightMargin(record["rightMargin"].toDouble() / Unit());
+      format.setRightMargin(record["rightMargin"].toDouble() / UnitAlong());
     }
     if (record.contains("tabStops")) {
       format.setTabPositions(TabsOf(record["tabStops"].toArray()));
@@ -273,7 +319,7 @@ class Composer {
   QList<QTextOption::Tab> TabsOf(const QJsonArray& stops) const {
     QList<QTextOption::Tab> tabs;
     for (const auto& stop : stops) {
-      tabs.append({stop.toDouble() / Unit(), QTextOption::LeftTab});
+      tabs.append({stop.toDouble() / UnitAlong(), QTextOption::LeftTab});
     }
     return tabs;
   }
@@ -294,7 +340,7 @@ class Composer {
 
   // Alignment needs a width, so text that does not wrap gets its own.
   void SetWidth() {
-    document_.setTextWidth(source_.width > 0 ? source_.width / Unit() : -1);
+    document_.setTextWidth(source_.width > 0 ? source_.width / UnitAlong() : -1);
     if (source_.width <= 0) {
       document_.setTextWidth(std::ceil(document_.idealWidth()) + 1);
     }
@@ -302,7 +348,7 @@ class Composer {
 
   TextLayout Outline() {
     TextLayout layout;
-    layout.width = source_.width > 0 ? source_.width : document_.idealWidth() * Unit();
+    layout.width = source_.width > 0 ? source_.width : document_.idealWidth() * UnitAlong();
     double baseline = 0;
     double lowest = 0;
     bool first = true;
@@ -314,7 +360,8 @@ class Composer {
         (first ? layout.ascent : baseline) +=
             first ? cap * Unit() : cap * kLineAdvance * source_.lineSpacing;
         first = false;
-        if (IsColumnFull(layout.ascent + baseline * Unit())) {
+        const bool isBroken = i == 0 && block.blockFormat().boolProperty(kColumnProperty);
+        if (isBroken || IsColumnFull(layout.ascent + baseline * Unit())) {
           lowest = std::max(lowest, baseline);
           baseline = 0;
           ++column_;
@@ -323,7 +370,7 @@ class Composer {
       }
     }
     baseline = std::max(lowest, baseline);
-    layout.width += ColumnShift() * Unit();
+    layout.width += ColumnShift() * UnitAlong();
     layout.descent = QFontMetricsF(document_.defaultFont(), &LayoutDevice()).descent() * Unit();
     layout.height = layout.ascent + baseline * Unit();
     return layout;
@@ -338,7 +385,7 @@ class Composer {
 
   // In pixels.
   double ColumnShift() const {
-    return static_cast<double>(column_) * (source_.width + source_.columnGutter) / Unit();
+    return static_cast<double>(column_) * (source_.width + source_.columnGutter) / UnitAlong();
   }
 
   // The height of the line's largest capitals, in pixels.
@@ -357,6 +404,158 @@ class Composer {
     return cap > 0 ? cap : kCapPixels;
   }
 
+  // Raised text, and lowered text behind it, become one character each. A line
+  // between them comes as a slash of its own.
+  void PlaceStacks() {
+    std::vector<StackPlace> places;
+    for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+      std::vector<QTextFragment> fragments;
+      for (auto it = block.begin(); !it.atEnd(); ++it) {
+        fragments.push_back(it.fragment());
+      }
+      for (std::size_t i = 0; i < fragments.size(); ++i) {
+        const QTextCharFormat format = fragments[i].charFormat();
+        if (IsRaised(format) || IsLowered(format)) {
+          places.push_back(StackAt(fragments, i));
+        }
+      }
+    }
+    // From the end, so that the places before stay where they are.
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+      Replace(*place);
+    }
+  }
+
+  // Moves on to the last fragment of the stack.
+  static StackPlace StackAt(const std::vector<QTextFragment>& fragments, std::size_t& i) {
+    StackPlace place{.start = fragments[i].position(), .length = 0, .stack = {}};
+    place.stack.format = fragments[i].charFormat();
+    if (IsLowered(place.stack.format)) {
+      place.stack.under = fragments[i].text();
+    } else {
+      place.stack.over = fragments[i].text();
+      const bool slash = i + 1 < fragments.size() && fragments[i + 1].text() == QLatin1String("/");
+      const std::size_t next = i + (slash ? 2 : 1);
+      if (next < fragments.size() && IsLowered(fragments[next].charFormat())) {
+        place.stack.hasLine = slash;
+        place.stack.under = fragments[next].text();
+        i = next;
+      }
+    }
+    place.length = fragments[i].position() + fragments[i].length() - place.start;
+    return place;
+  }
+
+  // By a picture as wide as the stack, which nobody paints.
+  void Replace(const StackPlace& place) {
+    QTextImageFormat format;
+    format.setWidth(std::max(WidthOf(place.stack, place.stack.over),
+                             WidthOf(place.stack, place.stack.under)));
+    format.setHeight(1);
+    format.setProperty(kStackProperty, static_cast<int>(stacks_.size()));
+    stacks_.push_back(place.stack);
+    QTextCursor cursor(&document_);
+    cursor.setPosition(place.start);
+    cursor.setPosition(place.start + place.length, QTextCursor::KeepAnchor);
+    cursor.insertImage(format);
+  }
+
+  QFont FontOfStack(const Stack& stack) const {
+    QFont font = FontOf(FamilyOf(stack.format, source_.family), stack.format.fontPointSize());
+    font.setItalic(stack.format.fontItalic());
+    if (stack.format.hasProperty(QTextFormat::FontWeight)) {
+      font.setWeight(static_cast<QFont::Weight>(stack.format.fontWeight()));
+    }
+    if (stack.format.hasProperty(QTextFormat::FontStretch)) {
+      font.setStretch(stack.format.fontStretch());
+    }
+    return font;
+  }
+
+  // One of its texts as a single line.
+  void LayOutLine(QTextLayout& layout) const {
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+  }
+
+  double WidthOf(const Stack& stack, const QString& text) const {
+    QTextLayout layout(text, FontOfStack(stack), &LayoutDevice());
+    LayOutLine(layout);
+    return layout.lineCount() > 0 ? layout.lineAt(0).naturalTextWidth() : 0;
+  }
+
+  // On a baseline, Y down.
+  void AddStackText(QPainterPath& outline, const Stack& stack, const QString& text,
+                    QPointF at) const {
+    QTextLayout layout(text, FontOfStack(stack), &LayoutDevice());
+    LayOutLine(layout);
+    QPainterPath glyphs;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+      AddGlyphs(glyphs, run);
+    }
+    const double ascent = layout.lineCount() > 0 ? layout.lineAt(0).ascent() : 0;
+    outline.addPath(glyphs.translated(at - QPointF(0, ascent)));
+  }
+
+  // At the left end of its baseline, in pixels; `cap` is the line's own height.
+  void AddStack(TextLayout& layout, const Stack& stack, QPointF at, double cap) const {
+    const double own = PixelsOfPoints(stack.format.fontPointSize()) *
+                       CapRatio(FamilyOf(stack.format, source_.family));
+    const double gap = kStackGap * own;
+    const double rise = (cap - 2 * own - 2 * gap) * source_.stackAlignment / 2;
+    const double over = WidthOf(stack, stack.over);
+    const double under = WidthOf(stack, stack.under);
+    const double wider = std::max(over, under);
+    const auto inset = [&](double width) { return stack.hasLine ? (wider - width) / 2 : 0; };
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    AddStackText(outline, stack, stack.over, {inset(over), -rise - own - 2 * gap});
+    AddStackText(outline, stack, stack.under, {inset(under), -rise});
+    if (stack.hasLine) {
+      const double thickness = own / 20;
+      outline.addRect(0, -rise - own - gap - thickness / 2, wider, thickness);
+    }
+    const QTransform place(UnitAlong(), 0, 0, -Unit(), at.x() * UnitAlong(), at.y() * Unit());
+    layout.parts.push_back({place.map(outline), Fill::kSolid, InkOf(stack.format)});
+  }
+
+  // The fragment has the code that ends a column as the letter N. What follows it
+  // begins a paragraph and a column.
+  void BreakColumns() {
+    const QString text = document_.toPlainText();
+    std::vector<int> places;
+    int letters = 0;
+    std::size_t next = 0;
+    for (qsizetype i = 0; i < text.size() && next < source_.columnBreaks.size(); ++i) {
+      if (text[i] == 'N' && letters++ == source_.columnBreaks[next]) {
+        places.push_back(static_cast<int>(i));
+        ++next;
+      }
+    }
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+      BreakColumnAt(*place);
+    }
+  }
+
+  void BreakColumnAt(int position) {
+    QTextCursor cursor(&document_);
+    cursor.setPosition(position);
+    cursor.deleteChar();
+    if (cursor.atEnd()) {
+      return;
+    }
+    // A paragraph that begins here already needs no other one.
+    if (cursor.atBlockEnd()) {
+      cursor.movePosition(QTextCursor::NextBlock);
+    } else if (!cursor.atBlockStart()) {
+      cursor.insertBlock();
+    }
+    QTextBlockFormat format;
+    format.setProperty(kColumnProperty, true);
+    cursor.mergeBlockFormat(format);
+  }
+
   // Glyphs of the line with Qt's line positions replaced by our baseline.
   void AddLine(TextLayout& layout, const QTextBlock& block, const QTextLine& line, double left,
                double baseline) {
@@ -365,11 +564,18 @@ class Composer {
       const int start = std::max(fragment.position() - block.position(), line.textStart());
       const int end = std::min(fragment.position() - block.position() + fragment.length(),
                                line.textStart() + line.textLength());
-      if (start < end) {
-        const QTransform place(Unit(), 0, 0, -Unit(), left * Unit(),
-                               (line.y() + line.ascent() - baseline) * Unit());
-        AddRuns(layout, line.glyphRuns(start, end - start), fragment.charFormat(), place);
+      if (start >= end) {
+        continue;
       }
+      const QTextCharFormat format = fragment.charFormat();
+      if (format.hasProperty(kStackProperty)) {
+        AddStack(layout, stacks_[static_cast<std::size_t>(format.intProperty(kStackProperty))],
+                 {left + line.cursorToX(start), -baseline}, CapOf(block, line));
+        continue;
+      }
+      const QTransform place(UnitAlong(), 0, 0, -Unit(), left * UnitAlong(),
+                             (line.y() + line.ascent() - baseline) * Unit());
+      AddRuns(layout, line.glyphRuns(start, end - start), format, place);
     }
   }
 
@@ -426,24 +632,21 @@ class Composer {
 
   const TextSource& source_;
   QTextDocument document_;
+  std::vector<Stack> stacks_;
   std::size_t column_ = 0;
 };
 
-// Characters wider or narrower, and slanted about the baseline.
-void Stretch(TextLayout& layout, const TextSource& source) {
+// To the right about the baseline.
+void Slant(TextLayout& layout, double obliqueRad) {
   // Beyond this a slant has no end.
   constexpr double kSteepest = 1.48;
-  const double factor = source.widthFactor;
-  const bool isWidth = std::isfinite(factor) && factor > 0;
-  const double slant = std::tan(std::clamp(source.obliqueRad, -kSteepest, kSteepest));
-  const QTransform stretch(isWidth ? factor : 1, 0, slant, 1, 0, 0);
-  if (stretch.isIdentity()) {
+  const double slant = std::tan(std::clamp(obliqueRad, -kSteepest, kSteepest));
+  if (slant == 0) {
     return;
   }
   for (Part& part : layout.parts) {
-    part.path = stretch.map(part.path);
+    part.path = QTransform(1, 0, slant, 1, 0, 0).map(part.path);
   }
-  layout.width *= stretch.m11();
 }
 
 double HorizontalShare(int halign) {
@@ -500,8 +703,36 @@ TextLayout LayOutText(const TextSource& source) {
     return {};
   }
   TextLayout layout = Composer(source).Compose();
-  Stretch(layout, source);
+  Slant(layout, source.obliqueRad);
   return layout;
+}
+
+std::vector<int> ColumnBreaksOf(const QString& codes) {
+  std::vector<int> breaks;
+  int letters = 0;
+  for (qsizetype i = 0; i < codes.size(); ++i) {
+    if (codes[i] != '\\' || i + 1 == codes.size()) {
+      letters += codes[i] == 'N' ? 1 : 0;
+      continue;
+    }
+    const QChar code = codes[++i];
+    if (code == 'N') {
+      breaks.push_back(letters++);
+      continue;
+    }
+    // The argument of a stack is text; those of the others are not.
+    if (QStringLiteral("ACcFfHpQTW").contains(code)) {
+      const qsizetype end = codes.indexOf(';', i);
+      i = end < 0 ? codes.size() : end;
+    }
+  }
+  return breaks;
+}
+
+int StackAlignmentOf(const QString& codes) {
+  const qsizetype at = codes.lastIndexOf(QLatin1String("\\A"));
+  const QChar value = at >= 0 && at + 2 < codes.size() ? codes[at + 2] : QChar('0');
+  return value == '1' || value == '2' ? value.digitValue() : 0;
 }
 
 QString HtmlOfPlainText(const QString& text) {

@@ -35,6 +35,10 @@ struct TextSource {
   // the last column takes what is left.
   std::vector<double> columnHeights = {};
   double columnGutter = 0;
+  // Which letters N of the fragment, counted from 0, are codes that end a column.
+  std::vector<int> columnBreaks = {};
+  // Of fractions and tolerances beside the line's capitals: 0 bottom, 1 middle, 2 top.
+  int stackAlignment = 0;
 };
 
 struct TextLayout {
@@ -51,6 +55,11 @@ struct TextLayout {
 
 // Nothing for a text without height.
 TextLayout LayOutText(const TextSource& source);
+
+// The column breaks and the alignment of stacks in the codes of a multi-line text,
+// as TextSource has them.
+std::vector<int> ColumnBreaksOf(const QString& codes);
+int StackAlignmentOf(const QString& codes);
 
 // A plain text as a fragment of one paragraph a line.
 QString HtmlOfPlainText(const QString& text);
