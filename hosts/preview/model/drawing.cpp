@@ -42,11 +42,10 @@ QHash<QString, TextStyle> ReadTextStyles(const QJsonArray& styles) {
   QHash<QString, TextStyle> all;
   for (const auto& value : styles) {
     const QJsonObject record = value.toObject();
-    all.insert(record["name"].toString(),
-               {.font = record["font"].toString(),
-                .vertical = record["vertical"].toBool(),
-                .widthFactor = record["widthFactor"].toDouble(1),
-                .obliqueRad = NumberOf(record, "obliqueRad")});
+    all.insert(record["name"].toString(), {.font = record["font"].toString(),
+                                           .vertical = record["vertical"].toBool(),
+                                           .widthFactor = record["widthFactor"].toDouble(1),
+                                           .obliqueRad = NumberOf(record, "obliqueRad")});
   }
   return all;
 }

@@ -243,10 +243,18 @@ class Builder {
     if (drawing_.blocks.contains(references.block)) {
       prepared.references = std::move(references);
     }
+    CountLetters(record);
     if (!prepared.dependsOnReference && !prepared.infinite && !prepared.dependsOnView) {
       prepared.shape = MakeShape(record, context_);
     }
     return prepared;
+  }
+
+  void CountLetters(const QJsonObject& record) {
+    const qsizetype letters = record["html"].toString().size();
+    letters_ += letters;
+    context_.textAsBars = letters_ > limits_.letters;
+    textsAsBars_ += context_.textAsBars && letters > 0 ? 1 : 0;
   }
 
   int AddRecord(const QJsonObject& record) {
@@ -546,6 +554,12 @@ class Builder {
                           "%1 records were left out: the drawing is too large for this preview.")
                           .arg(leftOut_);
     }
+    if (textsAsBars_ > 0) {
+      scene_.notes << QString(
+                          "%1 texts are shown as bars: the drawing has too many letters for this "
+                          "preview.")
+                          .arg(textsAsBars_);
+    }
     if (tooDeep_ > 0) {
       scene_.notes
           << QString("%1 block references were left out: blocks hold each other.").arg(tooDeep_);
@@ -576,6 +590,8 @@ class Builder {
   std::size_t references_ = 0;
   std::size_t leftOut_ = 0;
   int tooDeep_ = 0;
+  qsizetype letters_ = 0;
+  int textsAsBars_ = 0;
   int modelViewports_ = 0;
 };
 

@@ -13,6 +13,9 @@ struct BuildLimits {
   std::size_t items = 2'000'000;
   // References within references; a block that holds itself ends here too.
   int depth = 16;
+  // Bytes of texts' fragments that are laid out; further texts are bars, with a note. A
+  // letter takes up to a kilobyte.
+  qsizetype letters = 2'000'000;
 };
 
 // Expands all references, resolves colours and lineweights, lays out texts.

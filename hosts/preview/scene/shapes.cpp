@@ -368,12 +368,13 @@ ShapePtr PlacedText(const TextLayout& layout, const QTransform& place) {
   return shape;
 }
 
-TextSource SingleLineSource(const QJsonObject& record) {
+TextSource SingleLineSource(const QJsonObject& record, const ShapeContext& context) {
   return {.html = record["html"].toString(),
           .family = record["fontFamily"].toString(),
           .height = NumberOf(record, "height"),
           .widthFactor = record["widthFactor"].toDouble(1),
-          .obliqueRad = NumberOf(record, "obliqueRad")};
+          .obliqueRad = NumberOf(record, "obliqueRad"),
+          .asBars = context.textAsBars};
 }
 
 ShapePtr SingleLineShape(const TextSource& source, const QJsonObject& record) {
@@ -386,12 +387,12 @@ constexpr int kConstant = 2;
 
 // Definitions show their tag, as in the program that made them, unless their
 // value is part of the block.
-ShapePtr AttributeShape(const QJsonObject& record) {
+ShapePtr AttributeShape(const QJsonObject& record, const ShapeContext& context) {
   const int flags = record["flags"].toInt();
   if ((flags & kInvisible) != 0) {
     return nullptr;
   }
-  TextSource source = SingleLineSource(record);
+  TextSource source = SingleLineSource(record, context);
   if (record["kind"].toString() == QLatin1String("attdef") && (flags & kConstant) == 0) {
     source.html = HtmlOfPlainText(record["tag"].toString());
   }
@@ -455,6 +456,7 @@ ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
                   .columnHeights = ColumnHeights(record, columns),
                   .columnGutter = NumberOf(columns, "gutter"),
                   .columnBreaks = ColumnBreaksOf(codes),
+                  .asBars = context.textAsBars,
                   .stackAlignment = StackAlignmentOf(codes)});
   QJsonObject at = record;
   // The place and the direction are in the world; from behind only the text is
@@ -843,8 +845,8 @@ ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
     case Type::kSolid:
       return Filled(StraightPath(PointsFromAbove(record["pts"]), true), Fill::kSolid);
     case Type::kWipeout: return WipeoutShape(record);
-    case Type::kText: return SingleLineShape(SingleLineSource(record), record);
-    case Type::kDynText: return AttributeShape(record);
+    case Type::kText: return SingleLineShape(SingleLineSource(record, context), record);
+    case Type::kDynText: return AttributeShape(record, context);
     case Type::kMtext: return MtextShape(record, context);
     case Type::kLeader: return LeaderShape(record);
     case Type::kMultileader: return MultileaderShape(record, context);

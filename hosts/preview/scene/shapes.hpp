@@ -21,6 +21,8 @@ struct ShapeContext {
   QJsonObject header;
   // By their names: multi-line texts have the width and slant of theirs.
   QHash<QString, TextStyle> textStyles = {};
+  // Texts are bars: there are too many letters.
+  bool textAsBars = false;
   // The height of what is drawn, for sizes that are a share of it.
   double viewHeight = 0;
   // The length that rays and each half of construction lines are drawn with.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "model/record.hpp"
 #include "scene/units.hpp"
@@ -449,8 +450,8 @@ class Composer {
   // By a picture as wide as the stack, which nobody paints.
   void Replace(const StackPlace& place) {
     QTextImageFormat format;
-    format.setWidth(std::max(WidthOf(place.stack, place.stack.over),
-                             WidthOf(place.stack, place.stack.under)));
+    format.setWidth(
+        std::max(WidthOf(place.stack, place.stack.over), WidthOf(place.stack, place.stack.under)));
     format.setHeight(1);
     format.setProperty(kStackProperty, static_cast<int>(stacks_.size()));
     stacks_.push_back(place.stack);
@@ -649,6 +650,35 @@ void Slant(TextLayout& layout, double obliqueRad) {
   }
 }
 
+// Of a letter, in heights of capitals.
+constexpr double kMeanAdvance = 0.8;
+
+// About where the lines would be: only their lengths are guessed.
+TextLayout Bars(const TextSource& source) {
+  static const QRegularExpression tags("<[^>]*>");
+  const QString text =
+      QString(source.html.left(kMostCharacters)).replace("</p><p>", "\n").remove(tags);
+  const double frame = source.width > 0 ? source.width : std::numeric_limits<double>::infinity();
+  const double factor = source.widthFactor > 0 ? source.widthFactor : 1;
+  TextLayout layout;
+  layout.ascent = source.height;
+  QPainterPath bars;
+  double baseline = 0;
+  for (const QString& line : text.split('\n')) {
+    double rest = static_cast<double>(line.size()) * kMeanAdvance * source.height * factor;
+    do {
+      const double width = std::min(rest, frame);
+      bars.addRect(0, -baseline, width, source.height);
+      layout.width = std::max(layout.width, width);
+      baseline += source.height * kLineAdvance * source.lineSpacing;
+      rest -= width;
+    } while (rest > 0 && bars.elementCount() < kMostCharacters);
+  }
+  layout.height = baseline - source.height * (kLineAdvance * source.lineSpacing - 1);
+  layout.parts.push_back({bars, Fill::kPattern, std::nullopt});
+  return layout;
+}
+
 double HorizontalShare(int halign) {
   switch (halign) {
     case 1:
@@ -701,6 +731,9 @@ QTransform PlaceAt(const QJsonObject& record, QPointF at, QPointF shift) {
 TextLayout LayOutText(const TextSource& source) {
   if (!(source.height > 0) || !std::isfinite(source.height)) {
     return {};
+  }
+  if (source.asBars) {
+    return Bars(source);
   }
   TextLayout layout = Composer(source).Compose();
   Slant(layout, source.obliqueRad);

@@ -37,6 +37,9 @@ struct TextSource {
   double columnGutter = 0;
   // Which letters N of the fragment, counted from 0, are codes that end a column.
   std::vector<int> columnBreaks = {};
+  // A bar for each line instead of letters: outlines of a great many letters would
+  // exhaust the memory.
+  bool asBars = false;
   // Of fractions and tolerances beside the line's capitals: 0 bottom, 1 middle, 2 top.
   int stackAlignment = 0;
 };

@@ -314,12 +314,12 @@ def find(name):
     return None
 
 
-def check_damages(name, ours, theirs):
+def check_damages(name, ours, theirs, least=SIMILAR):
     """The damaged pictures that pass for similar."""
     return [f"{name}: {what}, and still similar ({similarity(damaged, theirs):.3f})"
             for what, damaged in damages(ours)
-            if what != "mirrored" or not similarity(ours[:, ::-1], ours) >= SIMILAR
-            if similarity(damaged, theirs) >= SIMILAR]
+            if what != "mirrored" or not similarity(ours[:, ::-1], ours) >= least
+            if similarity(damaged, theirs) >= least]
 
 
 class TooSlow(Exception):
@@ -393,8 +393,8 @@ def print_distribution(results):
     print(f"  median {likenesses[len(likenesses) // 2]:.3f}")
 
 
-def share_similar(results):
-    return sum(likeness >= SIMILAR for _, likeness, _ in results) / max(1, len(results))
+def share_similar(results, least=SIMILAR):
+    return sum(likeness >= least for _, likeness, _ in results) / max(1, len(results))
 
 
 def main():

@@ -37,6 +37,32 @@ bool Shows(const Scene& scene, std::size_t item) {
 
 constexpr char kLine[] = "{'type':'LINE','layer':'0','startX':0,'startY':0,'endX':9,'endY':0";
 
+constexpr char kText[] =
+    "{'type':'MTEXT','layer':'0','x':0,'y':0,'height':1,'width':0,'attachment':1,"
+    "'rotationRad':0,'html':'<p>HHHH</p>','rawMtext':'HHHH','textStyle':'Narrow'}";
+
+TEST(CompleteScene, GivesMultiLineTextsTheWidthOfTheirStyle) {
+  const auto widthIn = [](const char* factor) {
+    const QByteArray styles =
+        QByteArray(",'textStyles':[{'name':'Narrow','widthFactor':").append(factor).append("}]");
+    return ItemsOf(CompleteScene(kText, "", styles))[0].bounds.width();
+  };
+  EXPECT_NEAR(widthIn("0.5") / widthIn("1"), 0.5, 0.02);
+}
+
+TEST(CompleteScene, ShowsTextsBeyondALimitAsBars) {
+  QString problem;
+  QByteArray line("{'layers':[],'entities':[");
+  line.append(kText).append(",").append(kText).append("]}");
+  const Drawing drawing = ReadDocument(line.replace('\'', '"'), problem).value();
+  const BuildLimits limits{.letters = 12};
+  const Scene scene = BuildScene(drawing, QDir(), limits);
+  EXPECT_EQ(ItemsOf(scene)[0].shape->parts[0].fill, Fill::kSolid);
+  EXPECT_EQ(ItemsOf(scene)[1].shape->parts[0].fill, Fill::kPattern);
+  ASSERT_EQ(scene.notes.size(), 1);
+  EXPECT_TRUE(scene.notes[0].startsWith("1 texts"));
+}
+
 TEST(CompleteScene, MirrorsWhatIsSeenFromBehind) {
   const Scene scene = CompleteScene(
       "{'type':'CIRCLE','layer':'0','cx':5,'cy':1,'radius':1,'extrusion':[0,0,-1],"
