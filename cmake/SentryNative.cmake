@@ -35,6 +35,8 @@ foreach(variable ZLIB_ROOT CMAKE_PREFIX_PATH CMAKE_MSVC_RUNTIME_LIBRARY)
     list(APPEND sentry_args "-D${variable}=${${variable}}")
   endif()
 endforeach()
+string(REPLACE ";" "|" sentry_hardening "${DWG_HARDENING_FLAGS}")
+list(APPEND sentry_args "-DSENTRY_HARDENING=${sentry_hardening}")
 dwg_cached_build(sentry_install
   CXX
   NAME sentry-native
