@@ -1,18 +1,20 @@
 #!/usr/bin/env bash
 # Makes the packages that users get, with SHA256SUMS, in dist/.
 #
-#   scripts/package.sh [--check] [--build FOLDER] [--windows-build FOLDER] [--out FOLDER] [TARGET...]
+#   scripts/package.sh [--check] [--build FOLDER] [--preview-build FOLDER]
+#                      [--windows-build FOLDER] [--out FOLDER] [TARGET...]
 #
-# TARGETs: linux (a tarball and a .deb), windows (a zip), python (a wheel for each
+# TARGETs: linux (a tarball and two .debs), windows (a zip), python (a wheel for each
 # platform that is built) and node (one package with the programs of all platforms that
 # are built); by default linux, windows, python, node. linux and windows build first;
 # python and node pack what is built, Linux at least.
 #
 # Each package holds the worker, crashpad_handler, the licences of everything inside and
-# a bill of materials (SPDX); tarball, .deb and zip the pages, too. The same commit gives the
-# same bytes. --build and --windows-build name build folders that are up to date, instead
-# of build/release and build/windows, which are built first. --check makes every package
-# twice and compares them, and tries each as its users would (tests/packages).
+# a bill of materials (SPDX); tarball, .deb and zip the pages, too. The preview is in the
+# tarball and in a .deb of its own. The same commit gives the same bytes. --build,
+# --preview-build and --windows-build name build folders that are up to date, instead of
+# build/release, build/preview and build/windows, which are built first. --check makes
+# every package twice and compares them, and tries each as its users would (tests/packages).
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . "$(dirname "${BASH_SOURCE[0]}")/windows_packages.sh"
@@ -20,12 +22,14 @@ set -euo pipefail
 check=false
 out="$root/dist"
 linux_build=""
+preview_build=""
 windows_build=""
 targets=()
 while [ $# -gt 0 ]; do
   case "$1" in
     --check) check=true; shift ;;
     --build) linux_build="$(cd "$2" && pwd)"; shift 2 ;;
+    --preview-build) preview_build="$(cd "$2" && pwd)"; shift 2 ;;
     --windows-build) windows_build="$(cd "$2" && pwd)"; shift 2 ;;
     --out) out="$2"; shift 2 ;;
     linux | windows | python | node) targets+=("$1"); shift ;;
@@ -59,37 +63,71 @@ runtimes() {
   fi
 }
 
-# bill PLATFORM PROGRAM...: prints the bill of materials.
-bill() {
-  local platform="$1" name file licence arguments=()
-  shift
-  while read -r name file licence; do
-    arguments+=(--runtime "$name=$(dpkg-query -W -f='${Version}' "$(package_of "$file")")=$licence")
-  done < <(runtimes "$platform")
-  python3 "$root/scripts/packaging/bill_of_materials.py" --version "$version" --epoch "$epoch" \
-    "${arguments[@]}" "$@"
+version_of() { dpkg-query -W -f='${Version}' "$(package_of "$1")"; }
+
+# The libraries of this system that are loaded at the start, as above: the preview's.
+shared_libraries() {
+  printf '%s\n' "Qt $(g++ -print-file-name=libQt6Widgets.so) LGPL-3.0-only OR GPL-2.0-only OR GPL-3.0-only"
 }
 
-# install_tree PLATFORM BUILD FOLDER: what is installed, with the licences of libraries
-# of this system and the bill beside the other licences.
+# bill SUBJECT PLATFORM PROGRAM...: prints the bill of materials.
+bill() {
+  local subject="$1" platform="$2" name file licence arguments=()
+  shift 2
+  if [ "$subject" = dwg_import_worker ]; then
+    while read -r name file licence; do
+      arguments+=(--runtime "$name=$(version_of "$file")=$licence")
+    done < <(runtimes "$platform")
+  fi
+  if [[ " $* " == */dwg_preview\ * ]]; then
+    while read -r name file licence; do
+      arguments+=(--shared "$name=$(version_of "$file")=$licence")
+    done < <(shared_libraries)
+  fi
+  python3 "$root/scripts/packaging/bill_of_materials.py" --subject "$subject" --version "$version" \
+    --epoch "$epoch" "${arguments[@]}" "$@"
+}
+
+# programs_in FOLDER NAME...: the files of these names, with and without .exe.
+programs_in() {
+  local folder="$1" name
+  shift
+  for name in "$@"; do
+    find "$folder" -type f \( -name "$name" -o -name "$name.exe" \)
+  done | LC_ALL=C sort
+}
+worker_programs=(dwg_import_worker crashpad_handler)
+
+# install_tree PLATFORM FOLDER BUILD...: what the builds install, with the licences of
+# libraries of this system and the bill beside the other licences.
 install_tree() {
-  local platform="$1" build="$2" folder="$3" licenses documents name file
-  cmake --install "$build" --prefix "$folder" >/dev/null
+  local platform="$1" folder="$2" licenses documents build name file programs
+  shift 2
+  for build in "$@"; do
+    cmake --install "$build" --prefix "$folder" >/dev/null
+  done
   licenses="$folder/share/doc/dwg_import_worker/licenses"
   [ "$platform" = linux ] || licenses="$folder/licenses"
   documents="$(dirname "$licenses")"
   while read -r name file _; do
     install -m 644 "/usr/share/doc/$(package_of "$file")/copyright" "$licenses/$name.txt"
   done < <(runtimes "$platform")
-  local programs=()
-  mapfile -t programs < <(find "$folder" -type f \( -name 'dwg_import_worker' -o \
-    -name 'dwg_import_worker.exe' -o -name 'crashpad_handler*' \) | LC_ALL=C sort)
-  bill "$platform" "${programs[@]}" > "$documents/dwg_import_worker.spdx.json"
+  mapfile -t programs < <(programs_in "$folder" "${worker_programs[@]}" dwg_preview)
+  bill dwg_import_worker "$platform" "${programs[@]}" > "$documents/dwg_import_worker.spdx.json"
   find "$folder" -type d -exec chmod 755 {} +
 }
 
-# glibc_of TREE: the oldest that the programs start with.
-glibc_of() { python3 "$root/scripts/packaging/symbol_versions.py" "$1"/libexec/dwg_import_worker/*; }
+# install_preview BUILD FOLDER: what the preview's own package holds.
+install_preview() {
+  local documents="$2/share/doc/dwg_preview"
+  cmake --install "$1" --prefix "$2" >/dev/null
+  install -D -m 644 -t "$documents" "$root"/{CHANGELOG.md,LICENSE,docs/preview.md}
+  bill dwg_preview linux "$2/bin/dwg_preview" > "$documents/dwg_preview.spdx.json"
+  find "$2" -type d -exec chmod 755 {} +
+}
+
+# glibc_of PROGRAM...: the oldest that the programs start with.
+glibc_of() { python3 "$root/scripts/packaging/symbol_versions.py" "$@"; }
 
 # pack_tarball TREE FILE
 pack_tarball() {
@@ -100,33 +138,46 @@ pack_tarball() {
     --mode=u+rwX,go+rX,go-w --directory="$scratch" "$name" | xz -9 -T1 > "$2"
 }
 
-# pack_deb TREE FILE
-pack_deb() {
-  local scratch documents depends
+# pack_deb TREE FILE and pack_preview_deb TREE FILE
+pack_deb() { make_deb dwg_import_worker "$1" "$2" "${worker_programs[@]}"; }
+pack_preview_deb() { make_deb dwg_preview "$1" "$2" dwg_preview; }
+
+# needs_of PACKAGE PROGRAM...: the packages of Debian that the programs need.
+needs_of() {
+  local package="$1" scratch depends
+  shift
   scratch="$(mktemp -d -p "$work")"
-  mkdir -p "$scratch/package/DEBIAN" "$scratch/package/usr" "$scratch/shlibs/debian"
-  cp -a "$1/." "$scratch/package/usr"
-  documents="$scratch/package/usr/share/doc/dwg-import-worker"
-  mv "$scratch/package/usr/share/doc/dwg_import_worker" "$documents"
+  mkdir "$scratch/debian"
+  printf 'Source: %s\n\nPackage: %s\nArchitecture: any\n' "$package" "$package" > "$scratch/debian/control"
+  depends="$(cd "$scratch" && dpkg-shlibdeps -O "$@" 2>/dev/null | sed -n 's/^shlibs:Depends=//p')"
+  [ -n "$depends" ] || fail "dpkg-shlibdeps does not say what the programs need"
+  # It looks at symbols only, not at the form of relocations.
+  sed "s/libc6 (>= [0-9.]*)/libc6 (>= $(glibc_of "$@"))/" <<< "$depends"
+}
+
+# make_deb NAME TREE FILE PROGRAM...
+make_deb() {
+  local name="$1" tree="$2" target="$3" package="${1//_/-}" scratch documents depends programs
+  shift 3
+  scratch="$(mktemp -d -p "$work")"
+  mkdir -p "$scratch/package/DEBIAN" "$scratch/package/usr"
+  cp -a "$tree/." "$scratch/package/usr"
+  documents="$scratch/package/usr/share/doc/$package"
+  mv "$scratch/package/usr/share/doc/$name" "$documents"
   # Debian's names for them.
-  cp "$root/packaging/debian/copyright" "$documents/copyright"
+  sed "s/@NAME@/$name/" "$root/packaging/debian/copyright.in" > "$documents/copyright"
   rm "$documents/LICENSE"
   gzip -9n < "$documents/CHANGELOG.md" > "$documents/changelog.gz"
   rm "$documents/CHANGELOG.md"
   gzip -9n "$scratch/package/usr/share/man/man1/"*.1
-  printf 'Source: dwg-import-worker\n\nPackage: dwg-import-worker\nArchitecture: any\n' \
-    > "$scratch/shlibs/debian/control"
-  depends="$(cd "$scratch/shlibs" && dpkg-shlibdeps -O "$scratch/package/usr/libexec/dwg_import_worker/"* \
-    2>/dev/null | sed -n 's/^shlibs:Depends=//p')"
-  [ -n "$depends" ] || fail "dpkg-shlibdeps does not say what the programs need"
-  # It looks at symbols only, not at the form of relocations.
-  depends="$(sed "s/libc6 (>= [0-9.]*)/libc6 (>= $(glibc_of "$1"))/" <<< "$depends")"
+  mapfile -t programs < <(programs_in "$scratch/package/usr" "$@")
+  depends="$(needs_of "$package" "${programs[@]}")"
   sed -e "s/@VERSION@/$version/" -e "s/@ARCHITECTURE@/$(dpkg --print-architecture)/" \
     -e "s/@SIZE@/$(du -sk --apparent-size "$scratch/package/usr" | cut -f1)/" -e "s/@DEPENDS@/$depends/" \
-    "$root/packaging/debian/control.in" > "$scratch/package/DEBIAN/control"
+    "$root/packaging/debian/$package.control.in" > "$scratch/package/DEBIAN/control"
   (cd "$scratch/package" && find usr -type f -print0 | LC_ALL=C sort -z | xargs -0 md5sum > DEBIAN/md5sums)
   find "$scratch/package" -exec touch -h -d "@$epoch" {} +
-  dpkg-deb --root-owner-group --threads-max=1 -Zxz --build "$scratch/package" "$2" >/dev/null
+  dpkg-deb --root-owner-group --threads-max=1 -Zxz --build "$scratch/package" "$target" >/dev/null
 }
 
 # pack_zip TREE FILE
@@ -140,9 +191,10 @@ pack_zip() {
 # programs_of TREE FOLDER: the two programs alone; extras_of TREE FOLDER: the licences
 # and the bill.
 programs_of() {
+  local programs
   mkdir -p "$2"
-  find "$1" -type f \( -name 'dwg_import_worker' -o -name 'dwg_import_worker.exe' -o \
-    -name 'crashpad_handler*' \) -exec install -m 755 {} "$2" \;
+  mapfile -t programs < <(programs_in "$1" "${worker_programs[@]}")
+  install -m 755 "${programs[@]}" "$2"
 }
 extras_of() {
   mkdir -p "$2"
@@ -164,7 +216,7 @@ wheel_tag() {
     echo win_amd64
   else
     local glibc
-    glibc="$(glibc_of "$1")"
+    glibc="$(glibc_of "$1"/libexec/dwg_import_worker/*)"
     echo "manylinux_${glibc//./_}_$(uname -m)"
   fi
 }
@@ -212,7 +264,7 @@ if [ -z "$linux_build" ]; then
   build_preset release dwg_import_worker
 fi
 mkdir -p "$work/trees"
-install_tree linux "$linux_build" "$work/trees/linux"
+install_tree linux "$work/trees/linux" "$linux_build"
 if wants windows && [ -z "$windows_build" ]; then
   windows_build="$root/build/windows"
   install_packages "${build_packages[@]}" "${windows_packages[@]}"
@@ -220,12 +272,21 @@ if wants windows && [ -z "$windows_build" ]; then
   build_preset windows dwg_import_worker
 fi
 if [ -n "$windows_build" ]; then
-  install_tree windows "$windows_build" "$work/trees/windows"
+  install_tree windows "$work/trees/windows" "$windows_build"
+fi
+if wants linux && [ -z "$preview_build" ]; then
+  preview_build="$root/build/preview"
+  install_packages "${build_packages[@]}" qt6-base-dev
+  build_preset preview dwg_preview
 fi
 
 if wants linux; then
-  make_package tarball "$work/trees/linux" "dwg_import_worker-$version-linux-$(uname -m).tar.xz"
-  make_package deb "$work/trees/linux" "dwg-import-worker_${version}_$(dpkg --print-architecture).deb"
+  architecture="$(dpkg --print-architecture)"
+  install_tree linux "$work/tarball" "$linux_build" "$preview_build"
+  install_preview "$preview_build" "$work/preview"
+  make_package tarball "$work/tarball" "dwg_import_worker-$version-linux-$(uname -m).tar.xz"
+  make_package deb "$work/trees/linux" "dwg-import-worker_${version}_$architecture.deb"
+  make_package preview_deb "$work/preview" "dwg-preview_${version}_$architecture.deb"
 fi
 if wants windows; then
   make_package zip "$work/trees/windows" "dwg_import_worker-$version-windows-x86_64.zip"

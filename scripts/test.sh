@@ -4,12 +4,13 @@
 #   scripts/test.sh [STAGE...]
 #
 # Stages, by default all of them in this order: checks dev asan lint analyze
-# fuzz release packages preview windows. fresh_root and rebuild run only when they are
+# fuzz release preview windows packages. fresh_root and rebuild run only when they are
 # named: the first needs the superuser and the network, the second builds everything anew.
 # DWG_CORPUS names a folder of drawings for the runs over real drawings; they
 # are left out, with a line that says so, when it is not set.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/windows_packages.sh"
 
 test_packages=(git clang llvm libclang-rt-14-dev clang-format-14 clang-tidy-14 googletest libgtest-dev libbenchmark-dev
                python3-venv valgrind nlohmann-json3-dev node-typescript
@@ -82,23 +83,11 @@ stage_release() {
   )
 }
 
-stage_packages() {
-  say "Packages: hardening, man pages, every package twice and tried"
-  install_packages dpkg-dev xz-utils man-db groff
-  build_preset release dwg_import_worker
-  (
-    cd "$root"
-    python3 tests/hardening/check_hardening.py build/release/dwg_import_worker
-    python3 tests/packages/check_manual.py
-    scripts/package.sh --check --build build/release --out build/packages linux python node
-  )
-}
-
 stage_fresh_root() {
-  say "The .deb in a fresh Debian root"
+  say "The .debs in a fresh Debian root"
   install_packages debootstrap dpkg-dev xz-utils
   "$root/scripts/package.sh" --out "$root/build/packages" linux
-  python3 "$root/tests/packages/fresh_root.py" "$root"/build/packages/*.deb
+  python3 "$root/tests/packages/fresh_root.py" "$root"/build/packages/dwg-{import-worker,preview}_*.deb
 }
 
 stage_rebuild() {
@@ -131,9 +120,26 @@ stage_windows() {
   "$root/scripts/test_windows.sh"
 }
 
+stage_packages() {
+  say "Packages: hardening, man pages, every package twice and tried"
+  install_packages dpkg-dev xz-utils man-db groff qt6-base-dev "${windows_packages[@]}"
+  # All of these are there already when the stages before have run.
+  build_preset release dwg_import_worker
+  build_preset preview-dev dwg_preview
+  build_preset windows dwg_import_worker
+  (
+    cd "$root"
+    python3 tests/hardening/check_hardening.py build/release/{dwg_import_worker,crashpad_handler} \
+      build/preview-dev/dwg_preview build/windows/{dwg_import_worker,crashpad_handler}.exe
+    python3 tests/packages/check_manual.py
+    scripts/package.sh --check --build build/release --preview-build build/preview-dev \
+      --windows-build build/windows --out build/packages
+  )
+}
+
 stages=("$@")
 [ ${#stages[@]} -gt 0 ] ||
-  stages=(checks dev asan lint analyze fuzz release packages preview windows)
+  stages=(checks dev asan lint analyze fuzz release preview windows packages)
 
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 require_cargo

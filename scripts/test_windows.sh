@@ -24,13 +24,9 @@ for program in dwg_import_worker crashpad_handler; do
 done
 
 say "Hardening"
-python3 "$root/tests/hardening/check_hardening.py" "$build/dwg_import_worker.exe"
+python3 "$root/tests/hardening/check_hardening.py" "$build"/{dwg_import_worker,crashpad_handler}.exe
 
-# A wine prefix of its own, so that nobody's settings matter.
-export WINEPREFIX="${DWG_WINEPREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/dwg_import_worker/wine}"
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
-mkdir -p "$WINEPREFIX"
-wine wineboot --init >/dev/null 2>&1 || fail "wine does not start"
+use_wine
 
 # A program that idles keeps wine's background processes up; starting them for
 # every run would take seconds each time. It ends with this script, which holds

@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 """Prints the bill of materials of a package: SPDX 2.3 as JSON.
 
-    bill_of_materials.py --version V --epoch SECONDS [--runtime NAME=VERSION=LICENCE]...
-                         [PROGRAM...]
+    bill_of_materials.py --subject NAME --version V --epoch SECONDS
+                         [--runtime NAME=VERSION=LICENCE]...
+                         [--shared NAME=VERSION=LICENCE]... [PROGRAM...]
 
-It names every pinned source with the checksum of its archive (cmake/checksums), what
-each of them carries, every patch, our own sources inside LibreDWG, the libraries of the
-building system that are linked in, and the programs. The same input gives the same
-bytes. A pinned source that this script does not know ends it.
+That of dwg_import_worker names every pinned source with the checksum of its archive
+(cmake/checksums), what each of them carries, every patch and our own sources inside
+LibreDWG. Each bill names the libraries of the building system that are linked in
+(--runtime) or loaded at the start (--shared), and the programs. The same input gives the
+same bytes. A pinned source that this script does not know ends it.
 """
 
 import argparse
@@ -20,7 +22,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 CHECKSUMS = ROOT / "cmake/checksums"
-NAME = "dwg_import_worker"
+WORKER = "dwg_import_worker"
 
 # What a crate carries of others' work that is linked in: name, version, licence. A
 # version that its source does not tell is None.
@@ -88,8 +90,8 @@ def pinned():
 
 
 class Bill:
-    def __init__(self, version):
-        self.packages = [package(NAME, version, "GPL-3.0-or-later", primaryPackagePurpose="APPLICATION")]
+    def __init__(self, subject, version):
+        self.packages = [package(subject, version, "GPL-3.0-or-later", primaryPackagePurpose="APPLICATION")]
         self.main = self.packages[0]["SPDXID"]
         self.files = []
         self.relations = [relation("SPDXRef-DOCUMENT", "DESCRIBES", self.main)]
@@ -125,11 +127,11 @@ class Bill:
             self.add_files(sorted((ROOT / "cmake" / folder).glob("*.[ch]*")), "source",
                            "CONTAINED_BY", identifier("Package", name))
 
-    def add_runtime(self, runtimes):
-        for runtime in runtimes:
-            entry = package(*runtime.split("=", 2))
+    def add_libraries(self, libraries, link):
+        for library in libraries:
+            entry = package(*library.split("=", 2))
             self.packages.append(entry)
-            self.relations.append(relation(self.main, "STATIC_LINK", entry["SPDXID"]))
+            self.relations.append(relation(self.main, link, entry["SPDXID"]))
 
     def add_programs(self, programs):
         for path in programs:
@@ -137,13 +139,13 @@ class Bill:
             self.relations.append(relation(self.main, "CONTAINS", self.files[-1]["SPDXID"]))
 
 
-def document(bill, version, epoch):
+def document(bill, subject, version, epoch):
     content = {"packages": bill.packages, "files": bill.files, "relationships": bill.relations}
     unique = hashlib.sha256(json.dumps(content, sort_keys=True).encode()).hexdigest()
     return {
         "spdxVersion": "SPDX-2.3", "dataLicense": "CC0-1.0", "SPDXID": "SPDXRef-DOCUMENT",
-        "name": f"{NAME}-{version}",
-        "documentNamespace": f"https://spdx.org/spdxdocs/{NAME}-{version}-{unique}",
+        "name": f"{subject}-{version}",
+        "documentNamespace": f"https://spdx.org/spdxdocs/{subject}-{version}-{unique}",
         "creationInfo": {"created": time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(epoch)),
                          "creators": [f"Tool: {pathlib.Path(__file__).name}"]},
         "hasExtractedLicensingInfos": [{"licenseId": "LicenseRef-public-domain",
@@ -156,17 +158,21 @@ def document(bill, version, epoch):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--subject", required=True)
     parser.add_argument("--version", required=True)
     parser.add_argument("--epoch", required=True, type=int)
     parser.add_argument("--runtime", action="append", default=[])
+    parser.add_argument("--shared", action="append", default=[])
     parser.add_argument("programs", nargs="*", type=pathlib.Path)
     options = parser.parse_args()
-    bill = Bill(options.version)
-    bill.add_pinned()
-    bill.add_sources()
-    bill.add_runtime(options.runtime)
+    bill = Bill(options.subject, options.version)
+    if options.subject == WORKER:
+        bill.add_pinned()
+        bill.add_sources()
+    bill.add_libraries(options.runtime, "STATIC_LINK")
+    bill.add_libraries(options.shared, "DYNAMIC_LINK")
     bill.add_programs(options.programs)
-    json.dump(document(bill, options.version, options.epoch), sys.stdout, indent=1)
+    json.dump(document(bill, options.subject, options.version, options.epoch), sys.stdout, indent=1)
     print()
 
 

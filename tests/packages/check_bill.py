@@ -6,7 +6,8 @@ this repository.
 
 Rules: the required fields of the document, of packages and of files; identifiers that
 are well-formed and unique; relationships and checksums of known kinds, between elements
-that exist; licences that the document may use. Repository: every pinned source with its
+that exist; licences that the document may use. Programs: each with its checksum, and Qt
+where the preview is. Repository, in the worker's bill: every pinned source with its
 archive's checksum, every patch and every source of ours inside the libraries with the
 checksum that it has. Each check is also run on a bill with that mistake, which it has
 to find.
@@ -25,9 +26,11 @@ DOCUMENT_KEYS = {"spdxVersion", "dataLicense", "SPDXID", "name", "documentNamesp
 PACKAGE_KEYS = {"SPDXID", "name", "downloadLocation", "filesAnalyzed", "licenseConcluded",
                 "licenseDeclared", "copyrightText"}
 FILE_KEYS = {"SPDXID", "fileName", "checksums", "licenseConcluded", "copyrightText"}
-KINDS = {"DESCRIBES", "CONTAINS", "CONTAINED_BY", "STATIC_LINK", "PATCH_FOR"}
+KINDS = {"DESCRIBES", "CONTAINS", "CONTAINED_BY", "STATIC_LINK", "DYNAMIC_LINK", "PATCH_FOR"}
 LICENCES = {"GPL-3.0-or-later", "MIT", "Apache-2.0", "BSD-3-Clause", "ICU", "Unlicense", "Zlib",
-            "GPL-3.0-or-later WITH GCC-exception-3.1", "ZPL-2.1", "NOASSERTION"}
+            "GPL-3.0-or-later WITH GCC-exception-3.1", "ZPL-2.1", "LGPL-3.0-only", "GPL-2.0-only",
+            "GPL-3.0-only", "NOASSERTION"}
+PROGRAMS = ("dwg_import_worker", "crashpad_handler", "dwg_preview")
 IDENTIFIER = re.compile(r"SPDXRef-[A-Za-z0-9.-]+")
 MOMENT = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")
 LENGTHS = {"SHA1": 40, "SHA256": 64}
@@ -123,48 +126,70 @@ def repository_faults(bill):
 
 def program_faults(bill, folder):
     files = {entry["fileName"].removeprefix("./"): checksum_of(entry) for entry in bill["files"]}
-    for name in ("dwg_import_worker", "crashpad_handler"):
-        for path in [*folder.rglob(name), *folder.rglob(name + ".exe")]:
-            if path.is_file() and not path.is_symlink() and files.get(path.name) != sha256(path):
-                yield f"{path.name} is not listed with its checksum"
+    found = [path for name in PROGRAMS for path in [*folder.rglob(name), *folder.rglob(name + ".exe")]
+             if path.is_file() and not path.is_symlink()]
+    if not found:
+        yield "there is no program beside the bill"
+    for path in found:
+        if files.get(path.name) != sha256(path):
+            yield f"{path.name} is not listed with its checksum"
+    if any(path.stem == "dwg_preview" for path in found) and not any(
+            entry["name"] == "Qt" for entry in bill["packages"]):
+        yield "Qt is not listed"
+
+
+def is_of_worker(bill):
+    return bill["packages"][0]["name"] == "dwg_import_worker"
 
 
 def faults(bill):
-    return [fault for check in (form_faults, identifier_faults, checksum_faults, licence_faults,
-                                repository_faults) for fault in check(bill)]
+    checks = [form_faults, identifier_faults, checksum_faults, licence_faults]
+    if is_of_worker(bill):
+        checks.append(repository_faults)
+    return [fault for check in checks for fault in check(bill)]
+
+
+def changed(bill, change):
+    other = copy.deepcopy(bill)
+    change(other)
+    return other
 
 
 def spoilt(bill):
     """Bills with one mistake each, by its name."""
-    def changed(change):
-        other = copy.deepcopy(bill)
-        change(other)
-        return other
-    yield "no namespace", changed(lambda b: b.pop("documentNamespace"))
-    yield "another version", changed(lambda b: b.update(spdxVersion="SPDX-2.2"))
-    yield "a package without a licence", changed(lambda b: b["packages"][1].pop("licenseDeclared"))
-    yield "a wrong identifier", changed(lambda b: b["files"][0].update(SPDXID="SPDXRef-a_b"))
-    yield "one identifier twice", changed(lambda b: b["files"].append(b["files"][0]))
-    yield "a relationship to nothing", changed(
+    yield from ((name, changed(bill, change)) for name, change in mistakes_of_form())
+    if is_of_worker(bill):
+        yield "another source", changed(
+            bill, lambda b: b["packages"][1]["checksums"][0].update(checksumValue="0" * 64))
+        yield "a missing patch", changed(bill, lambda b: b["files"].remove(
+            next(entry for entry in b["files"] if entry["fileName"].endswith(".patch"))))
+
+
+def mistakes_of_form():
+    yield "no namespace", (lambda b: b.pop("documentNamespace"))
+    yield "another version", (lambda b: b.update(spdxVersion="SPDX-2.2"))
+    yield "a package without a licence", (lambda b: b["packages"][1].pop("licenseDeclared"))
+    yield "a wrong identifier", (lambda b: b["files"][0].update(SPDXID="SPDXRef-a_b"))
+    yield "one identifier twice", (lambda b: b["files"].append(b["files"][0]))
+    yield "a relationship to nothing", (
         lambda b: b["relationships"][-1].update(relatedSpdxElement="SPDXRef-none"))
-    yield "an unknown relationship", changed(
+    yield "an unknown relationship", (
         lambda b: b["relationships"][-1].update(relationshipType="LIKES"))
-    yield "an unrelated file", changed(lambda b: b["relationships"].pop())
-    yield "a malformed checksum", changed(
+    yield "an unrelated file", (lambda b: b["relationships"].pop())
+    yield "a malformed checksum", (
         lambda b: b["files"][0]["checksums"][0].update(checksumValue="00"))
-    yield "a file without SHA1", changed(lambda b: b["files"][0]["checksums"].pop(0))
-    yield "an unknown licence", changed(lambda b: b["packages"][0].update(licenseDeclared="GPL"))
-    yield "another source", changed(
-        lambda b: b["packages"][1]["checksums"][0].update(checksumValue="0" * 64))
-    yield "a missing patch", changed(lambda b: b["files"].remove(
-        next(entry for entry in b["files"] if entry["fileName"].endswith(".patch"))))
+    yield "a file without SHA1", (lambda b: b["files"][0]["checksums"].pop(0))
+    yield "an unknown licence", (lambda b: b["packages"][0].update(licenseDeclared="GPL"))
 
 
 def main():
     bill = json.loads(pathlib.Path(sys.argv[1]).read_text(encoding="utf-8"))
     found = faults(bill)
     if len(sys.argv) > 2:
-        found += program_faults(bill, pathlib.Path(sys.argv[2]))
+        folder = pathlib.Path(sys.argv[2])
+        found += program_faults(bill, folder)
+        if not list(program_faults(changed(bill, lambda b: b["files"].clear()), folder)):
+            found.append("not found although planted: a bill without programs")
     found += [f"not found although planted: {name}" for name, other in spoilt(bill)
               if not faults(other)]
     for fault in found:

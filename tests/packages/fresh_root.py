@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
-"""Tries the .deb as a new user would: in a fresh Debian root without build tools.
+"""Tries the .debs as a new user would: in a fresh Debian root without build tools.
 
-    fresh_root.py DEB [--suite bookworm] [--keep FOLDER]
+    fresh_root.py DEB [PREVIEW_DEB] [--suite bookworm] [--keep FOLDER]
 
 debootstrap makes the root (as the superuser; it loads some 50 MB). In it: install the
 package with what it recommends, convert a drawing as a user without rights and compare
 the document with that of the same program outside, crash in the middle of a run and
-receive the report, remove the package and look for what is left. --keep keeps the root
-in that folder, and takes it up again when it is there.
+receive the report, install the preview and draw a picture, remove each package and look
+for what is left. --keep keeps the root in that folder, and takes it up again when it is
+there.
 """
 
 import argparse
@@ -27,6 +28,9 @@ from report_server import Minidump, ReportServer, multipart_parts  # noqa: E402
 
 TIMINGS = re.compile(rb'"timings".*')
 SECONDS = 600
+# What the packages recommend, as far as it is tried.
+RECOMMENDED = {"dwg-import-worker": ["libcurl4"],
+               "dwg-preview": ["fonts-dejavu-core", "fonts-liberation", "qt6-qpa-plugins"]}
 # The user nobody.
 NOBODY = 65534
 
@@ -75,18 +79,31 @@ def make_root(folder, suite):
     shutil.copy("/etc/resolv.conf", folder / "etc/resolv.conf")
 
 
-def install(machine, deb):
-    say("Installing the package")
-    shutil.copy(deb, machine.folder / "srv/package.deb")
-    quiet = {"env": {"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"}}
-    machine.run("apt-get", "update", "-qq", **quiet)
-    machine.run("apt-get", "install", "-y", "-qq", "libcurl4", **quiet)
-    if (machine.folder / "usr/libexec/dwg_import_worker").exists():
-        machine.run("apt-get", "purge", "-y", "-qq", "dwg-import-worker", **quiet)
+def apt(machine, *words):
+    machine.run("apt-get", "-y", "-qq", *words,
+                env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"})
+
+
+def field(deb, name):
+    return subprocess.run(["dpkg-deb", "--field", deb, name], check=True, stdout=subprocess.PIPE,
+                          text=True).stdout.strip()
+
+
+def install(machine, deb, own=""):
+    """Installs a package, what it needs first, and gives the files that were there before
+    the package itself. `own` is the one of ours that it needs."""
+    package = field(deb, "Package")
+    say(f"Installing {package}")
+    shutil.copy(deb, machine.folder / f"srv/{package}.deb")
+    if (machine.folder / f"var/lib/dpkg/info/{package}.list").exists():
+        apt(machine, "purge", package)
+    others = [need for need in field(deb, "Depends").split(", ") if not own or not need.startswith(own)]
+    apt(machine, "satisfy", "--no-install-recommends", *others)
+    apt(machine, "install", *RECOMMENDED[package])
     before = machine.files()
-    machine.run("apt-get", "install", "-y", "-qq", "/srv/package.deb", **quiet)
+    apt(machine, "install", f"/srv/{package}.deb")
     require(machine.files() - before, "the package has installed nothing")
-    return before, quiet
+    return before
 
 
 def convert(machine, deb):
@@ -126,9 +143,19 @@ def crash(machine):
     require(dump.exception_code() == signal.SIGSEGV, "the report tells of something else")
 
 
-def remove(machine, before, quiet):
-    say("Removing the package")
-    machine.run("apt-get", "purge", "-y", "-qq", "dwg-import-worker", **quiet)
+def draw(machine):
+    say("Drawing a picture")
+    with machine.start("dwg_preview", "/srv/plan.dwg", "--png", "/var/tmp/plan.png", "--width", "400",
+                       QT_QPA_PLATFORM="offscreen", HOME="/var/tmp") as process:
+        _, errors = process.communicate(timeout=SECONDS)
+    require(process.returncode == 0, f"status {process.returncode}, {errors!r}")
+    picture = (machine.folder / "var/tmp/plan.png").read_bytes()
+    require(picture.startswith(b"\x89PNG") and len(picture) > 1000, "there is no picture")
+
+
+def remove(machine, package, before):
+    say(f"Removing {package}")
+    apt(machine, "purge", package)
     left = machine.files() - before
     require(not left, f"the package leaves {sorted(left)[:5]}")
 
@@ -136,6 +163,7 @@ def remove(machine, before, quiet):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("deb", type=pathlib.Path)
+    parser.add_argument("preview_deb", type=pathlib.Path, nargs="?")
     parser.add_argument("--suite", default="bookworm")
     parser.add_argument("--keep", type=pathlib.Path)
     options = parser.parse_args()
@@ -148,13 +176,19 @@ def main():
         # crashpad asks there for its client's memory.
         subprocess.run(["mount", "-t", "proc", "proc", folder / "proc"], check=True)
         try:
-            before, quiet = install(machine, options.deb)
+            apt(machine, "update")
+            before = install(machine, options.deb)
             convert(machine, options.deb)
             crash(machine)
-            remove(machine, before, quiet)
+            remove(machine, "dwg-import-worker", before)
+            if options.preview_deb:
+                install(machine, options.deb)
+                before = install(machine, options.preview_deb, own="dwg-import-worker")
+                draw(machine)
+                remove(machine, "dwg-preview", before)
         finally:
             subprocess.run(["umount", folder / "proc"], check=True)
-    say("The package installs, converts, reports a crash and goes without a trace")
+    say("What was given installs, converts, reports a crash, draws and goes without a trace")
 
 
 if __name__ == "__main__":
