@@ -149,6 +149,8 @@ THREAD_LIST_STREAM = 3
 MODULE_LIST_STREAM = 4
 EXCEPTION_STREAM = 6
 THREAD_BYTES = 48
+# Where they lie in the registers of a thread of x86-64.
+VECTOR_REGISTERS = slice(288, 672)
 MODULE_BYTES = 108
 
 
@@ -184,6 +186,15 @@ class Minidump:
             address, size, place = struct.unpack_from("<QII", stream, at + 24)
             stacks[thread] = (address, self.data[place : place + size])
         return stacks
+
+    def vector_registers(self):
+        """The bytes of all threads' x87 and SSE registers, on x86-64."""
+        stream = self.streams[THREAD_LIST_STREAM]
+        for i in range(struct.unpack_from("<I", stream, 0)[0]):
+            size, place = struct.unpack_from("<II", stream, 4 + THREAD_BYTES * i + 40)
+            if size < VECTOR_REGISTERS.stop:
+                raise ValueError("a thread has no registers of x86-64")
+            yield self.data[place : place + size][VECTOR_REGISTERS]
 
     def modules(self):
         """The file names of the loaded modules."""

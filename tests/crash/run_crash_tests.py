@@ -14,6 +14,7 @@ import hashlib
 import json
 import os
 import pathlib
+import platform
 import re
 import resource
 import shutil
@@ -408,6 +409,9 @@ class Tests:
                 address, stack = Minidump(minidump).stacks()[thread]
                 require(address <= arguments < address + len(stack),
                         "the stack is not there to its bottom, where the name lies")
+            if platform.machine() == "x86_64":
+                require(not any(map(any, Minidump(minidump).vector_registers())),
+                        "the report holds vector registers")
             self.check_for_traces(worker, [minidump, event], whole.output)
 
     def check_for_traces(self, worker, report, document):
