@@ -140,6 +140,25 @@ References ReferencesOf(const QJsonObject& record) {
   return {record["blockName"].toString(), {QTransform()}};
 }
 
+// Of all its points, with those that only bend curves.
+QRectF BoxOfPoints(const QPainterPath& path, const QTransform& place) {
+  QPolygonF points;
+  points.reserve(path.elementCount());
+  for (int i = 0; i < path.elementCount(); ++i) {
+    points.append(place.map(path.elementAt(i)));
+  }
+  return points.boundingRect();
+}
+
+// Text that is turned is measured by its points: there are many, and curves of letters
+// keep close to them.
+QRectF BoxOfPath(const QPainterPath& path, const QTransform& place, bool isText) {
+  if (place.type() <= QTransform::TxScale) {
+    return place.mapRect(path.boundingRect());
+  }
+  return isText ? BoxOfPoints(path, place) : place.map(path).boundingRect();
+}
+
 // Exact for what is drawn: a mapped box would grow with every rotation.
 QRectF BoundsOf(const Shape& shape, const QTransform& place) {
   if (!shape.polyline.isEmpty()) {
@@ -148,7 +167,7 @@ QRectF BoundsOf(const Shape& shape, const QTransform& place) {
   QRectF bounds;
   bool first = true;
   for (const Part& part : shape.parts) {
-    const QRectF box = place.map(part.path).boundingRect();
+    const QRectF box = BoxOfPath(part.path, place, shape.hasText);
     bounds = first ? box : Around(bounds, box);
     first = false;
   }

@@ -422,8 +422,9 @@ class Composer {
       }
     }
     // From the end, so that the places before stay where they are.
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
-      Replace(*place);
+    std::reverse(places.begin(), places.end());
+    for (const StackPlace& place : places) {
+      Replace(place);
     }
   }
 
@@ -474,7 +475,7 @@ class Composer {
   }
 
   // One of its texts as a single line.
-  void LayOutLine(QTextLayout& layout) const {
+  static void LayOutLine(QTextLayout& layout) {
     layout.beginLayout();
     layout.createLine();
     layout.endLayout();
@@ -534,8 +535,9 @@ class Composer {
         ++next;
       }
     }
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
-      BreakColumnAt(*place);
+    std::reverse(places.begin(), places.end());
+    for (const int place : places) {
+      BreakColumnAt(place);
     }
   }
 

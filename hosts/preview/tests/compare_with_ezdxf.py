@@ -62,7 +62,7 @@ EXTENTS = 0.01
 
 # The least share of drawings that must be similar, of those that differ through nobody
 # else's fault.
-MOST = 0.94
+MOST = 0.95
 # The longest that ezdxf may take for one drawing, in seconds.
 PATIENCE = 120
 
