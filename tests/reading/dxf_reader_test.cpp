@@ -364,6 +364,24 @@ TEST_F(DxfReaderTest, APolyfaceMeshOfR12IsNo2dPolyline) {
   EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
 }
 
+TEST_F(DxfReaderTest, FacesOfAPolyfaceMeshOfR12AreNoVertices) {
+  Read(
+      Drawing("0\nPOLYLINE\n5\n30\n8\n0\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n64\n"
+              "0\nVERTEX\n5\n31\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n70\n192\n"
+              "0\nVERTEX\n5\n32\n8\n0\n10\n7.5\n20\n8.5\n30\n9.5\n70\n128\n"
+              "71\n1\n72\n-2\n73\n3\n"
+              "0\nSEQEND\n5\n33\n8\n0\n",
+              "AC1009"));
+  const auto& face = Only(DWG_TYPE_VERTEX_PFACE_FACE, &EntityTio::VERTEX_PFACE_FACE);
+  EXPECT_EQ(face.vertind[0], 1);
+  EXPECT_EQ(face.vertind[1], -2);
+  EXPECT_EQ(face.vertind[2], 3);
+  EXPECT_EQ(face.vertind[3], 0);
+  ASSERT_NE(face.parent->ownerhandle, nullptr);
+  EXPECT_EQ(face.parent->ownerhandle->absolute_ref, 0x30U);
+  EXPECT_EQ(OfType(DWG_TYPE_VERTEX_2D).size(), 1U);
+}
+
 TEST_F(DxfReaderTest, A3dPolylineWithoutSubclassesIsNo2dPolyline) {
   const std::string polyline =
       "0\nPOLYLINE\n8\n0\n66\n1\n10\n0.0\n20\n0.0\n30\n0.0\n70\n9\n"
@@ -408,6 +426,17 @@ TEST_F(DxfReaderTest, ADimensionWithoutATypeIsARotatedOne) {
 }
 
 // An annotation context without its text, whose group 45 nobody takes.
+TEST_F(DxfReaderTest, AnAngularDimensionStaysOneWhateverItsGroup50) {
+  Read(
+      Drawing("0\nDIMENSION\n8\n0\n2\n*D1\n10\n1.0\n20\n2.0\n30\n0.0\n70\n34\n13\n3.0\n"
+              "23\n4.0\n33\n0.0\n14\n5.0\n24\n6.0\n34\n0.0\n50\n0.0\n",
+              "AC1009"));
+  const auto& dimension = Only(DWG_TYPE_DIMENSION_ANG2LN, &EntityTio::DIMENSION_ANG2LN);
+  EXPECT_EQ(dimension.xline1start_pt.x, 3.0);
+  EXPECT_EQ(dimension.xline1end_pt.y, 6.0);
+  EXPECT_TRUE(OfType(DWG_TYPE_DIMENSION_LINEAR).empty());
+}
+
 TEST_F(DxfReaderTest, NoPairIsReadForEver) {
   Read(
       Drawing("0\nMULTILEADER\n100\nAcDbEntity\n8\n0\n100\nAcDbMLeader\n300\nCONTEXT_DATA{\n"
@@ -573,9 +602,29 @@ std::string Class(const std::string& name, const std::string& cppName) {
                                 "\n3\nObjectDBX Classes\n90\n1025\n280\n0\n281\n1\n");
 }
 
+// A path of a hatch with these edges.
+std::string HatchOfEdges(int count, const std::string& edges, const std::string& handles) {
+  return Drawing(
+      "0\nHATCH\n100\nAcDbEntity\n8\n0\n100\nAcDbHatch\n10\n0.0\n20\n0.0\n30\n0.0\n"
+      "2\nSOLID\n70\n1\n71\n0\n91\n1\n92\n1\n93\n" +
+          std::to_string(count) + "\n" + edges + handles + "75\n0\n76\n1\n98\n0\n" + Line(),
+      "AC1024");
+}
+
+// A straight one of two control points; `fitCount` is what it says of its fit points.
+std::string SplineEdge(const std::string& weights, int fitCount, const std::string& fitPoints) {
+  return "72\n4\n94\n1\n73\n" + std::string(weights.empty() ? "0" : "1") +
+         "\n74\n0\n95\n4\n96\n2\n40\n0.0\n40\n0.0\n40\n1.0\n40\n1.0\n10\n1.0\n20\n2.0\n"
+         "10\n3.0\n20\n4.0\n" +
+         weights + "97\n" + std::to_string(fitCount) + "\n" + fitPoints;
+}
+
+constexpr const char* kStraightEdge = "72\n1\n10\n5.0\n20\n6.0\n11\n7.0\n21\n8.0\n";
+constexpr const char* kFitPointsAndTangents =
+    "11\n1.0\n21\n2.0\n11\n3.0\n21\n4.0\n12\n0.5\n22\n0.0\n13\n0.0\n23\n0.25\n";
+
 }  // namespace
 
-// The code 63 is none that a cell has.
 TEST_F(DxfReaderTest, ASplineOfAHatchHasItsWeights) {
   Read(
       Drawing("0\nHATCH\n100\nAcDbEntity\n8\n0\n100\nAcDbHatch\n10\n0.0\n20\n0.0\n30\n0.0\n2\nX\n"
@@ -636,6 +685,59 @@ TEST_F(DxfReaderTest, AHelixHasItsCurveAndItsAxis) {
   EXPECT_EQ(helix.handedness, 1);
 }
 
+TEST_F(DxfReaderTest, EdgesOfAHatchGoOnBehindTheTangentsOfASpline) {
+  Read(HatchOfEdges(2, SplineEdge("", 2, kFitPointsAndTangents) + kStraightEdge,
+                    "97\n1\n330\n20\n"));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 1U);
+  const Dwg_HATCH_Path& path = hatch.paths[0];
+  ASSERT_EQ(path.num_segs_or_paths, 2U);
+  EXPECT_EQ(path.segs[0].curve_type, 4);
+  EXPECT_EQ(path.segs[0].end_tangent.y, 0.25);
+  EXPECT_EQ(path.segs[1].curve_type, 1);
+  EXPECT_EQ(path.segs[1].second_endpoint.y, 8.0);
+  EXPECT_EQ(path.num_boundary_handles, 1U);
+}
+
+TEST_F(DxfReaderTest, TheTangentsOfAHatchsLastSplineEndThePath) {
+  Read(HatchOfEdges(2, kStraightEdge + SplineEdge("", 2, kFitPointsAndTangents),
+                    "97\n1\n330\n20\n"));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 1U);
+  const Dwg_HATCH_Path& path = hatch.paths[0];
+  ASSERT_EQ(path.num_segs_or_paths, 2U);
+  ASSERT_EQ(path.segs[1].num_fitpts, 2U);
+  EXPECT_EQ(path.segs[1].fitpts[1].x, 3.0);
+  EXPECT_EQ(path.num_boundary_handles, 1U);
+}
+
+TEST_F(DxfReaderTest, WeightsOfASplineOfAHatchStandBehindTheirPoints) {
+  std::string edge = SplineEdge("", 0, "");
+  edge.replace(edge.find("73\n0"), 4, "73\n1");
+  edge.insert(edge.find("10\n3.0"), "42\n2.0\n");
+  edge.insert(edge.find("97\n"), "42\n0.5\n");
+  Read(HatchOfEdges(1, edge, "97\n0\n"));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 1U);
+  const Dwg_HATCH_PathSeg& spline = hatch.paths[0].segs[0];
+  EXPECT_EQ(spline.control_points[0].weight, 2.0);
+  EXPECT_EQ(spline.control_points[1].weight, 0.5);
+}
+
+TEST_F(DxfReaderTest, FitPointsBeyondTheirCountAreNotFreedTwice) {
+  ResultOf(HatchOfEdges(1, SplineEdge("", 1, kFitPointsAndTangents), "97\n0\n"));
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, AHatchHasTheEdgesThatItHas) {
+  Read(HatchOfEdges(1, std::string(kStraightEdge) + kStraightEdge + kStraightEdge, "97\n0\n"));
+  const auto& hatch = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(hatch.num_paths, 1U);
+  ASSERT_EQ(hatch.paths[0].num_segs_or_paths, 3U);
+  EXPECT_EQ(hatch.paths[0].segs[2].second_endpoint.y, 8.0);
+}
+
+// The code 63 is none that a cell has.
 TEST_F(DxfReaderTest, CellsOfATableGoOnBehindAnUnexpectedCode) {
   Read(Header("AC1021") + Class("ACAD_TABLE", "AcDbTable") +
        Entities("0\nACAD_TABLE\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n10\n0.0\n"
