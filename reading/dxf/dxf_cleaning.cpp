@@ -29,11 +29,25 @@ bool HasLoneReturns(std::string_view text) {
   return false;
 }
 
+// Whether each line feed but a last one has a carriage return behind it: the two in
+// the other order. Blank lines look like lines that end as usual then.
+bool HasReversedEnds(std::string_view text) {
+  const std::size_t first = text.find('\n');
+  std::size_t at = first;
+  while (at != std::string_view::npos && at + 1 < text.size()) {
+    if (text[at + 1] != '\r') {
+      return false;
+    }
+    at = text.find('\n', at + 1);
+  }
+  return first != std::string_view::npos;
+}
+
 // The lines of a text, ended by a line feed, a carriage return or both.
 class Lines {
  public:
   explicit Lines(std::string_view text, DxfRepairs& repairs)
-      : hasLoneReturns_(HasLoneReturns(text)) {
+      : hasLoneReturns_(HasLoneReturns(text)), hasReversedEnds_(HasReversedEnds(text)) {
     std::size_t at = 0;
     while (at < text.size()) {
       const std::size_t end = text.find_first_of("\r\n", at);
@@ -58,7 +72,11 @@ class Lines {
  private:
   std::size_t BehindEnd(std::string_view text, std::size_t end, DxfRepairs& repairs) const {
     if (text[end] == '\n') {
-      return end + 1;
+      const bool isReversed = hasReversedEnds_ && end + 1 < text.size();
+      if (isReversed) {
+        repairs.Add(DxfRepair::kLineEnds, lines_.size());
+      }
+      return end + (isReversed ? 2 : 1);
     }
     // Some programs double the carriage return before a line feed.
     const std::size_t feed = hasLoneReturns_ ? end + 1 : text.find_first_not_of('\r', end);
@@ -70,6 +88,7 @@ class Lines {
   }
 
   bool hasLoneReturns_;
+  bool hasReversedEnds_;
   std::size_t stride_ = 1;  // lines of the file for each
   std::vector<std::string_view> lines_;
 };

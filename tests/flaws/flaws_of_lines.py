@@ -125,6 +125,11 @@ def line_ends_CR(d):
     return Flawed(d.bytes("\r"), repairs=MAY)
 
 
+@flaw("R2018")
+def line_ends_LFCR(d):
+    return Flawed(d.bytes("\n\r"), repairs=(len(d.lines), range(1, 2)))
+
+
 @flaw("R2000")
 def line_ends_mixed(d):
     data = b"".join(line.encode() + (b"\r\n", b"\n", b"\r")[i % 3]

@@ -31,6 +31,13 @@ TEST(DxfCleaning, TakesAnyLineEnds) {
   EXPECT_EQ(RepairsOf("0\rLINE\r8\rA\r0\rEOF\r").CountOf(DxfRepair::kLineEnds), 6U);
 }
 
+TEST(DxfCleaning, TakesLineEndsInTheOtherOrder) {
+  EXPECT_EQ(CleanDxf("0\n\rTEXT\n\r1\n\r\n\r8\n\rA\n\r0\n\rEOF\n\r").text,
+            "0\nTEXT\n1\n\n8\nA\n0\nEOF\n");
+  EXPECT_EQ(CleanDxf("0\n\rEOF\n").text, "0\nEOF\n");
+  EXPECT_EQ(RepairsOf("0\n\rLINE\n\r8\n\rA\n\r0\n\rEOF\n\r").CountOf(DxfRepair::kLineEnds), 6U);
+}
+
 TEST(DxfCleaning, LeavesOutComments) {
   EXPECT_EQ(Clean("8\nA\n999\nwords\n10\n1.5\n"), "8\nA\n10\n1.5\n");
 }
