@@ -470,21 +470,6 @@ bool IsSharedDxfDimensionCode(int code) {
   return std::find(kShared.begin(), kShared.end(), code) != kShared.end();
 }
 
-bool IsCommonDxfCode(int code) {
-  switch (code) {
-    case 6:
-    case 8:
-    case 48:
-    case 60:
-    case 62:
-    case 67:
-    case 370:
-    case 420:
-    case 440: return true;
-    default: return false;
-  }
-}
-
 bool IsMovableDxfProperty(std::string_view recordName, int code) {
   constexpr int kLayerCode = 8;
   return code != kLayerCode && IsCommonDxfCode(code) && IsPlainDxfType(recordName);

@@ -2,6 +2,7 @@
 // the drawing depends on it, and the words that records and sections have.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -77,17 +78,34 @@ struct DxfListCodes {
 };
 DxfListCodes DxfListOfType(std::string_view recordName);
 
+// Whether a code belongs to the common part of every entity.
+constexpr bool IsCommonDxfCode(int code) {
+  switch (code) {
+    case 6:
+    case 8:
+    case 48:
+    case 60:
+    case 62:
+    case 67:
+    case 370:
+    case 420:
+    case 440: return true;
+    default: return false;
+  }
+}
+
 namespace dxf_record_detail {
 
-// The groups that records of any type heed: names, handles, owners, brackets, rows and
-// columns, and the common part of entities.
-inline constexpr std::array<std::size_t, 19> kHeededCodes = {
-    2, 3, 5, 6, 7, 8, 48, 60, 62, 67, 70, 71, 100, 102, 105, 330, 370, 420, 440};
+// The groups besides those of the common part that records of any type heed: names,
+// handles, owners, brackets, rows and columns.
+inline constexpr std::array<int, 10> kHeededCodes = {2, 3, 5, 7, 70, 71, 100, 102, 105, 330};
 
 consteval auto HeededByCode() {
-  std::array<bool, kHeededCodes.back() + 1> heeded{};
-  for (const std::size_t code : kHeededCodes) {
-    heeded.at(code) = true;
+  std::array<bool, kLastDxfGroupCode + 1> heeded{};
+  for (int code = 0; code <= kLastDxfGroupCode; ++code) {
+    heeded.at(static_cast<std::size_t>(code)) =
+        IsCommonDxfCode(code) ||
+        std::find(kHeededCodes.begin(), kHeededCodes.end(), code) != kHeededCodes.end();
   }
   return heeded;
 }
@@ -191,9 +209,6 @@ DxfDimensionSubclasses DxfSubclassesOfDimension(int kind);
 
 // Whether a group belongs to the part that all kinds of dimensions have.
 bool IsSharedDxfDimensionCode(int code);
-
-// Whether a code belongs to the common part of every entity.
-bool IsCommonDxfCode(int code);
 
 // Whether the group code of an entity's common part has no other meaning in
 // the parts of its own type, so that it may be found there and moved.
