@@ -1,7 +1,10 @@
 #include "reading/dxf/dxf_binary.hpp"
 
+#include <array>
 #include <bit>
+#include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 #include "reading/dxf/dxf_values.hpp"
@@ -19,6 +22,16 @@ std::size_t SentinelSize(std::string_view bytes) {
   const std::size_t end = bytes.find_first_not_of("\r\n\x1A", kSentinel.size());
   return end != std::string_view::npos && bytes[end] == '\0' ? end + 1 : 0;
 }
+
+// The two digits of each byte.
+constexpr auto kHexDigits = [] {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::array<std::array<char, 2>, kDigits.size() * kDigits.size()> all{};
+  for (std::size_t byte = 0; byte < all.size(); ++byte) {
+    all[byte] = {kDigits[byte / kDigits.size()], kDigits[byte % kDigits.size()]};
+  }
+  return all;
+}();
 
 class BinaryReader {
  public:
@@ -73,77 +86,93 @@ class BinaryReader {
     return code ? std::optional(static_cast<int>(static_cast<std::int16_t>(*code))) : std::nullopt;
   }
 
-  std::optional<std::string> ReadText() {
+  bool WriteText() {
     const std::size_t end = bytes_.find('\0', at_);
     if (end == std::string_view::npos) {
-      return std::nullopt;
+      return false;
     }
-    std::string text(bytes_.substr(at_, end - at_));
+    const std::size_t begin = text_.size();
+    text_ += bytes_.substr(at_, end - at_);
     at_ = end + 1;
-    for (char& c : text) {
-      // They would end the line.
-      c = c == '\n' || c == '\r' ? ' ' : c;
+    for (const char lineEnd : {'\n', '\r'}) {
+      for (std::size_t at = begin; (at = text_.find(lineEnd, at)) != std::string::npos; ++at) {
+        text_[at] = ' ';
+      }
     }
-    return text;
+    return true;
   }
 
-  std::optional<std::string> ReadChunk() {
+  bool WriteChunk() {
     const auto size = ReadInteger(1);
     if (!size || !HasLeft(static_cast<std::size_t>(*size))) {
-      return std::nullopt;
+      return false;
     }
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    constexpr unsigned kHalf = 4;
-    constexpr unsigned kMask = 15;
-    std::string text;
-    for (const char c : bytes_.substr(at_, static_cast<std::size_t>(*size))) {
-      const auto byte = static_cast<unsigned char>(c);
-      text += kDigits[byte >> kHalf];
-      text += kDigits[byte & kMask];
+    const std::string_view chunk = bytes_.substr(at_, static_cast<std::size_t>(*size));
+    text_.resize(text_.size() + 2 * chunk.size());
+    char* to = text_.data() + text_.size() - 2 * chunk.size();
+    for (const char byte : chunk) {
+      const std::array<char, 2>& digits = kHexDigits[static_cast<unsigned char>(byte)];
+      std::memcpy(to, digits.data(), digits.size());
+      to += digits.size();
     }
     at_ += static_cast<std::size_t>(*size);
-    return text;
+    return true;
   }
 
   template <typename Signed>
-  std::optional<std::string> ReadSigned() {
+  bool WriteSigned() {
     const auto number = ReadInteger(sizeof(Signed));
-    return number ? std::optional(std::to_string(static_cast<Signed>(*number))) : std::nullopt;
+    if (number) {
+      WriteInteger(static_cast<Signed>(*number));
+    }
+    return number.has_value();
   }
 
-  std::optional<std::string> ReadReal() {
+  void WriteInteger(std::int64_t number) {
+    constexpr std::size_t kLongest = 24;
+    std::array<char, kLongest> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    text_.append(digits.data(), end.ptr);
+  }
+
+  bool WriteReal() {
     const auto bits = ReadInteger(sizeof(double));
-    return bits ? std::optional(DxfRealText(std::bit_cast<double>(*bits))) : std::nullopt;
+    if (bits) {
+      AppendDxfReal(std::bit_cast<double>(*bits), text_);
+    }
+    return bits.has_value();
   }
 
-  std::optional<std::string> ReadValue(int code) {
+  // Returns whether the file holds the whole value.
+  bool WriteValue(int code) {
     constexpr int kFirstTrueByte = 290;
     switch (KindOfDxfCode(code)) {
-      case DxfValueKind::kReal: return ReadReal();
+      case DxfValueKind::kReal: return WriteReal();
       case DxfValueKind::kByte:
         // Those of 280 to 289 take two bytes.
-        return code < kFirstTrueByte ? ReadSigned<std::int16_t>() : ReadSigned<std::int8_t>();
-      case DxfValueKind::kShort: return ReadSigned<std::int16_t>();
-      case DxfValueKind::kInteger: return ReadSigned<std::int32_t>();
-      case DxfValueKind::kLong: return ReadSigned<std::int64_t>();
-      case DxfValueKind::kChunk: return ReadChunk();
-      default: return ReadText();
+        return code < kFirstTrueByte ? WriteSigned<std::int16_t>() : WriteSigned<std::int8_t>();
+      case DxfValueKind::kShort: return WriteSigned<std::int16_t>();
+      case DxfValueKind::kInteger: return WriteSigned<std::int32_t>();
+      case DxfValueKind::kLong: return WriteSigned<std::int64_t>();
+      case DxfValueKind::kChunk: return WriteChunk();
+      default: return WriteText();
     }
   }
 
   void WritePair(int code) {
-    const auto value = ReadValue(code);
-    if (!value) {
+    const std::size_t begin = text_.size();
+    WriteInteger(code);
+    text_ += '\n';
+    const std::size_t value = text_.size();
+    if (!WriteValue(code)) {
       repairs_.Add(DxfRepair::kCutBinary, line_);
+      text_.resize(begin);
       at_ = bytes_.size();
       return;
     }
-    text_ += std::to_string(code);
-    text_ += '\n';
-    text_ += *value;
+    isEnd_ = code == 0 && std::string_view(text_).substr(value) == "EOF";
     text_ += '\n';
     line_ += 2;
-    isEnd_ = code == 0 && *value == "EOF";
   }
 
   std::string_view bytes_;

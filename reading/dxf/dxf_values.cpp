@@ -349,13 +349,19 @@ MendedDxfValue MendDxfValue(DxfValueKind kind, std::string_view value) {
   }
 }
 
-std::string DxfRealText(double value) {
+void AppendDxfReal(double value, std::string& text) {
   constexpr std::size_t kLongest = 32;
-  std::array<char, kLongest> text{};
-  const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
-  std::string out(text.data(), result.ptr);
-  if (out.find_first_of(".en") == std::string::npos) {
-    out += ".0";
+  std::array<char, kLongest> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  const std::string_view written(digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
+  text += written;
+  if (written.find_first_of(".en") == std::string_view::npos) {
+    text += ".0";
   }
-  return out;
+}
+
+std::string DxfRealText(double value) {
+  std::string text;
+  AppendDxfReal(value, text);
+  return text;
 }

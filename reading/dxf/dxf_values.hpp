@@ -116,3 +116,6 @@ MendedDxfValue MendDxfValue(DxfValueKind kind, std::string_view value);
 
 // The shortest text that is read as that number again.
 std::string DxfRealText(double value);
+
+// The same, written at the end of `text`.
+void AppendDxfReal(double value, std::string& text);
