@@ -6,20 +6,28 @@
 #
 # PARTs are worker (the worker, its tests, fuzz targets and benchmarks; takes the
 # compile commands of build/asan) and preview (those of build/preview-dev);
-# both by default. FILEs are linted alone. Left out are the sources for Windows and
-# those that need sentry-native or mimalloc, which these builds do not compile.
+# both by default, many files at a time (lint_in_batches.py says what that leaves out).
+# FILEs are linted alone. Left out are the sources for Windows and those that need
+# sentry-native or mimalloc, which these builds do not compile.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 install_packages clang-tidy-14
 cd "$root"
 
-# lint BUILD: the files on standard input. Files that the build does not compile,
-# such as the benchmarks, take the options of their nearest neighbour.
+# lint BUILD: the files on standard input.
 lint() {
-  [ -e "$1/compile_commands.json" ] || fail "$1 is not configured"
-  xargs -r -P "$(nproc)" -n 1 clang-tidy-14 -p "$1" --quiet
+  is_configured "$1"
+  python3 scripts/lint_in_batches.py "$1"
 }
+
+# lint_alone BUILD FILE
+lint_alone() {
+  is_configured "$1"
+  clang-tidy-14 -p "$1" --quiet "$2"
+}
+
+is_configured() { [ -e "$1/compile_commands.json" ] || fail "$1 is not configured"; }
 
 lint_worker() {
   say "clang-tidy: worker, tests, fuzz targets, benchmarks"
@@ -37,7 +45,7 @@ wanted=("$@")
 for one in "${wanted[@]}"; do
   case "$one" in
     worker | preview) "lint_$one" ;;
-    hosts/preview/*) lint build/preview-dev <<< "$one" ;;
-    *) lint build/asan <<< "$one" ;;
+    hosts/preview/*) lint_alone build/preview-dev "$one" ;;
+    *) lint_alone build/asan "$one" ;;
   esac
 done
