@@ -3,6 +3,7 @@
 // is not of that kind.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -42,35 +43,63 @@ class DxfPairReader {
       return DxfStep::kEnd;
     }
     pair.begin = at_;
-    const char* const line = text_.data() + at_;
-    const char* at = line;
-    while (*at == ' ') {
-      ++at;
+    const char* value = EndOfShortCode(text_.data() + at_, pair.code);
+    if (value == nullptr) {
+      value = EndOfCode(text_.data() + at_, pair.code);
     }
-    const char* const first = at;
-    int code = 0;
-    constexpr std::ptrdiff_t kMostDigits = 4;
-    constexpr int kBase = 10;
-    while (*at >= '0' && *at <= '9' && at - first <= kMostDigits) {
-      code = code * kBase + (*at++ - '0');
-    }
-    const bool hasCode = at != first && at - line <= kMostCodeLine;
-    at += *at == '\r' ? 1 : 0;
-    if (!hasCode || *at != '\n') {
-      return DxfStep::kFlaw;
-    }
-    pair.code = code;
-    return ReadValue(pair, at + 1);
+    return value == nullptr ? DxfStep::kFlaw : ReadValue(pair, value);
   }
 
  private:
   // LibreDWG looks at so many characters at once.
   static constexpr std::ptrdiff_t kMostCodeLine = 30;
+  static constexpr int kBase = 10;
+
+  // Behind the line of a code of at most three digits with two blanks before it, as nearly
+  // all are; null for another.
+  static const char* EndOfShortCode(const char* at, int& code) {
+    constexpr unsigned kMostDigit = 9;
+    constexpr int kMostDigits = 3;
+    at += *at == ' ' ? 1 : 0;
+    at += *at == ' ' ? 1 : 0;
+    code = 0;
+    for (int i = 0; i < kMostDigits; ++i) {
+      const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+      if (digit > kMostDigit) {
+        return nullptr;
+      }
+      code = code * kBase + static_cast<int>(digit);
+      ++at;
+      if (IsLineEnd(at)) {
+        return at + (*at == '\r' ? 2 : 1);
+      }
+    }
+    return nullptr;
+  }
+
+  static const char* EndOfCode(const char* const line, int& code) {
+    const char* at = line;
+    while (*at == ' ') {
+      ++at;
+    }
+    const char* const first = at;
+    code = 0;
+    constexpr std::ptrdiff_t kMostDigits = 4;
+    while (*at >= '0' && *at <= '9' && at - first <= kMostDigits) {
+      code = code * kBase + (*at++ - '0');
+    }
+    const bool hasCode = at != first && at - line <= kMostCodeLine;
+    at += *at == '\r' ? 1 : 0;
+    return hasCode && *at == '\n' ? at + 1 : nullptr;
+  }
 
   DxfStep ReadValue(DxfPair& pair, const char* value) {
     const char* const textEnd = text_.data() + text_.size();
     if (textEnd - value > DXF_SCAN_MOST) {
-      if (const char* end = EndOfPlainNumber(KindOfDxfCode(pair.code), value); end != nullptr) {
+      const DxfValueKind kind = KindOfDxfCode(pair.code);
+      const char* const end =
+          kind == DxfValueKind::kText ? EndOfShortText(value) : EndOfPlainNumber(kind, value);
+      if (end != nullptr) {
         pair.value = {value, static_cast<std::size_t>(end - value)};
         at_ = static_cast<std::size_t>(end + (*end == '\r' ? 2 : 1) - text_.data());
         return DxfStep::kPair;
@@ -120,6 +149,38 @@ class DxfPairReader {
       return at != first && at - first <= kNeverOutside && IsLineEnd(at) ? at : nullptr;
     }
     return nullptr;
+  }
+
+  // Where the line of a short text ends; null for a longer one and for one with a carriage
+  // return in it.
+  static const char* EndOfShortText(const char* line) {
+    constexpr int kMostWords = 4;
+    for (int i = 0; i < kMostWords; ++i, line += sizeof(std::uint64_t)) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, line, sizeof(word));
+      if (const int at = FirstLineEnd(word); at != kNoLineEnd) {
+        return IsLineEnd(line + at) ? line + at : nullptr;
+      }
+    }
+    return nullptr;
+  }
+
+  static constexpr int kNoLineEnd = -1;
+
+  // Which of the eight characters of a word is the first line feed or carriage return.
+  static int FirstLineEnd(std::uint64_t word) {
+    if constexpr (std::endian::native == std::endian::little) {
+      constexpr std::uint64_t kOnes = 0x0101010101010101;
+      constexpr std::uint64_t kHighBits = kOnes << 7U;
+      constexpr int kBitsOfByte = 8;
+      const std::uint64_t feeds = word ^ (kOnes * '\n');
+      const std::uint64_t returns = word ^ (kOnes * '\r');
+      // What a zero borrows changes only the characters behind it.
+      const std::uint64_t ends =
+          (((feeds - kOnes) & ~feeds) | ((returns - kOnes) & ~returns)) & kHighBits;
+      return ends == 0 ? kNoLineEnd : std::countr_zero(ends) / kBitsOfByte;
+    }
+    return kNoLineEnd;
   }
 
   static bool IsProper(const DxfPair& pair) {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "encode/ascii.hpp"
+#include "reading/dxf/word_index.hpp"
 
 namespace {
 
@@ -23,6 +24,10 @@ constexpr std::array kSectionWords = {
     SectionWord{DxfSection::kData, "ACDSDATA"},
 };
 static_assert(kSectionWords.size() == kDxfSectionCount);
+
+constexpr std::array<std::string_view, 2> kTableWords = {"TABLE", "ENDTAB"};
+constexpr std::array<std::string_view, 2> kBlockWords = {"BLOCK", "ENDBLK"};
+constexpr std::array<std::string_view, 1> kClassWords = {"CLASS"};
 
 constexpr std::array<std::string_view, 10> kTables = {
     "APPID", "BLOCK_RECORD", "DIMSTYLE", "LAYER", "LTYPE", "STYLE", "UCS", "VIEW", "VPORT", "VX"};
@@ -129,11 +134,13 @@ constexpr std::array<std::string_view, 10> kDimensionSubclasses = {"AcDbEntity",
                                                                    "AcDb3PointAngularDimension",
                                                                    "AcDbArcDimension"};
 
+constexpr WordIndex kPlainSubclassIndex(kPlainSubclasses);
+
 bool IsKnownSubclass(std::string_view recordName, std::string_view subclass) {
   if (recordName == "DIMENSION") {
     return Holds(kDimensionSubclasses, subclass);
   }
-  return Holds(kPlainSubclasses, subclass) || !Holds(kPlainTypes, recordName);
+  return kPlainSubclassIndex.Holds(subclass) || !IsPlainDxfType(recordName);
 }
 
 // The reader looks for a layer only before the lists of these.
@@ -143,6 +150,76 @@ bool HasLists(std::string_view recordName) {
 
 bool HasBlankEnd(std::string_view value) {
   return !value.empty() && TrimmedDxfEnd(value).size() != value.size();
+}
+
+constexpr std::array<DxfRequiredGroup, 7> kRequiredGroups = {{{"ELLIPSE", 41, "0.0"},
+                                                              {"ELLIPSE", 42, "6.283185307179586"},
+                                                              {"IMAGE", 70, "3"},
+                                                              {"MTEXT", 71, "1"},
+                                                              {"SOLID", 13, {}},
+                                                              {"SPLINE", 71, "3"},
+                                                              {"TRACE", 13, {}}}};
+
+constexpr std::span<const DxfRequiredGroup> RequiredGroups(std::string_view name) {
+  const auto isOfType = [name](const DxfRequiredGroup& group) { return group.record == name; };
+  const auto* const first = std::find_if(kRequiredGroups.begin(), kRequiredGroups.end(), isOfType);
+  return {first, std::find_if_not(first, kRequiredGroups.end(), isOfType)};
+}
+
+constexpr DxfListCodes ListOfType(std::string_view name) {
+  if (name == "HATCH") {
+    return {.count = 91, .item = 92};
+  }
+  if (name == "LEADER") {
+    return {.count = 76, .item = 10};
+  }
+  return name == "WIPEOUT" || name == "IMAGE" ? DxfListCodes{.count = 91, .item = 14}
+                                              : DxfListCodes{};
+}
+
+// What is known of the records of one name.
+struct RecordType {
+  DxfSection section = DxfSection::kUnknown;
+  bool isPlain = false;
+  DxfListCodes list;
+  std::span<const DxfRequiredGroup> required;
+};
+
+constexpr std::size_t kTypeCount = kTableWords.size() + kTables.size() + kBlockWords.size() +
+                                   kClassWords.size() + kEntities.size() + kObjects.size();
+
+struct RecordTypes {
+  std::array<std::string_view, kTypeCount> names;
+  std::array<RecordType, kTypeCount + 1> types;  // the last is that of all others
+};
+
+consteval RecordTypes AllRecordTypes() {
+  RecordTypes all;
+  std::size_t count = 0;
+  const auto add = [&all, &count](const auto& names, DxfSection section) {
+    for (const std::string_view name : names) {
+      all.names.at(count) = name;
+      all.types.at(count) = {.section = section,
+                             .isPlain = Holds(kPlainTypes, name),
+                             .list = ListOfType(name),
+                             .required = RequiredGroups(name)};
+      ++count;
+    }
+  };
+  add(kTableWords, DxfSection::kTables);
+  add(kTables, DxfSection::kTables);
+  add(kBlockWords, DxfSection::kBlocks);
+  add(kClassWords, DxfSection::kClasses);
+  add(kEntities, DxfSection::kEntities);
+  add(kObjects, DxfSection::kObjects);
+  return all;
+}
+
+constexpr RecordTypes kRecordTypes = AllRecordTypes();
+constexpr WordIndex kRecordTypeIndex(kRecordTypes.names);
+
+const RecordType& TypeOf(std::string_view recordName) {
+  return kRecordTypes.types.at(kRecordTypeIndex.Find(recordName));
 }
 
 struct TypeSubclass {
@@ -179,19 +256,7 @@ bool IsDxfTable(std::string_view name) {
 }
 
 DxfSection DxfSectionOfRecord(std::string_view name) {
-  if (name == "ENDTAB" || name == "TABLE" || IsDxfTable(name)) {
-    return DxfSection::kTables;
-  }
-  if (name == "BLOCK" || name == "ENDBLK") {
-    return DxfSection::kBlocks;
-  }
-  if (name == "CLASS") {
-    return DxfSection::kClasses;
-  }
-  if (Holds(kEntities, name)) {
-    return DxfSection::kEntities;
-  }
-  return Holds(kObjects, name) ? DxfSection::kObjects : DxfSection::kUnknown;
+  return TypeOf(name).section;
 }
 
 std::string DxfRecordName(std::string_view written) {
@@ -219,29 +284,11 @@ bool IsDxfSpace(std::string_view name) {
 }
 
 std::span<const DxfRequiredGroup> DxfRequiredGroups(std::string_view recordName) {
-  static constexpr std::array<DxfRequiredGroup, 7> kGroups = {{{"ELLIPSE", 41, "0.0"},
-                                                               {"ELLIPSE", 42, "6.283185307179586"},
-                                                               {"IMAGE", 70, "3"},
-                                                               {"MTEXT", 71, "1"},
-                                                               {"SOLID", 13, {}},
-                                                               {"SPLINE", 71, "3"},
-                                                               {"TRACE", 13, {}}}};
-  const auto isOfType = [recordName](const DxfRequiredGroup& group) {
-    return group.record == recordName;
-  };
-  const auto first = std::find_if(kGroups.begin(), kGroups.end(), isOfType);
-  return {first, std::find_if_not(first, kGroups.end(), isOfType)};
+  return TypeOf(recordName).required;
 }
 
 DxfListCodes DxfListOfType(std::string_view recordName) {
-  if (recordName == "HATCH") {
-    return {.count = 91, .item = 92};
-  }
-  if (recordName == "LEADER") {
-    return {.count = 76, .item = 10};
-  }
-  return recordName == "WIPEOUT" || recordName == "IMAGE" ? DxfListCodes{.count = 91, .item = 14}
-                                                          : DxfListCodes{};
+  return TypeOf(recordName).list;
 }
 
 bool IsDxfNameCode(std::string_view recordName, int code) {
@@ -290,8 +337,9 @@ DxfRecord DxfRecord::Begin(const DxfPair& pair) {
   record.name = pair.value;
   record.begin = pair.begin;
   record.isDimStyle_ = pair.value == "DIMSTYLE";
-  record.requiredGroups_ = (1U << DxfRequiredGroups(pair.value).size()) - 1;
-  record.list_ = DxfListOfType(pair.value);
+  const RecordType& type = TypeOf(pair.value);
+  record.requiredGroups_ = (1U << type.required.size()) - 1;
+  record.list_ = type.list;
   return record;
 }
 
@@ -427,7 +475,7 @@ DxfRecord::Meaning DxfRecord::Weigh(const DxfPair& pair) {
 }
 
 bool IsPlainDxfType(std::string_view recordName) {
-  return Holds(kPlainTypes, recordName);
+  return TypeOf(recordName).isPlain;
 }
 
 bool LacksDxfSubclasses(const DxfRecord& record) {

@@ -398,11 +398,18 @@ class Surveyor {
     }
   }
 
+  // Where a name is looked for among those that were noted.
+  static std::size_t NotedSlot(std::string_view name) {
+    const auto last = static_cast<unsigned char>(name.empty() ? '\0' : name.back());
+    return (name.size() + last) % kNotedLayers;
+  }
+
   void NoteLayer() {
-    if (!record_.hasLayer || record_.layer == lastLayer_) {
+    std::string_view& noted = notedLayers_.at(NotedSlot(record_.layer));
+    if (!record_.hasLayer || record_.layer == noted) {
       return;
     }
-    lastLayer_ = record_.layer;
+    noted = record_.layer;
     AddLayer(record_.layer, false);
     const auto at = survey_.layerByKey.find(DxfNameKey(record_.layer));
     if (at != survey_.layerByKey.end() && survey_.layers[at->second].name != record_.layer) {
@@ -553,7 +560,9 @@ class Surveyor {
   bool lacksSubclasses_ = false;
   std::string_view table_;
   std::vector<std::string_view> tables_;
-  std::string_view lastLayer_;
+  // Names as the last entities had them: most entities are on a few layers.
+  static constexpr std::size_t kNotedLayers = 64;
+  std::array<std::string_view, kNotedLayers> notedLayers_{};
   std::string_view content_;  // the name of the last record that is none of the brackets
   DxfSection contentSection_ = DxfSection::kUnknown;
   std::uint64_t blockRecord_ = 0;
