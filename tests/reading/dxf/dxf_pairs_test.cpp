@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "reading/dxf/word_index.hpp"
@@ -15,6 +17,14 @@ struct Pair {
   std::string value;
   bool operator==(const Pair&) const = default;
 };
+
+std::string Joined(std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) {
+    text += part;
+  }
+  return text;
+}
 
 // What the reader takes before the end or a flaw.
 std::vector<Pair> Pairs(const std::string& text) {
@@ -35,7 +45,7 @@ TEST(DxfPairs, TakesTextsOfAnyLengthWithEitherLineEnd) {
   for (const std::string lineEnd : {"\n", "\r\n"}) {
     for (std::size_t size = 0; size < kMost; ++size) {
       const std::string value(size, 'a');
-      const std::string text = "1" + lineEnd + value + lineEnd;
+      const std::string text = Joined({"1", lineEnd, value, lineEnd});
       const Pair wanted{.code = 1, .value = value};
       EXPECT_EQ(Pairs(text), std::vector{wanted}) << size;
       EXPECT_EQ(Pairs(text + kBehind).at(0), wanted) << size;
@@ -48,20 +58,21 @@ TEST(DxfPairs, ACarriageReturnWithinATextIsAFlaw) {
   for (std::size_t at = 0; at + 1 < kMost; ++at) {
     std::string value(kMost, 'a');
     value[at] = '\r';
-    EXPECT_TRUE(Pairs("1\n" + value + "\n" + kBehind).empty()) << at;
+    EXPECT_TRUE(Pairs(Joined({"1\n", value, "\n", kBehind})).empty()) << at;
   }
 }
 
 TEST(DxfPairs, LettersWithAHighBitEndNoLine) {
   const std::string value = "\x8A\x8D\x0B\x0C\xFF\x80\x09\x0E";
-  EXPECT_EQ(Pairs("1\n" + value + "\n" + kBehind).at(0), (Pair{.code = 1, .value = value}));
+  EXPECT_EQ(Pairs(Joined({"1\n", value, "\n", kBehind})).at(0), (Pair{.code = 1, .value = value}));
 }
 
 TEST(DxfPairs, TakesCodesWithBlanksBeforeThem) {
   for (const std::string lineEnd : {"\n", "\r\n"}) {
     for (const std::string blanks : {"", " ", "  ", "   ", "        "}) {
       for (const int code : {0, 8, 10, 370, 1000, 1071}) {
-        const std::string text = blanks + std::to_string(code) + lineEnd + "0" + lineEnd + kBehind;
+        const std::string text =
+            Joined({blanks, std::to_string(code), lineEnd, "0", lineEnd, kBehind});
         EXPECT_EQ(Pairs(text).at(0), (Pair{.code = code, .value = "0"})) << text;
       }
     }
