@@ -7,11 +7,14 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+constexpr std::string_view kLittleEndianMark32{"\xFF\xFE\0\0", 4};
+constexpr std::string_view kBigEndianMark32{"\0\0\xFE\xFF", 4};
 
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kHighFirst = 0xD800;
 constexpr char32_t kLowFirst = 0xDC00;
 constexpr char32_t kLowLast = 0xDFFF;
+constexpr char32_t kLastCharacter = 0x10FFFF;
 
 void AppendUtf8(std::string& out, char32_t c) {
   constexpr unsigned kBits = 6;
@@ -55,6 +58,33 @@ bool AlternatesWithNul(std::string_view bytes, std::size_t first) {
     }
   }
   return true;
+}
+
+constexpr std::size_t kWide = 4;
+
+// Whether all of the first 32-bit characters are ASCII, each in the byte at `place`.
+bool HasWideAscii(std::string_view bytes, std::size_t place) {
+  constexpr std::size_t kEnough = 4 * kWide;
+  if (bytes.size() < kEnough) {
+    return false;
+  }
+  for (std::size_t i = 0; i < kEnough; ++i) {
+    if ((bytes[i] != '\0') != (i % kWide == place)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool HasUtf32Mark(std::string_view bytes) {
+  return bytes.starts_with(kLittleEndianMark32) || bytes.starts_with(kBigEndianMark32);
+}
+
+char32_t WideUnitAt(std::string_view bytes, std::size_t at, bool isBigEndian) {
+  constexpr unsigned kHalf = 16;
+  const char32_t first = UnitAt(bytes, at, isBigEndian);
+  const char32_t second = UnitAt(bytes, at + kWide / 2, isBigEndian);
+  return isBigEndian ? first << kHalf | second : second << kHalf | first;
 }
 
 bool IsBigEndianText(std::string_view bytes) {
@@ -120,6 +150,22 @@ std::string Utf8FromUtf16(std::string_view bytes) {
     } else {
       AppendUtf8(out, kReplacement);
     }
+  }
+  return out;
+}
+
+bool IsUtf32(std::string_view bytes) {
+  return HasUtf32Mark(bytes) || HasWideAscii(bytes, 0) || HasWideAscii(bytes, kWide - 1);
+}
+
+std::string Utf8FromUtf32(std::string_view bytes) {
+  const bool isBigEndian = bytes.starts_with(kBigEndianMark32) || HasWideAscii(bytes, kWide - 1);
+  std::string out;
+  out.reserve(bytes.size() / kWide);
+  for (std::size_t at = HasUtf32Mark(bytes) ? kWide : 0; at + kWide <= bytes.size(); at += kWide) {
+    const char32_t unit = WideUnitAt(bytes, at, isBigEndian);
+    const bool isCharacter = unit <= kLastCharacter && (unit < kHighFirst || unit > kLowLast);
+    AppendUtf8(out, isCharacter ? unit : kReplacement);
   }
   return out;
 }

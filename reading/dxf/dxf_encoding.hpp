@@ -16,5 +16,13 @@ bool IsUtf16(std::string_view bytes);
 // become the replacement character.
 std::string Utf8FromUtf16(std::string_view bytes);
 
+// Whether the file consists of 32-bit characters, in the same ways. To be asked first:
+// their byte-order mark begins as that of 16-bit ones does.
+bool IsUtf32(std::string_view bytes);
+
+// These, without the mark, as UTF-8. What is no character becomes the replacement
+// character.
+std::string Utf8FromUtf32(std::string_view bytes);
+
 // Whether the text has characters beyond ASCII and all of them are UTF-8.
 bool IsUtf8BeyondAscii(std::string_view text);

@@ -41,6 +41,10 @@ void PreparedDxf::Prepare() {
   if (IsBinaryDxf(read_)) {
     decoded_ = TextFromBinaryDxf(read_, repairs_);
     read_ = decoded_;
+  } else if (IsUtf32(read_)) {
+    repairs_.Add(DxfRepair::kUtf32Text, 1);
+    decoded_ = Utf8FromUtf32(read_);
+    read_ = decoded_;
   } else if (IsUtf16(read_)) {
     repairs_.Add(DxfRepair::kUtf16Text, 1);
     decoded_ = Utf8FromUtf16(read_);

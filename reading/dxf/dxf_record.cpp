@@ -332,11 +332,27 @@ std::string UsualDxfVariable(std::string_view name) {
   return UpperAscii(TrimmedDxf(name));
 }
 
+void DxfPathCounts::Note(const DxfPair& pair) {
+  constexpr int kPolyline = 2;
+  if (pair.code == kPath || pair.code == kStyle) {
+    wrongOnes_ = WrongOnes();
+    const bool isPolyline = (ParseDxfCode(pair.value).value_or(0) & kPolyline) != 0;
+    itemCode_ = pair.code == kStyle ? 0 : isPolyline ? kCorner : kEdge;
+    said_ = -1;
+    found_ = 0;
+  } else if (pair.code == kCount && said_ < 0) {
+    said_ = ParseDxfCode(pair.value).value_or(-1);
+  } else if (pair.code == itemCode_) {
+    ++found_;
+  }
+}
+
 DxfRecord DxfRecord::Begin(const DxfPair& pair) {
   DxfRecord record;
   record.name = pair.value;
   record.begin = pair.begin;
   record.isDimStyle_ = pair.value == "DIMSTYLE";
+  record.isHatch_ = pair.value == "HATCH";
   const RecordType& type = TypeOf(pair.value);
   record.requiredGroups_ = (1U << type.required.size()) - 1;
   record.list_ = type.list;
@@ -411,6 +427,9 @@ void DxfRecord::NoteGroup(const DxfPair& pair) {
     for (std::size_t i = 0; i < groups.size(); ++i) {
       foundGroups_ |= groups[i].code == pair.code ? 1U << i : 0U;
     }
+  }
+  if (isHatch_) {
+    paths_.Note(pair);
   }
   if (list_.count == 0) {
     return;

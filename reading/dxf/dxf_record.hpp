@@ -119,6 +119,32 @@ constexpr bool IsHeeded(int code) {
 
 }  // namespace dxf_record_detail
 
+// How many paths of a hatch have another number of edges or corners than they say.
+class DxfPathCounts {
+ public:
+  // Whether it has to see that group.
+  static constexpr bool Heeds(int code) {
+    return code == kCorner || code == kEdge || code == kStyle || code == kPath || code == kCount;
+  }
+
+  void Note(const DxfPair& pair);
+  std::size_t WrongOnes() const { return wrongOnes_ + (IsOpenOneWrong() ? 1 : 0); }
+
+ private:
+  static constexpr int kCorner = 10;  // of a path that is a polyline
+  static constexpr int kEdge = 72;    // of another one
+  static constexpr int kStyle = 75;   // behind all paths
+  static constexpr int kPath = 92;    // begins one
+  static constexpr int kCount = 93;
+
+  bool IsOpenOneWrong() const { return itemCode_ != 0 && said_ != found_; }
+
+  int itemCode_ = 0;  // 0: in no path
+  long long said_ = 0;
+  long long found_ = 0;
+  std::size_t wrongOnes_ = 0;
+};
+
 struct DxfRecord {
   std::string_view name;
   std::size_t begin = 0;
@@ -145,7 +171,9 @@ struct DxfRecord {
   long long itemCount = 0;          // of it
 
   bool LacksGroups() const { return foundGroups_ != requiredGroups_; }
-  bool HasWrongCount() const { return list_.count != 0 && saidCount_ != itemCount; }
+  // Those of its list and of its parts' lists.
+  std::size_t WrongCounts() const { return (HasWrongListCount() ? 1 : 0) + paths_.WrongOnes(); }
+  bool HasWrongListCount() const { return list_.count != 0 && saidCount_ != itemCount; }
   DxfListCodes list() const { return list_; }
 
   // Starts with the pair of code 0.
@@ -169,7 +197,7 @@ struct DxfRecord {
   // Whether no record of this one's type heeds that group: most are such.
   bool SaysNothing(int code) const {
     return requiredGroups_ == 0 && code != list_.item && code != list_.count &&
-           !dxf_record_detail::IsHeeded(code);
+           !dxf_record_detail::IsHeeded(code) && !(isHatch_ && DxfPathCounts::Heeds(code));
   }
   Meaning Weigh(const DxfPair& pair);
   Meaning NoteOwner(std::string_view value);
@@ -180,10 +208,12 @@ struct DxfRecord {
   void NoteGroup(const DxfPair& pair);
   bool IsBehindCommonPart() const { return subclassCount > (hasEntityMarker ? 1 : 0); }
   bool isDimStyle_ = false;
+  bool isHatch_ = false;
   unsigned requiredGroups_ = 0;  // bits by DxfRequiredGroups
   unsigned foundGroups_ = 0;
   DxfListCodes list_;
   long long saidCount_ = 0;
+  DxfPathCounts paths_;
 };
 
 // Whether entities of that type have few parts, of which all are known, and

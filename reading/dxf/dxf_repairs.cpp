@@ -14,6 +14,7 @@ struct RepairWords {
 constexpr std::array kWords = {
     RepairWords{DxfRepair::kByteOrderMark, "byte-order mark", "byte-order marks"},
     RepairWords{DxfRepair::kUtf16Text, "file of 16-bit characters", "files of 16-bit characters"},
+    RepairWords{DxfRepair::kUtf32Text, "file of 32-bit characters", "files of 32-bit characters"},
     RepairWords{DxfRepair::kLineEnds, "line with an unusual end", "lines with unusual ends"},
     RepairWords{DxfRepair::kNulBytes, "NUL byte left out", "NUL bytes left out"},
     RepairWords{DxfRepair::kGroupCodes, "group code that was not a plain integer",

@@ -11,6 +11,7 @@
 enum class DxfRepair : std::uint8_t {
   kByteOrderMark,
   kUtf16Text,
+  kUtf32Text,
   kLineEnds,
   kNulBytes,
   kGroupCodes,

@@ -358,9 +358,9 @@ class Rewriter {
                         (!form.owner || (facts.hasOwner && facts.owner == *form.owner)) &&
                         !form.layer && !record.hasComments && !facts.hasMisplacedProperty &&
                         !facts.hasUnknownSubclass && !facts.hasSecondName &&
-                        !facts.hasForeignHandle && !facts.LacksGroups() && !facts.HasWrongCount() &&
-                        form.flags.empty() && form.title.empty() && !LacksSubclasses(facts) &&
-                        !LacksEntityMarker(facts);
+                        !facts.hasForeignHandle && !facts.LacksGroups() &&
+                        facts.WrongCounts() == 0 && form.flags.empty() && form.title.empty() &&
+                        !LacksSubclasses(facts) && !LacksEntityMarker(facts);
     if (isSame) {
       CopyBytes(facts.begin, record.end);
     } else {
@@ -384,7 +384,7 @@ class Rewriter {
       WriteWithSubclasses(record, form);
       return;
     }
-    if (facts.HasWrongCount()) {
+    for (std::size_t i = 0; i < facts.WrongCounts(); ++i) {
       Report(DxfRepair::kCounts, facts.begin);
     }
     bool hasMoved = !facts.hasMisplacedProperty;
@@ -425,11 +425,11 @@ class Rewriter {
     const DxfRecord& facts = record.facts;
     const int code = record.pairs[i].code;
     const DxfListCodes list = facts.list();
-    if (facts.HasWrongCount() && code == list.count) {
+    if (facts.HasWrongListCount() && code == list.count) {
       WritePair(code, std::to_string(facts.itemCount));
       return;
     }
-    if (facts.HasWrongCount() && !facts.hasCount && i == record.firstItem) {
+    if (facts.HasWrongListCount() && !facts.hasCount && i == record.firstItem) {
       WritePair(list.count, std::to_string(facts.itemCount));
     }
     const bool isLayer = record.meanings[i] == DxfRecord::Meaning::kLayer && form.layer;

@@ -426,7 +426,7 @@ class Surveyor {
     const DxfPlaced placed = placement_.Next(record_);
     if (placed.lacksBlockEnd || placed.lacksSequenceEnd || record_.hasMisplacedProperty ||
         record_.hasUnknownSubclass || record_.hasSecondName || record_.hasForeignHandle ||
-        record_.LacksGroups() || record_.HasWrongCount()) {
+        record_.LacksGroups() || record_.WrongCounts() != 0) {
       survey_.needsRewriting = true;
     }
     switch (placed.place) {

@@ -152,13 +152,37 @@ bool BeginsExponent(std::string_view text) {
          std::string_view("dDeE").find(text[at]) != std::string_view::npos;
 }
 
+// Puts an `e` before an exponent that has none: behind a number with a point, a sign
+// and up to three digits, as Fortran writes those of three, or a blank and two.
+void PutExponentLetter(std::string& text) {
+  const std::size_t point = text.find('.');
+  if (point == std::string::npos) {
+    return;
+  }
+  const std::size_t at = SkipDigits(text, point + 1);
+  const std::size_t digits = text.size() - std::min(text.size(), at + 1);
+  constexpr std::size_t kMostBehindASign = 3;
+  constexpr std::size_t kBehindABlank = 2;
+  if (digits == 0 || SkipDigits(text, at + 1) != text.size()) {
+    return;
+  }
+  if ((text[at] == '+' || text[at] == '-') && digits <= kMostBehindASign) {
+    text.insert(at, 1, 'e');
+  } else if (text[at] == ' ' && digits == kBehindABlank) {
+    text[at] = 'e';
+  }
+}
+
 // A decimal as some writer may have meant it, in the form that from_chars
 // reads: a point for a comma, `e` for `D`, no blanks before an exponent's
 // digits.
 std::string UsualDecimal(std::string_view value) {
   std::string text;
   bool inExponent = false;
-  const std::string_view trimmed = TrimmedDxf(value);
+  std::string_view trimmed = TrimmedDxf(value);
+  if (trimmed.starts_with('+')) {
+    trimmed.remove_prefix(1);
+  }
   for (std::size_t i = 0; i < trimmed.size(); ++i) {
     const char c = trimmed[i];
     if (c == ',') {
@@ -168,10 +192,11 @@ std::string UsualDecimal(std::string_view value) {
       inExponent = true;
     } else if (c == ' ' && (inExponent || BeginsExponent(trimmed.substr(i)))) {
       continue;
-    } else if (c != '+' || inExponent) {
+    } else {
       text += c;
     }
   }
+  PutExponentLetter(text);
   // from_chars wants no plus sign behind the `e`.
   if (const std::size_t plus = text.find("e+"); plus != std::string::npos) {
     text.erase(plus + 1, 1);

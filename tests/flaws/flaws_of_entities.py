@@ -115,6 +115,47 @@ count_flaw("count_of_points_negative", "-1")
 count_flaw("count_of_points_missing", None)
 
 
+HATCH_PATHS = {
+    "corners": (" 92", "2", " 72", "0", " 73", "1", " 93", "{count}", " 10", "0.0", " 20", "210.0",
+                " 10", "4.0", " 20", "210.0", " 10", "4.0", " 20", "214.0"),
+    "edges": (" 92", "1", " 93", "{count}", " 72", "1", " 10", "10.0", " 20", "210.0", " 11", "14.0",
+              " 21", "210.0", " 72", "1", " 10", "14.0", " 20", "210.0", " 11", "14.0", " 21",
+              "214.0", " 72", "1", " 10", "14.0", " 20", "214.0", " 11", "10.0", " 21", "210.0"),
+}
+
+
+def hatch(owner, **counts):
+    """A hatch with a path of three corners and one of three edges; a count of None is
+    left out with its group."""
+    lines = ["  0", "HATCH", "  5", "FA02", "330", owner, "100", "AcDbEntity", "  8", "NOTES", "100",
+             "AcDbHatch", " 10", "0.0", " 20", "0.0", " 30", "0.0", "210", "0.0", "220", "0.0",
+             "230", "1.0", "  2", "SOLID", " 70", "1", " 71", "0", " 91", "2"]
+    for kind, path in HATCH_PATHS.items():
+        count = counts.get(kind, "3")
+        at = path.index(" 93")
+        path = path if count is not None else path[:at] + path[at + 2:]
+        lines += [line.format(count=count) for line in path] + [" 97", "0"]
+    return (*lines, " 75", "0", " 76", "1", " 98", "0")
+
+
+def hatch_flaw(name, wrong, **counts):
+    def edit(d):
+        i, _ = d.entity("CIRCLE")
+        owner = d.lines[d.group("CIRCLE", 330) + 1]
+        meant = d.copy()
+        meant.insert(i, *hatch(owner))
+        d.insert(i, *hatch(owner, **counts))
+        return [near(wrong, i) if wrong else NONE, meant]
+    flaw("R2000", name)(edit)
+
+
+hatch_flaw("counts_of_paths_as_they_are", 0)
+for part in HATCH_PATHS:
+    for words, number in (("too_large", "99999999"), ("too_small", "2"), ("missing", None)):
+        hatch_flaw(f"count_of_{part}_of_a_path_{words}", 1, **{part: number})
+hatch_flaw("counts_of_two_paths_too_small", 2, corners="1", edges="1")
+
+
 # -- markers, owners and the common part
 
 @flaw("R2000")

@@ -162,6 +162,16 @@ def characters_of_16_bits_without_a_mark_in_R12(d):
     return Flawed(d.bytes().decode().encode("utf-16-be"), repairs=(1, range(1, 2)))
 
 
+@flaw("R2000")
+def file_of_32_bit_characters(d):
+    return Flawed(d.bytes().decode().encode("utf-32"), repairs=(1, range(1, 2)))
+
+
+@flaw("BARE")
+def file_of_32_bit_characters_the_other_way_without_a_mark(d):
+    return Flawed(d.bytes().decode().encode("utf-32-be"), repairs=(1, range(1, 2)))
+
+
 @flaw("R12")
 def NUL_at_the_end_of_every_line(d):
     return Flawed(d.bytes().replace(b"\n", b"\0\n"), repairs=MAY)

@@ -78,6 +78,8 @@ value_flaw("decimal_with_D_in_the_exponent", "R2000", "LINE", 10, "0.15D+01", "1
 value_flaw("decimal_with_small_d_in_the_exponent", "R2000", "CIRCLE", 40, "0.725d1", "7.25")
 value_flaw("decimal_with_a_blank_in_the_exponent", "R2000", "LINE", 10, "0.15E 01", "1.5")
 value_flaw("decimal_with_a_blank_before_the_exponent", "R12", "LINE", 10, "0.15 E+01", "1.5")
+value_flaw("decimal_with_a_sign_for_the_exponent", "R2000", "LINE", 10, "0.15+01", "1.5")
+value_flaw("decimal_with_a_blank_for_the_exponent", "R12", "CIRCLE", 40, "0.725 01", "7.25")
 value_flaw("decimal_QNAN", "R2000", "LINE", 10, "1.#QNAN", "0.0")
 value_flaw("decimal_IND", "R2000", "LINE", 11, "-1.#IND", "0.0")
 value_flaw("decimal_INF", "R12", "LINE", 11, "1.#INF", "0.0")

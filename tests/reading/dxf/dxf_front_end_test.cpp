@@ -340,6 +340,27 @@ TEST(DxfFrontEnd, TakesByteOrderMarksAnd16BitText) {
             "A");
 }
 
+TEST(DxfFrontEnd, Takes32BitText) {
+  const std::string text = Good();
+  for (const std::size_t place : {0U, 3U}) {
+    std::string wide;
+    for (const char c : text) {
+      wide.append(place, '\0');
+      wide += c;
+      wide.append(3 - place, '\0');
+    }
+    EXPECT_EQ(PreparedDxf(wide).text(), Good());
+    EXPECT_EQ(Repairs(wide, DxfRepair::kUtf32Text), 1U);
+    EXPECT_EQ(Repairs(wide, DxfRepair::kUtf16Text), 0U);
+    const std::string mark(place == 0 ? "\xFF\xFE\0\0" : "\0\0\xFE\xFF", 4);
+    EXPECT_EQ(PreparedDxf(mark + wide).text(), Good());
+    EXPECT_EQ(PreparedDxf(mark + wide + "cut").text(), Good());
+  }
+  EXPECT_EQ(Utf8FromUtf32(std::string("\0\0\xFE\xFF\0\1\xF6\0\0\0\xD8\0\0\x11\0\0\0\0\0A", 20)),
+            "\xF0\x9F\x98\x80\xEF\xBF\xBD\xEF\xBF\xBD"
+            "A");
+}
+
 TEST(DxfFrontEnd, ReadsBinaryFilesOfBothWidths) {
   DxfRepairs repairs;
   const std::string sentinel("AutoCAD Binary DXF\r\n\x1A\0", 22);

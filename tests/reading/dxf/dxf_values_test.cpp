@@ -68,6 +68,28 @@ TEST(DxfValues, ReadDecimalsInOtherNotations) {
   EXPECT_EQ(FlawOfReal("1,5"), DxfValueFlaw::kOdd);
 }
 
+TEST(DxfValues, ReadExponentsWithoutALetter) {
+  EXPECT_EQ(Real("1.5 02"), "150.0");
+  EXPECT_EQ(Real("1.5+02"), "150.0");
+  EXPECT_EQ(Real("-1.5-01"), "-0.15");
+  EXPECT_EQ(Real("+1,5+2"), "150.0");
+  EXPECT_EQ(Real("1.+2"), "100.0");
+  EXPECT_EQ(Real(".25-100"), "2.5e-101");
+  EXPECT_EQ(FlawOfReal("1.5+02"), DxfValueFlaw::kOdd);
+  EXPECT_EQ(FlawOfReal("1.5 02"), DxfValueFlaw::kOdd);
+  EXPECT_EQ(Short("1.5+02"), "150");
+}
+
+// A date, two numbers, a sum: what stands behind the first number is none of its own.
+TEST(DxfValues, TakeNothingElseForAnExponent) {
+  for (const auto* const value : {"1.5 2", "1.5 023", "1.5+0002", "1.5+", "1.5 ab", "1.5+-2"}) {
+    EXPECT_EQ(Real(value), "1.5") << value;
+    EXPECT_EQ(FlawOfReal(value), DxfValueFlaw::kBad) << value;
+  }
+  EXPECT_EQ(Real("15+02"), "15.0");
+  EXPECT_EQ(Real("++1.5"), "0.0");
+}
+
 TEST(DxfValues, ReadWhatIsNoNumberAsZero) {
   for (const auto* const value :
        {"", "   ", "abc", "nan", "-nan(ind)", "inf", "1.#QNAN", "-1.#IND"}) {
