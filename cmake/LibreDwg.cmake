@@ -15,6 +15,8 @@ option(DWG_LIBREDWG_SPEED_PATCHES "Apply our own performance patches to LibreDWG
 # that nobody calls can be left out.
 set(DWG_LIBREDWG_C_FLAGS "-O2 -fno-semantic-interposition -ffunction-sections -fdata-sections"
     CACHE STRING "Compiler flags for LibreDWG")
+set(DWG_LIBREDWG_INSTALLED "" CACHE PATH
+    "An installed build of the library to take instead of one made here; for scripts/prove_patches.py")
 option(DWG_MIMALLOC "Let LibreDWG allocate through mimalloc" OFF)
 
 if(DWG_LIBREDWG_SOURCE_DIR)
@@ -77,12 +79,16 @@ function(dwg_add_libredwg target)
     list(APPEND key "${mimalloc_key}" "${hash}")
     list(APPEND paths "-DLIBREDWG_MIMALLOC_INCLUDE=${mimalloc_install}/include")
   endif()
-  dwg_cached_build(install
-    NAME libredwg
-    SOURCE "${PROJECT_SOURCE_DIR}/cmake/libredwg"
-    KEY ${key}
-    ARGS "-DLIBREDWG_C_FLAGS=${arg_FLAGS}"
-    PATHS ${paths})
+  if(DWG_LIBREDWG_INSTALLED)
+    set(install "${DWG_LIBREDWG_INSTALLED}")
+  else()
+    dwg_cached_build(install
+      NAME libredwg
+      SOURCE "${PROJECT_SOURCE_DIR}/cmake/libredwg"
+      KEY ${key}
+      ARGS "-DLIBREDWG_C_FLAGS=${arg_FLAGS}"
+      PATHS ${paths})
+  endif()
 
   add_library(${target} STATIC IMPORTED GLOBAL)
   set_target_properties(${target} PROPERTIES

@@ -8,6 +8,11 @@
 #include "bits.h"
 #include "decode.h"
 #include "in_dxf.h"
+#include "../programs/my_stat.h"
+
+/* The library asks with it how large a file is, which may be beyond 2 GB. */
+_Static_assert (sizeof (((struct_stat_t *)0)->st_size) == 8 || sizeof (size_t) < 8,
+                "no size of large files");
 
 /* A few objects are not in the text. No record of a whole drawing takes less
    than so many bytes. */

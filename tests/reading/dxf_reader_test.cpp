@@ -1,96 +1,10 @@
 // What our patches to LibreDWG's DXF reader mend: each test reads a small file
 // that the reader refuses, or reads otherwise, without one of them.
-#include <dwg_dxf_skipped.h>
-#include <dxf_from_memory.h>
-#include <gtest/gtest.h>
-
 #include <map>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
-#include "entities/drawing_access.hpp"
-#include "reading/dxf_losses.hpp"
+#include "dxf_reader_fixture.hpp"
 
 namespace {
-
-std::string Section(const std::string& name, const std::string& content) {
-  return "0\nSECTION\n2\n" + name + "\n" + content + "0\nENDSEC\n";
-}
-
-std::string Header(const std::string& release) {
-  return Section("HEADER", "9\n$ACADVER\n1\n" + release + "\n");
-}
-
-std::string Entities(const std::string& content) {
-  return Section("ENTITIES", content);
-}
-
-std::string Drawing(const std::string& entities, const std::string& release = "AC1015") {
-  return Header(release) + Entities(entities) + "0\nEOF\n";
-}
-
-std::string Line(const std::string& properties = "") {
-  return "0\nLINE\n100\nAcDbEntity\n8\n0\n" + properties +
-         "100\nAcDbLine\n10\n1.0\n20\n2.0\n30\n0.0\n11\n3.0\n21\n4.0\n31\n0.0\n";
-}
-
-// Reads through the library alone, without what we do to a file before it.
-class DxfReaderTest : public testing::Test {
- protected:
-  ~DxfReaderTest() override { dwg_free(&dwg_); }
-
-  int ResultOf(const std::string& text) {
-    dwg_free(&dwg_);
-    dwg_ = {};
-    dwg_.header.version = R_10;
-    ReadNeededObjectsOnly();
-    losses_.reset();
-    losses_ = std::make_unique<DxfLosses>();
-    return dxf_read_memory(text.data(), text.size(), 0, &dwg_);
-  }
-
-  void Read(const std::string& text) { EXPECT_EQ(ResultOf(text), 0); }
-
-  std::vector<const Dwg_Object*> OfType(DWG_OBJECT_TYPE type) {
-    std::vector<const Dwg_Object*> found;
-    for (const Dwg_Object& object : Objects(dwg_)) {
-      if (object.fixedtype == type) {
-        found.push_back(&object);
-      }
-    }
-    return found;
-  }
-
-  template <typename T>
-  const T& Only(DWG_OBJECT_TYPE type, T* EntityTio::*member) {
-    static const T kNone = {};
-    const auto found = OfType(type);
-    EXPECT_EQ(found.size(), 1U);
-    const T* data = found.empty() ? nullptr : EntityData(*found[0], member);
-    return data == nullptr ? kNone : *data;
-  }
-
-  // The name of the only block that has that handle.
-  std::string BlockName(Handle handle) {
-    std::string name;
-    for (const Dwg_Object* object : OfType(DWG_TYPE_BLOCK_HEADER)) {
-      if (object->handle.value == handle) {
-        EXPECT_TRUE(name.empty());
-        const auto* block = ObjectData(*object, &ObjectTio::BLOCK_HEADER);
-        name = block == nullptr || block->name == nullptr ? "(none)" : block->name;
-      }
-    }
-    return name;
-  }
-
-  const Dwg_Color& ColorOfLine() { return OfType(DWG_TYPE_LINE).at(0)->tio.entity->color; }
-
-  Dwg_Data dwg_ = {};
-  std::unique_ptr<DxfLosses> losses_;
-};
 
 using TypeCounts = std::map<std::string, std::size_t>;
 
@@ -183,18 +97,6 @@ TEST_F(DxfReaderTest, ATrueColourAloneIsNotByLayer) {
   EXPECT_EQ(ColorOfLine().index, 257);
 }
 
-std::string BlockRecords(const std::vector<std::pair<std::string, std::string>>& records) {
-  std::string text = "0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n70\n2\n";
-  for (const auto& [handle, name] : records) {
-    text += "0\nBLOCK_RECORD\n5\n";
-    text += handle;
-    text += "\n100\nAcDbSymbolTableRecord\n100\nAcDbBlockTableRecord\n2\n";
-    text += name;
-    text += "\n";
-  }
-  return text + "0\nENDTAB\n";
-}
-
 TEST_F(DxfReaderTest, ABlockMayHaveTheHandleOfTheReadersModelSpace) {
   Read(Header("AC1015") +
        Section("TABLES", BlockRecords({{"1F", "Chair"}, {"50", "*Model_Space"}})) +
@@ -226,6 +128,18 @@ TEST_F(DxfReaderTest, ALayerMayHaveTheHandleOfTheReadersModelSpace) {
   for (const Dwg_Object* block : OfType(DWG_TYPE_BLOCK_HEADER)) {
     EXPECT_NE(block->handle.value, 0x1FU);
   }
+}
+
+TEST_F(DxfReaderTest, AnEndMayBelongToABlockWithoutAName) {
+  Read(Header("AC1015") +
+       Section("TABLES",
+               "0\nTABLE\n2\nBLOCK_RECORD\n5\n1\n330\n0\n100\nAcDbSymbolTable\n70\n1\n"
+               "0\nBLOCK_RECORD\n5\nEEEF6\n0\nENDTAB\n") +
+       Section("BLOCKS",
+               "0\nENDBLK\n5\n21\n330\nEEEF6\n100\nAcDbEntity\n67\n0\n100\n"
+               "AcDbBlockEnd\n") +
+       Entities(Line()) + "0\nEOF\n");
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
 }
 
 TEST_F(DxfReaderTest, HandlesHave64Bits) {
@@ -425,7 +339,6 @@ TEST_F(DxfReaderTest, ADimensionWithoutATypeIsARotatedOne) {
   EXPECT_EQ(dimension.xline2_pt.y, 6.0);
 }
 
-// An annotation context without its text, whose group 45 nobody takes.
 TEST_F(DxfReaderTest, AnAngularDimensionStaysOneWhateverItsGroup50) {
   Read(
       Drawing("0\nDIMENSION\n8\n0\n2\n*D1\n10\n1.0\n20\n2.0\n30\n0.0\n70\n34\n13\n3.0\n"
@@ -437,6 +350,7 @@ TEST_F(DxfReaderTest, AnAngularDimensionStaysOneWhateverItsGroup50) {
   EXPECT_TRUE(OfType(DWG_TYPE_DIMENSION_LINEAR).empty());
 }
 
+// An annotation context without its text, whose group 45 nobody takes.
 TEST_F(DxfReaderTest, NoPairIsReadForEver) {
   Read(
       Drawing("0\nMULTILEADER\n100\nAcDbEntity\n8\n0\n100\nAcDbMLeader\n300\nCONTEXT_DATA{\n"
@@ -448,15 +362,11 @@ TEST_F(DxfReaderTest, NoPairIsReadForEver) {
 
 // Group 176 belongs to the field before it, and the name of a style has none.
 TEST_F(DxfReaderTest, AVisualStyleIsReadToItsEnd) {
-  dwg_dxf_want_objects(nullptr, 0);
-  dwg_.header.version = R_10;
-  const std::string text =
-      Header("AC1024") + Entities(Line()) +
-      Section("OBJECTS",
-              "0\nVISUALSTYLE\n5\nA0\n330\n0\n100\nAcDbVisualStyle\n2\nX\n70\n4\n177\n3\n"
-              "291\n0\n176\n1\n71\n2\n176\n1\n176\n1\n") +
-      "0\nEOF\n";
-  EXPECT_EQ(dxf_read_memory(text.data(), text.size(), 0, &dwg_), 0);
+  ReadAll(Header("AC1024") + Entities(Line()) +
+          Section("OBJECTS",
+                  "0\nVISUALSTYLE\n5\nA0\n330\n0\n100\nAcDbVisualStyle\n2\nX\n70\n4\n177\n3\n"
+                  "291\n0\n176\n1\n71\n2\n176\n1\n176\n1\n") +
+          "0\nEOF\n");
   EXPECT_EQ(OfType(DWG_TYPE_VISUALSTYLE).size(), 1U);
 }
 
@@ -596,11 +506,6 @@ TEST_F(DxfReaderTest, AHatchHasThePathsThatItHas) {
 }  // namespace
 
 namespace {
-
-std::string Class(const std::string& name, const std::string& cppName) {
-  return Section("CLASSES", "0\nCLASS\n1\n" + name + "\n2\n" + cppName +
-                                "\n3\nObjectDBX Classes\n90\n1025\n280\n0\n281\n1\n");
-}
 
 // A path of a hatch with these edges.
 std::string HatchOfEdges(int count, const std::string& edges, const std::string& handles) {
