@@ -1,5 +1,5 @@
 // Drawing files from fuzz bytes through the library's reader and the whole
-// conversion. DWG_FUZZ_EXTENSION, set by the build, chooses the format.
+// conversion, in both forms. DWG_FUZZ_EXTENSION, set by the build, chooses the format.
 
 #include <unistd.h>
 
@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "complete/document.hpp"
 #include "document/document.hpp"
 #include "fuzz/check.hpp"
 #include "reading/drawing_file.hpp"
@@ -20,13 +21,28 @@ std::string InputPath() {
   return (folder / ("dwg_fuzz_" + std::to_string(getpid()) + DWG_FUZZ_EXTENSION)).string();
 }
 
-std::string Convert(const DrawingFile& file) {
+std::string Convert(const DrawingFile& file, ReadingScope scope) {
   StageObserver observer;
   JsonOut out;
+  JsonOut further;
   Drawing drawing = file.drawing();
   drawing.folder.clear();  // whose files are none of the input
-  AppendDocument(out, drawing, {.verbose = true}, {}, observer);
-  return out.Text();
+  if (scope == ReadingScope::kAll) {
+    AppendCompleteDocument(out, further, drawing, {.verbose = true}, {}, observer);
+  } else {
+    AppendDocument(out, drawing, {.verbose = true}, {}, observer);
+  }
+  return out.Text() + further.Text();
+}
+
+void ReadAndConvert(const std::string& path, ReadingScope scope) {
+  DrawingFile drawing(path, scope);
+  drawing.Read();
+  if (!drawing.HasFailed()) {
+    const std::string document = Convert(drawing, scope);
+    FUZZ_CHECK(IsGrammaticalJson(document + "}"));
+    FUZZ_CHECK(Convert(drawing, scope) == document);
+  }
 }
 
 }  // namespace
@@ -37,12 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FUZZ_CHECK(file != nullptr);
   std::fwrite(data, 1, size, file);
   std::fclose(file);
-  DrawingFile drawing(path);
-  drawing.Read();
-  if (!drawing.HasFailed()) {
-    const std::string document = Convert(drawing);
-    FUZZ_CHECK(IsGrammaticalJson(document + "}"));
-    FUZZ_CHECK(Convert(drawing) == document);
-  }
+  ReadAndConvert(path, ReadingScope::kPlainForm);
+  ReadAndConvert(path, ReadingScope::kAll);
   return 0;
 }
