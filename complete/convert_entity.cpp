@@ -114,6 +114,9 @@ void AppendOpenCompleteRecord(const Source& source) {
       return WriteRecord(source, "POLYLINE_MESH", &Tio::POLYLINE_MESH, AppendPolygonMesh);
     case DWG_TYPE_POLYLINE_PFACE:
       return WriteRecord(source, "POLYLINE_PFACE", &Tio::POLYLINE_PFACE, AppendPolyfaceMesh);
+    // parts of a mesh, which writes them
+    case DWG_TYPE_VERTEX_PFACE:
+    case DWG_TYPE_VERTEX_PFACE_FACE: return;
     case DWG_TYPE_MESH: return WriteRecord(source, "MESH", &Tio::MESH, AppendSubdivisionMesh);
     case DWG_TYPE_HELIX: return WriteRecord(source, "HELIX", &Tio::HELIX, AppendHelix);
     case DWG_TYPE_MINSERT: return WriteRecord(source, "INSERT", &Tio::MINSERT, AppendBlockArray);
@@ -135,6 +138,7 @@ void AppendOpenCompleteRecord(const Source& source) {
     case DWG_TYPE_POLYLINE_3D:
       return WriteRecord(source, "POLYLINE_3D", &Tio::POLYLINE_3D, AppendOwnPolyline3d);
     case DWG_TYPE_HATCH: return WriteRecord(source, "HATCH", &Tio::HATCH, AppendHatchLoops);
+    case DWG_TYPE_MPOLYGON: return WriteRecord(source, "MPOLYGON", &Tio::HATCH, AppendHatchLoops);
     case DWG_TYPE_IMAGE: return WriteRecord(source, "IMAGE", &Tio::IMAGE, AppendAnyImage);
     case DWG_TYPE_WIPEOUT: return WriteRecord(source, "WIPEOUT", &Tio::WIPEOUT, AppendWholeWipeout);
     case DWG_TYPE_PDFUNDERLAY:
@@ -207,6 +211,7 @@ void AppendFurtherKeys(const Source& source) {
       return Further(source, &Tio::POLYLINE_3D, AppendPolyline3dFurtherKeys);
     case DWG_TYPE_SPLINE: return Further(source, &Tio::SPLINE, AppendSplineFurtherKeys);
     case DWG_TYPE_HATCH: return Further(source, &Tio::HATCH, AppendHatchFurtherKeys);
+    case DWG_TYPE_MPOLYGON: return Further(source, &Tio::HATCH, AppendMpolygonFurtherKeys);
     case DWG_TYPE_INSERT: return Further(source, &Tio::INSERT, AppendInsertFurtherKeys);
     case DWG_TYPE_MINSERT:
       Further(source, &Tio::MINSERT, AppendArrayedInsertFurtherKeys);

@@ -53,11 +53,14 @@ void AppendPattern(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteCo
   out += '}';
 }
 
-// A text has an index and, where there is one, the true colour without its method.
-Dwg_Color StopColor(const Dwg_Color& stored) {
+// A text has an index and, where there is one, the true colour without its method. The
+// reader gives an index the word of a colour, as if that were a true one.
+Dwg_Color StopColor(const Dwg_Color& stored, const CompleteContext& context) {
   Dwg_Color color = stored;
   if (ColorMethod(color) == 0 && color.rgb != 0) {
     color.rgb |= kMethodTrueColor << kMethodShift;
+  } else if (context.tables.isDxf && ColorMethod(color) == kMethodIndexed && color.index >= 0) {
+    color.rgb = kMethodIndexed << kMethodShift | static_cast<std::uint32_t>(color.index);
   }
   return color;
 }
@@ -75,7 +78,7 @@ void AppendGradient(JsonOut& out, const Dwg_Entity_HATCH& hatch, const CompleteC
   for (const Dwg_HATCH_Color& stop : SpanOf(hatch.colors, hatch.num_colors)) {
     colors.Item([&] {
       AppendNumberKey(out, "{\"at\":", stop.shift_value);
-      AppendWordColor(out, ",\"color\":", StopColor(stop.color), context);
+      AppendWordColor(out, ",\"color\":", StopColor(stop.color, context), context);
       out += '}';
     });
   }
@@ -246,4 +249,13 @@ void AppendHatchFurtherKeys(JsonOut& out, const Dwg_Entity_HATCH& hatch,
   AppendSeeds(out, SpanOf(hatch.seeds, hatch.num_seeds));
   AppendPlaneKeys(out, hatch.elevation, 0, hatch.extrusion);
   AppendHatchWorld(out, hatch);
+}
+
+void AppendMpolygonFurtherKeys(JsonOut& out, const Dwg_Entity_HATCH& polygon,
+                               const CompleteContext& context, const EntityOrigin& origin) {
+  AppendHatchFurtherKeys(out, polygon, context, origin);
+  const auto colors = SpanOf(polygon.colors, polygon.num_colors);
+  if (polygon.is_gradient_fill == 0 && !colors.empty()) {
+    AppendWordColor(out, ",\"fillColor\":", StopColor(colors.front().color, context), context);
+  }
 }

@@ -10,3 +10,8 @@
 // `associative` (when it is), `boundary`, `seeds`, the keys of the plane, `world`.
 void AppendHatchFurtherKeys(JsonOut& out, const Dwg_Entity_HATCH& hatch,
                             const CompleteContext& context, const EntityOrigin& origin);
+
+// The same of an MPOLYGON, which a DXF file has as a kind of hatch, and `fillColor` when
+// one is stored.
+void AppendMpolygonFurtherKeys(JsonOut& out, const Dwg_Entity_HATCH& polygon,
+                               const CompleteContext& context, const EntityOrigin& origin);

@@ -1,5 +1,6 @@
 #include "reading/dxf_settling.hpp"
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -115,6 +116,19 @@ void SettleMtext(Dwg_Entity_MTEXT& mtext) {
   }
 }
 
+// The reader takes it for a hatch, whose group 70 is the release here and whose group 71
+// is the other's 70.
+void SettleMpolygon(Dwg_Object& object) {
+  if (Dwg_Entity_HATCH* polygon = EntityData(object, &EntityTio::HATCH)) {
+    polygon->is_solid_fill = polygon->is_associative;
+    polygon->is_associative = 0;
+    object.fixedtype = DWG_TYPE_MPOLYGON;
+    // The library takes names that may be written to, and frees none of them.
+    static std::array name = std::to_array("MPOLYGON");
+    object.name = name.data();
+  }
+}
+
 template <typename T, typename Settle>
 void SettleData(T* data, Settle settle) {
   if (data != nullptr) {
@@ -122,7 +136,12 @@ void SettleData(T* data, Settle settle) {
   }
 }
 
-void SettleObject(const Dwg_Object& object) {
+bool IsMpolygon(const Dwg_Object& object) {
+  return object.fixedtype == DWG_TYPE_HATCH && object.dxfname != nullptr &&
+         std::string_view(object.dxfname) == "MPOLYGON";
+}
+
+void SettleObject(Dwg_Object& object) {
   switch (object.fixedtype) {
     case DWG_TYPE_LAYER: return SettleData(ObjectData(object, &ObjectTio::LAYER), SettleLayer);
     case DWG_TYPE_INSERT:
@@ -130,6 +149,7 @@ void SettleObject(const Dwg_Object& object) {
     case DWG_TYPE_MINSERT:
       return SettleData(EntityData(object, &EntityTio::MINSERT), SettleInsert<Dwg_Entity_MINSERT>);
     case DWG_TYPE_MTEXT: return SettleData(EntityData(object, &EntityTio::MTEXT), SettleMtext);
+    case DWG_TYPE_HATCH: return IsMpolygon(object) ? SettleMpolygon(object) : void();
     default: return;
   }
 }
@@ -138,7 +158,7 @@ void SettleObject(const Dwg_Object& object) {
 
 void SettleDxf(Dwg_Data& dwg) {
   SettlePlaceholder(dwg);
-  for (const Dwg_Object& object : Objects(dwg)) {
+  for (Dwg_Object& object : MutableObjects(dwg)) {
     SettleObject(object);
   }
 }

@@ -627,8 +627,6 @@ set_ltype (const Dwg_Object *obj, BITCODE_H ref, const Line *line)
 {
   Dwg_Object_Entity *entity = obj->tio.entity;
   entity->ltype = ref;
-  if (obj->parent->header.version < R_2000)
-    return;
   entity->ltype_flags = is_called (line, "BYLAYER")      ? 0
                         : is_called (line, "BYBLOCK")    ? 1
                         : is_called (line, "CONTINUOUS") ? 2
@@ -678,6 +676,17 @@ read_real (const unsigned char *at, const Dwg_Object *obj, int type,
       break;
     }
   return next;
+}
+
+/* Whether these groups stand where they say something else than of a text. */
+static int
+is_of_attribute (const Dwg_Object *obj, int type, int code,
+                 const char *subclass)
+{
+  return (code == 71 || code == 72)
+         && (type == PLAIN_ATTRIB || type == PLAIN_ATTDEF)
+         && obj->parent->header.from_version >= R_2018
+         && strncmp (subclass, "AcDbAttribute", 13) == 0;
 }
 
 static const unsigned char *
@@ -782,6 +791,9 @@ read_value (const unsigned char *at, const unsigned char *end, Dwg_Object *obj,
     case SLOT_LTYPE_SCALE:
       return read_real (at, obj, type, &to, data, subclass);
     case SLOT_INTEGER:
+      if (is_of_attribute (obj, type, code, subclass))
+        return NULL;
+      return read_integer (at, obj, code, &to, data);
     case SLOT_COLOR:
     case SLOT_COMMON_INTEGER:
       return read_integer (at, obj, code, &to, data);

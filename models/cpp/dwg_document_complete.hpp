@@ -327,6 +327,43 @@ struct LayoutViewport {
   double viewSize = 0;
 };
 
+struct MpolygonBoundaryEdgeLine {
+  static constexpr std::string_view kType = "line";
+  Point2 start;
+  Point2 end;
+};
+
+struct MpolygonBoundaryEdgeArc {
+  static constexpr std::string_view kType = "arc";
+  Point2 center;
+  double radius = 0;
+  double startAngleRad = 0;
+  double endAngleRad = 0;
+  bool ccw = false;
+};
+
+struct MpolygonBoundaryEdgeEllipse {
+  static constexpr std::string_view kType = "ellipse";
+  Point2 center;
+  Point2 majorAxis;
+  double axisRatio = 0;
+  double startAngleRad = 0;
+  double endAngleRad = 0;
+  bool ccw = false;
+};
+
+struct MpolygonBoundaryEdgeSpline {
+  static constexpr std::string_view kType = "spline";
+  std::int64_t degree = 0;
+  bool periodic = false;
+  std::vector<double> knots;
+  std::vector<Point2> controlPoints;
+  std::optional<std::vector<double>> weights;
+  std::optional<std::vector<Point2>> fitPoints;
+  std::optional<Point2> startTangent;
+  std::optional<Point2> endTangent;
+};
+
 struct Ucs {
   Point3 origin;
   Point3 xAxis;
@@ -1189,6 +1226,15 @@ struct Trace {
   std::optional<std::int64_t> drawOrder;
 };
 
+struct MpolygonBoundary {
+  std::int64_t flags = 0;
+  std::optional<bool> closed;
+  std::optional<std::vector<Point2>> points;
+  std::optional<std::vector<double>> bulges;
+  std::optional<std::vector<std::variant<MpolygonBoundaryEdgeLine, MpolygonBoundaryEdgeArc, MpolygonBoundaryEdgeEllipse, MpolygonBoundaryEdgeSpline>>> edges;
+  std::optional<std::vector<Handle>> sources;
+};
+
 using Variables = std::map<std::string, VariableValue>;
 
 struct View {
@@ -1834,6 +1880,7 @@ struct Dwfunderlay {
   double angle = 0;
   std::string sheet;
   bool found = false;
+  bool shown = false;
   std::int64_t contrast = 0;
   std::int64_t fade = 0;
   bool isMonochrome = false;
@@ -1866,6 +1913,7 @@ struct Dgnunderlay {
   double angle = 0;
   std::string sheet;
   bool found = false;
+  bool shown = false;
   std::int64_t contrast = 0;
   std::int64_t fade = 0;
   bool isMonochrome = false;
@@ -2295,6 +2343,33 @@ struct Multileader {
   std::optional<std::int64_t> drawOrder;
 };
 
+struct Mpolygon {
+  static constexpr std::string_view kType = "MPOLYGON";
+  std::string layer;
+  bool solid = false;
+  std::vector<std::vector<double>> loops;
+  std::optional<Color> color;
+  std::optional<Lineweight> lw;
+  std::optional<Debug> dbg;
+  std::optional<HatchPattern> pattern;
+  std::optional<HatchGradient> gradient;
+  std::optional<Color> background;
+  std::optional<std::int64_t> islandStyle;
+  std::optional<bool> associative;
+  std::optional<std::vector<MpolygonBoundary>> boundary;
+  std::optional<std::vector<Point2>> seeds;
+  std::optional<double> elevation;
+  std::optional<Point3> extrusion;
+  std::optional<HatchWorld> world;
+  std::optional<Color> fillColor;
+  std::optional<Handle> handle;
+  std::optional<Handle> owner;
+  std::optional<std::string> linetype;  // L by layer, K by block, else a line type's name
+  std::optional<double> linetypeScale;
+  std::optional<bool> invisible;
+  std::optional<std::int64_t> drawOrder;
+};
+
 struct Helix {
   static constexpr std::string_view kType = "HELIX";
   std::optional<Point3> axisBase;
@@ -2307,6 +2382,14 @@ struct Helix {
   std::optional<bool> closed;
   std::optional<std::vector<Point2>> fit_pts;
   std::optional<std::vector<GraphicsItem>> graphics;
+  std::optional<std::int64_t> degree;
+  std::optional<bool> periodic;
+  std::optional<std::vector<double>> knots;
+  std::optional<std::vector<double>> weights;
+  std::optional<std::vector<Point3>> controlPoints;
+  std::optional<std::vector<Point3>> fitPoints;
+  std::optional<Point3> startTangent;
+  std::optional<Point3> endTangent;
   std::string layer;
   std::optional<Color> color;
   std::optional<Lineweight> lw;
@@ -2526,7 +2609,7 @@ struct Nurbsurface {
 
 // Any entity; its type tells which.
 struct Entity {
-  std::variant<Line, Point, Ray, Xline, Circle, Arc, Ellipse, Lwpolyline, Polyline2d, Polyline3d, Spline, Hatch, Solid, Wipeout, Insert, Image, Pdfunderlay, Viewport, Text, Dyntext, Mtext, DimensionLinear, DimensionAligned, DimensionRadius, Leader, Multileader, Face3d, Trace, DimensionDiameter, DimensionAng2ln, DimensionAng3pt, DimensionOrdinate, ArcDimension, LargeRadialDimension, AcadTable, Mline, Tolerance, Shape, PolylineMesh, PolylinePface, Mesh, Helix, ProxyEntity, UnknownEnt, Solid3d, Region, Body, Planesurface, Extrudedsurface, Loftedsurface, Revolvedsurface, Sweptsurface, Nurbsurface, Dwfunderlay, Dgnunderlay, Ole2frame, Oleframe, Light, Sectionobject, Pointcloud, Pointcloudex, Geopositionmarker, Line3d, Repeat, Endrep> value;
+  std::variant<Line, Point, Ray, Xline, Circle, Arc, Ellipse, Lwpolyline, Polyline2d, Polyline3d, Spline, Hatch, Solid, Wipeout, Insert, Image, Pdfunderlay, Viewport, Text, Dyntext, Mtext, DimensionLinear, DimensionAligned, DimensionRadius, Leader, Multileader, Face3d, Trace, Mpolygon, DimensionDiameter, DimensionAng2ln, DimensionAng3pt, DimensionOrdinate, ArcDimension, LargeRadialDimension, AcadTable, Mline, Tolerance, Shape, PolylineMesh, PolylinePface, Mesh, Helix, ProxyEntity, UnknownEnt, Solid3d, Region, Body, Planesurface, Extrudedsurface, Loftedsurface, Revolvedsurface, Sweptsurface, Nurbsurface, Dwfunderlay, Dgnunderlay, Ole2frame, Oleframe, Light, Sectionobject, Pointcloud, Pointcloudex, Geopositionmarker, Line3d, Repeat, Endrep> value;
 };
 
 struct Asset {
@@ -2915,6 +2998,39 @@ inline void Read(const Json& json, LayoutViewport& to) {
   Read(json.at("viewCtrX"), to.viewCtrX);
   Read(json.at("viewCtrY"), to.viewCtrY);
   Read(json.at("viewSize"), to.viewSize);
+}
+
+inline void Read(const Json& json, MpolygonBoundaryEdgeLine& to) {
+  Read(json.at("start"), to.start);
+  Read(json.at("end"), to.end);
+}
+
+inline void Read(const Json& json, MpolygonBoundaryEdgeArc& to) {
+  Read(json.at("center"), to.center);
+  Read(json.at("radius"), to.radius);
+  Read(json.at("startAngleRad"), to.startAngleRad);
+  Read(json.at("endAngleRad"), to.endAngleRad);
+  Read(json.at("ccw"), to.ccw);
+}
+
+inline void Read(const Json& json, MpolygonBoundaryEdgeEllipse& to) {
+  Read(json.at("center"), to.center);
+  Read(json.at("majorAxis"), to.majorAxis);
+  Read(json.at("axisRatio"), to.axisRatio);
+  Read(json.at("startAngleRad"), to.startAngleRad);
+  Read(json.at("endAngleRad"), to.endAngleRad);
+  Read(json.at("ccw"), to.ccw);
+}
+
+inline void Read(const Json& json, MpolygonBoundaryEdgeSpline& to) {
+  Read(json.at("degree"), to.degree);
+  Read(json.at("periodic"), to.periodic);
+  Read(json.at("knots"), to.knots);
+  Read(json.at("controlPoints"), to.controlPoints);
+  ReadIfThere(json, "weights", to.weights);
+  ReadIfThere(json, "fitPoints", to.fitPoints);
+  ReadIfThere(json, "startTangent", to.startTangent);
+  ReadIfThere(json, "endTangent", to.endTangent);
 }
 
 inline void Read(const Json& json, Ucs& to) {
@@ -3750,6 +3866,15 @@ inline void Read(const Json& json, Trace& to) {
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
+inline void Read(const Json& json, MpolygonBoundary& to) {
+  Read(json.at("flags"), to.flags);
+  ReadIfThere(json, "closed", to.closed);
+  ReadIfThere(json, "points", to.points);
+  ReadIfThere(json, "bulges", to.bulges);
+  ReadIfThere(json, "edges", to.edges);
+  ReadIfThere(json, "sources", to.sources);
+}
+
 inline void Read(const Json& json, View& to) {
   Read(json.at("name"), to.name);
   ReadIfThere(json, "handle", to.handle);
@@ -4369,6 +4494,7 @@ inline void Read(const Json& json, Dwfunderlay& to) {
   Read(json.at("angle"), to.angle);
   Read(json.at("sheet"), to.sheet);
   Read(json.at("found"), to.found);
+  Read(json.at("shown"), to.shown);
   Read(json.at("contrast"), to.contrast);
   Read(json.at("fade"), to.fade);
   Read(json.at("isMonochrome"), to.isMonochrome);
@@ -4400,6 +4526,7 @@ inline void Read(const Json& json, Dgnunderlay& to) {
   Read(json.at("angle"), to.angle);
   Read(json.at("sheet"), to.sheet);
   Read(json.at("found"), to.found);
+  Read(json.at("shown"), to.shown);
   Read(json.at("contrast"), to.contrast);
   Read(json.at("fade"), to.fade);
   Read(json.at("isMonochrome"), to.isMonochrome);
@@ -4811,6 +4938,32 @@ inline void Read(const Json& json, Multileader& to) {
   ReadIfThere(json, "drawOrder", to.drawOrder);
 }
 
+inline void Read(const Json& json, Mpolygon& to) {
+  Read(json.at("layer"), to.layer);
+  Read(json.at("solid"), to.solid);
+  Read(json.at("loops"), to.loops);
+  ReadIfThere(json, "color", to.color);
+  ReadIfThere(json, "lw", to.lw);
+  ReadIfThere(json, "_dbg", to.dbg);
+  ReadIfThere(json, "pattern", to.pattern);
+  ReadIfThere(json, "gradient", to.gradient);
+  ReadIfThere(json, "background", to.background);
+  ReadIfThere(json, "islandStyle", to.islandStyle);
+  ReadIfThere(json, "associative", to.associative);
+  ReadIfThere(json, "boundary", to.boundary);
+  ReadIfThere(json, "seeds", to.seeds);
+  ReadIfThere(json, "elevation", to.elevation);
+  ReadIfThere(json, "extrusion", to.extrusion);
+  ReadIfThere(json, "world", to.world);
+  ReadIfThere(json, "fillColor", to.fillColor);
+  ReadIfThere(json, "handle", to.handle);
+  ReadIfThere(json, "owner", to.owner);
+  ReadIfThere(json, "linetype", to.linetype);
+  ReadIfThere(json, "linetypeScale", to.linetypeScale);
+  ReadIfThere(json, "invisible", to.invisible);
+  ReadIfThere(json, "drawOrder", to.drawOrder);
+}
+
 inline void Read(const Json& json, Helix& to) {
   ReadIfThere(json, "axisBase", to.axisBase);
   ReadIfThere(json, "axisVector", to.axisVector);
@@ -4822,6 +4975,14 @@ inline void Read(const Json& json, Helix& to) {
   ReadIfThere(json, "closed", to.closed);
   ReadIfThere(json, "fit_pts", to.fit_pts);
   ReadIfThere(json, "graphics", to.graphics);
+  ReadIfThere(json, "degree", to.degree);
+  ReadIfThere(json, "periodic", to.periodic);
+  ReadIfThere(json, "knots", to.knots);
+  ReadIfThere(json, "weights", to.weights);
+  ReadIfThere(json, "controlPoints", to.controlPoints);
+  ReadIfThere(json, "fitPoints", to.fitPoints);
+  ReadIfThere(json, "startTangent", to.startTangent);
+  ReadIfThere(json, "endTangent", to.endTangent);
   Read(json.at("layer"), to.layer);
   ReadIfThere(json, "color", to.color);
   ReadIfThere(json, "lw", to.lw);

@@ -327,6 +327,43 @@ class LayoutViewport(Model):
     viewSize: float
 
 
+class MpolygonBoundaryEdgeLine(Model):
+    type: Literal["line"]
+    start: Point2
+    end: Point2
+
+
+class MpolygonBoundaryEdgeArc(Model):
+    type: Literal["arc"]
+    center: Point2
+    radius: float
+    startAngleRad: float
+    endAngleRad: float
+    ccw: bool
+
+
+class MpolygonBoundaryEdgeEllipse(Model):
+    type: Literal["ellipse"]
+    center: Point2
+    majorAxis: Point2
+    axisRatio: float
+    startAngleRad: float
+    endAngleRad: float
+    ccw: bool
+
+
+class MpolygonBoundaryEdgeSpline(Model):
+    type: Literal["spline"]
+    degree: int
+    periodic: bool
+    knots: list[float]
+    controlPoints: list[Point2]
+    weights: list[float] | None = None
+    fitPoints: list[Point2] | None = None
+    startTangent: Point2 | None = None
+    endTangent: Point2 | None = None
+
+
 class Ucs(Model):
     origin: Point3
     xAxis: Point3
@@ -1196,6 +1233,21 @@ class Trace(Model):
     drawOrder: int | None = None
 
 
+class MpolygonBoundary(Model):
+    flags: int
+    closed: bool | None = None
+    points: list[Point2] | None = None
+    bulges: list[float] | None = None
+    edges: list[Annotated[
+    MpolygonBoundaryEdgeLine
+    | MpolygonBoundaryEdgeArc
+    | MpolygonBoundaryEdgeEllipse
+    | MpolygonBoundaryEdgeSpline,
+    Field(discriminator="type"),
+]] | None = None
+    sources: list[Handle] | None = None
+
+
 Variables = dict[str, VariableValue]
 
 
@@ -1842,6 +1894,7 @@ class Dwfunderlay(Model):
     angle: float
     sheet: str
     found: bool
+    shown: bool
     contrast: int
     fade: int
     isMonochrome: bool
@@ -1874,6 +1927,7 @@ class Dgnunderlay(Model):
     angle: float
     sheet: str
     found: bool
+    shown: bool
     contrast: int
     fade: int
     isMonochrome: bool
@@ -2323,6 +2377,33 @@ class Multileader(Model):
     drawOrder: int | None = None
 
 
+class Mpolygon(Model):
+    type: Literal["MPOLYGON"]
+    layer: str
+    solid: bool
+    loops: list[list[float]]
+    color: Color | None = None
+    lw: Lineweight | None = None
+    dbg: Debug | None = Field(default=None, alias="_dbg")
+    pattern: HatchPattern | None = None
+    gradient: HatchGradient | None = None
+    background: Color | None = None
+    islandStyle: int | None = None
+    associative: bool | None = None
+    boundary: list[MpolygonBoundary] | None = None
+    seeds: list[Point2] | None = None
+    elevation: float | None = None
+    extrusion: Point3 | None = None
+    world: HatchWorld | None = None
+    fillColor: Color | None = None
+    handle: Handle | None = None
+    owner: Handle | None = None
+    linetype: str | None = None  # L by layer, K by block, else a line type's name
+    linetypeScale: float | None = None
+    invisible: bool | None = None
+    drawOrder: int | None = None
+
+
 class Helix(Model):
     type: Literal["HELIX"]
     axisBase: Point3 | None = None
@@ -2335,6 +2416,14 @@ class Helix(Model):
     closed: bool | None = None
     fit_pts: list[Point2] | None = None
     graphics: list[GraphicsItem] | None = None
+    degree: int | None = None
+    periodic: bool | None = None
+    knots: list[float] | None = None
+    weights: list[float] | None = None
+    controlPoints: list[Point3] | None = None
+    fitPoints: list[Point3] | None = None
+    startTangent: Point3 | None = None
+    endTangent: Point3 | None = None
     layer: str
     color: Color | None = None
     lw: Lineweight | None = None
@@ -2582,6 +2671,7 @@ Entity = Annotated[
     | Multileader
     | Face3d
     | Trace
+    | Mpolygon
     | DimensionDiameter
     | DimensionAng2ln
     | DimensionAng3pt

@@ -303,6 +303,43 @@ export interface LayoutViewport {
   viewSize: number;
 }
 
+export interface MpolygonBoundaryEdgeLine {
+  type: "line";
+  start: Point2;
+  end: Point2;
+}
+
+export interface MpolygonBoundaryEdgeArc {
+  type: "arc";
+  center: Point2;
+  radius: number;
+  startAngleRad: number;
+  endAngleRad: number;
+  ccw: boolean;
+}
+
+export interface MpolygonBoundaryEdgeEllipse {
+  type: "ellipse";
+  center: Point2;
+  majorAxis: Point2;
+  axisRatio: number;
+  startAngleRad: number;
+  endAngleRad: number;
+  ccw: boolean;
+}
+
+export interface MpolygonBoundaryEdgeSpline {
+  type: "spline";
+  degree: number;
+  periodic: boolean;
+  knots: Array<number>;
+  controlPoints: Array<Point2>;
+  weights?: Array<number>;
+  fitPoints?: Array<Point2>;
+  startTangent?: Point2;
+  endTangent?: Point2;
+}
+
 export interface Ucs {
   origin: Point3;
   xAxis: Point3;
@@ -1190,6 +1227,15 @@ export interface Trace {
   drawOrder?: number;
 }
 
+export interface MpolygonBoundary {
+  flags: number;
+  closed?: boolean;
+  points?: Array<Point2>;
+  bulges?: Array<number>;
+  edges?: Array<MpolygonBoundaryEdgeLine | MpolygonBoundaryEdgeArc | MpolygonBoundaryEdgeEllipse | MpolygonBoundaryEdgeSpline>;
+  sources?: Array<Handle>;
+}
+
 export type Variables = Record<string, VariableValue>;
 
 export interface View {
@@ -1845,6 +1891,7 @@ export interface Dwfunderlay {
   angle: number;
   sheet: string;
   found: boolean;
+  shown: boolean;
   contrast: number;
   fade: number;
   isMonochrome: boolean;
@@ -1878,6 +1925,7 @@ export interface Dgnunderlay {
   angle: number;
   sheet: string;
   found: boolean;
+  shown: boolean;
   contrast: number;
   fade: number;
   isMonochrome: boolean;
@@ -2341,6 +2389,34 @@ export interface Multileader {
   drawOrder?: number;
 }
 
+export interface Mpolygon {
+  type: "MPOLYGON";
+  layer: string;
+  solid: boolean;
+  loops: Array<Array<number>>;
+  color?: Color;
+  lw?: Lineweight;
+  _dbg?: Debug;
+  pattern?: HatchPattern;
+  gradient?: HatchGradient;
+  background?: Color;
+  islandStyle?: number;
+  associative?: boolean;
+  boundary?: Array<MpolygonBoundary>;
+  seeds?: Array<Point2>;
+  elevation?: number;
+  extrusion?: Point3;
+  world?: HatchWorld;
+  fillColor?: Color;
+  handle?: Handle;
+  owner?: Handle;
+  /** L by layer, K by block, else a line type's name */
+  linetype?: string;
+  linetypeScale?: number;
+  invisible?: boolean;
+  drawOrder?: number;
+}
+
 export interface Helix {
   type: "HELIX";
   axisBase?: Point3;
@@ -2353,6 +2429,14 @@ export interface Helix {
   closed?: boolean;
   fit_pts?: Array<Point2>;
   graphics?: Array<GraphicsItem>;
+  degree?: number;
+  periodic?: boolean;
+  knots?: Array<number>;
+  weights?: Array<number>;
+  controlPoints?: Array<Point3>;
+  fitPoints?: Array<Point3>;
+  startTangent?: Point3;
+  endTangent?: Point3;
   layer: string;
   color?: Color;
   lw?: Lineweight;
@@ -2612,6 +2696,7 @@ export type Entity =
   | Multileader
   | Face3d
   | Trace
+  | Mpolygon
   | DimensionDiameter
   | DimensionAng2ln
   | DimensionAng3pt

@@ -301,6 +301,24 @@ TEST_F(HatchKeysTest, HasTheColoursOfItsGradient) {
                 R"({"at":1,"color":{"r":4,"g":5,"b":6}}]})"));
 }
 
+// The reader of texts gives an index the word of a colour.
+TEST_F(HatchKeysTest, OfAnMpolygonHaveTheColourOfItsFilling) {
+  Dwg_HATCH_Color fill{};
+  fill.color.rgb = 0xC3000005;
+  hatch_.num_colors = 1;
+  hatch_.colors = drawing_.Array<Dwg_HATCH_Color>({fill});
+  hatch_.num_paths = 1;
+  hatch_.paths = drawing_.Array<Dwg_HATCH_Path>(
+      {Polyline({{nullptr, {0, 0}, 0}, {nullptr, {1, 0}, 0}, {nullptr, {1, 1}, 0}})});
+  const std::string record = drawing_.RecordOf(DWG_TYPE_MPOLYGON, &EntityTio::HATCH, hatch_);
+  EXPECT_THAT(record, HasSubstr(R"({"type":"MPOLYGON",)"));
+  EXPECT_THAT(record, HasSubstr(R"("loops":[[0,0,1,0,1,1]])"));
+  EXPECT_THAT(record, EndsWith(R"("fillColor":{"r":0,"g":0,"b":255}})"));
+  hatch_.is_gradient_fill = 1;
+  EXPECT_THAT(drawing_.RecordOf(DWG_TYPE_MPOLYGON, &EntityTio::HATCH, hatch_),
+              Not(HasSubstr("fillColor")));
+}
+
 TEST_F(GeometryKeysTest, ReleasesBefore2000HaveNoLineweights) {
   drawing_.data().header.from_version = R_14;
   EXPECT_THAT(drawing_.RecordOf(DWG_TYPE_LINE, &EntityTio::LINE, Dwg_Entity_LINE{}),

@@ -590,6 +590,125 @@ TEST_F(DxfReaderTest, AHelixHasItsCurveAndItsAxis) {
   EXPECT_EQ(helix.handedness, 1);
 }
 
+// Programs write either group in files of any release.
+TEST_F(DxfReaderTest, AViewportHasItsFrozenLayersInEitherGroup) {
+  for (const char* release : {"AC1015", "AC1021"}) {
+    Read(
+        Drawing("0\nVIEWPORT\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbViewport\n10\n0.0\n20\n0.0\n"
+                "30\n0.0\n40\n1.0\n41\n1.0\n331\n10\n341\n11\n",
+                release));
+    const auto& viewport = Only(DWG_TYPE_VIEWPORT, &EntityTio::VIEWPORT);
+    ASSERT_EQ(viewport.num_frozen_layers, 2U) << release;
+    EXPECT_EQ(HandleOf(viewport.frozen_layers[0]), 0x10U);
+    EXPECT_EQ(HandleOf(viewport.frozen_layers[1]), 0x11U);
+  }
+}
+
+TEST_F(DxfReaderTest, AnAttributesKindLeavesTheTextAsItIs) {
+  Read(
+      Drawing("0\nATTDEF\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbText\n10\n0.0\n20\n0.0\n30\n0.0\n"
+              "40\n1.0\n1\nx\n71\n6\n72\n1\n100\nAcDbAttributeDefinition\n3\nask\n2\nTAG\n"
+              "70\n0\n71\n4\n72\n0\n",
+              "AC1032"));
+  const auto& definition = Only(DWG_TYPE_ATTDEF, &EntityTio::ATTDEF);
+  EXPECT_EQ(definition.generation, 6);
+  EXPECT_EQ(definition.horiz_alignment, 1);
+  EXPECT_EQ(definition.mtext_type, 4);
+}
+
+TEST_F(DxfReaderTest, ATextWithColumnsHasItsExtents) {
+  Read(
+      Drawing("0\nMTEXT\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbMText\n10\n0.0\n20\n0.0\n30\n0.0\n"
+              "40\n1.0\n1\nx\n101\nEmbedded Object\n42\n32.0\n43\n20.0\n71\n2\n72\n0\n44\n10.0\n"
+              "45\n1.0\n73\n1\n74\n0\n",
+              "AC1032"));
+  const auto& mtext = Only(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  EXPECT_EQ(mtext.extents_width, 32.0);
+  EXPECT_EQ(mtext.extents_height, 20.0);
+}
+
+// A DWG of these releases has room for 48 bytes of a description.
+TEST_F(DxfReaderTest, OldTableRecordsKeepTheirTexts) {
+  const std::string description(60, 'x');
+  Read(Header("AC1009") +
+       Section("TABLES", "0\nTABLE\n2\nLTYPE\n70\n1\n0\nLTYPE\n2\nLONG\n70\n0\n3\n" + description +
+                             "\n72\n65\n73\n0\n40\n0.0\n0\nENDTAB\n"
+                             "0\nTABLE\n2\nDIMSTYLE\n70\n2\n"
+                             "0\nDIMSTYLE\n2\nA\n70\n0\n3\n\n5\nDECK\n6\nB1\n7\nB2\n"
+                             "0\nDIMSTYLE\n2\nB\n70\n0\n5\n\n40\n1.0\n0\nENDTAB\n") +
+       "0\nEOF\n");
+  const auto linetypes = OfType(DWG_TYPE_LTYPE);
+  ASSERT_FALSE(linetypes.empty());
+  const auto* linetype = ObjectData(*linetypes.back(), &ObjectTio::LTYPE);
+  ASSERT_NE(linetype, nullptr);
+  EXPECT_STREQ(linetype->description, description.c_str());
+  std::vector<std::string> arrows;
+  for (const Dwg_Object* object : OfType(DWG_TYPE_DIMSTYLE)) {
+    const auto* style = ObjectData(*object, &ObjectTio::DIMSTYLE);
+    arrows.emplace_back(style == nullptr || style->DIMBLK_T == nullptr ? "" : style->DIMBLK_T);
+  }
+  EXPECT_EQ(arrows, (std::vector<std::string>{"DECK", ""}));
+}
+
+// Two paths, the second an edge, behind which groups 11 and 21 are the offset.
+TEST_F(DxfReaderTest, AnMpolygonIsReadAsAHatch) {
+  Read(
+      Drawing("0\nMPOLYGON\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbMPolygon\n70\n1\n10\n0.0\n"
+              "20\n0.0\n30\n0.0\n2\nANSI31\n71\n0\n91\n2\n92\n3\n73\n1\n72\n1\n93\n2\n"
+              "10\n1.0\n20\n2.0\n42\n1.0\n10\n3.0\n20\n4.0\n42\n0.0\n"
+              "92\n1\n93\n1\n72\n1\n10\n5.0\n20\n6.0\n11\n7.0\n21\n8.0\n"
+              "76\n1\n52\n90.0\n41\n2.0\n77\n1\n78\n1\n53\n45.0\n43\n0.0\n44\n0.0\n45\n1.0\n"
+              "46\n1.0\n79\n0\n63\n5\n11\n0.5\n21\n0.5\n99\n0\n450\n0\n453\n0\n" +
+              Line()));
+  ASSERT_EQ(OfType(DWG_TYPE_HATCH).size(), 1U);
+  EXPECT_STREQ(OfType(DWG_TYPE_HATCH)[0]->dxfname, "MPOLYGON");
+  const auto& polygon = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(polygon.num_paths, 2U);
+  EXPECT_EQ(polygon.paths[0].closed, 1);
+  ASSERT_EQ(polygon.paths[0].num_segs_or_paths, 2U);
+  EXPECT_EQ(polygon.paths[0].polyline_paths[0].bulge, 1.0);
+  ASSERT_EQ(polygon.paths[1].num_segs_or_paths, 1U);
+  EXPECT_EQ(polygon.paths[1].segs[0].second_endpoint.x, 7.0);
+  EXPECT_EQ(polygon.scale_spacing, 2.0);
+  EXPECT_EQ(polygon.double_flag, 1);
+  ASSERT_EQ(polygon.num_deflines, 1U);
+  EXPECT_EQ(polygon.deflines[0].offset.x, 1.0);
+  ASSERT_EQ(polygon.num_colors, 1U);
+  EXPECT_EQ(polygon.colors[0].color.index, 5);
+  EXPECT_EQ(OfType(DWG_TYPE_LINE).size(), 1U);
+}
+
+TEST_F(DxfReaderTest, TheGradientOfAnMpolygonTakesThePlaceOfItsColour) {
+  Read(
+      Drawing("0\nMPOLYGON\n5\n50\n100\nAcDbEntity\n8\n0\n100\nAcDbMPolygon\n70\n1\n10\n0.0\n"
+              "20\n0.0\n30\n0.0\n2\nSOLID\n71\n1\n91\n0\n76\n1\n63\n5\n450\n1\n453\n2\n463\n0.0\n"
+              "63\n1\n421\n255\n463\n1.0\n63\n2\n421\n65280\n470\nLINEAR\n"));
+  const auto& polygon = Only(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  ASSERT_EQ(polygon.num_colors, 2U);
+  EXPECT_EQ(polygon.colors[0].color.index, 1);
+  EXPECT_EQ(polygon.colors[1].color.rgb, 65280U);
+}
+
+// A file of these releases need not have an entry for it.
+TEST_F(DxfReaderTest, AnOldEntityKeepsTheLineTypeOfItsBlock) {
+  Read(Drawing("0\nPOINT\n8\n0\n6\nBYBLOCK\n10\n0.0\n20\n0.0\n30\n0.0\n", "AC1009"));
+  ASSERT_EQ(OfType(DWG_TYPE_POINT).size(), 1U);
+  EXPECT_EQ(OfType(DWG_TYPE_POINT)[0]->tio.entity->ltype_flags, 1);
+}
+
+TEST_F(DxfReaderTest, TheDataOfAProxyAreNotItsGraphics) {
+  Read(Drawing(
+      "0\nACAD_PROXY_ENTITY\n5\nA0\n330\n1F\n100\nAcDbEntity\n8\n0\n"
+      "100\nAcDbProxyEntity\n90\n498\n91\n500\n92\n4\n310\n01020304\n93\n32\n310\n0A0B0C0D\n"
+      "94\n0\n",
+      "AC1014"));
+  ASSERT_EQ(OfType(DWG_TYPE_PROXY_ENTITY).size(), 1U);
+  const Dwg_Object_Entity& entity = *OfType(DWG_TYPE_PROXY_ENTITY)[0]->tio.entity;
+  ASSERT_EQ(entity.preview_size, 4U);
+  EXPECT_EQ(entity.preview[0], 1);
+  EXPECT_EQ(entity.preview[3], 4);
+}
+
 TEST_F(DxfReaderTest, EdgesOfAHatchGoOnBehindTheTangentsOfASpline) {
   Read(HatchOfEdges(2, SplineEdge("", 2, kFitPointsAndTangents) + kStraightEdge,
                     "97\n1\n330\n20\n"));

@@ -310,6 +310,24 @@ TEST_F(DxfSettling, FrameOfATextWithAHeightIsLeftAlone) {
   EXPECT_EQ(mtext.text_height, 2);
 }
 
+// Its group 71 says what a hatch says by 70.
+TEST_F(DxfSettling, AnMpolygonIsNoHatch) {
+  std::string mpolygon = "MPOLYGON";
+  std::string hatch = "HATCH";
+  auto& polygon = drawing_.AddEntity(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  polygon.is_solid_fill = 1;
+  drawing_.objects().back().dxfname = mpolygon.data();
+  auto& other = drawing_.AddEntity(DWG_TYPE_HATCH, &EntityTio::HATCH);
+  other.is_associative = 1;
+  drawing_.objects().back().dxfname = hatch.data();
+  Settle();
+  EXPECT_EQ(polygon.is_solid_fill, 0);
+  EXPECT_EQ(drawing_.objects()[0].fixedtype, DWG_TYPE_MPOLYGON);
+  EXPECT_STREQ(drawing_.objects()[0].name, "MPOLYGON");
+  EXPECT_EQ(other.is_associative, 1);
+  EXPECT_EQ(drawing_.objects()[1].fixedtype, DWG_TYPE_HATCH);
+}
+
 TEST_F(DxfSettling, EntitiesWithoutDataAreLeftAlone) {
   for (const auto type : {DWG_TYPE_INSERT, DWG_TYPE_MINSERT, DWG_TYPE_MTEXT}) {
     drawing_.AddBareEntity(type);
