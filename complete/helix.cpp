@@ -2,6 +2,7 @@
 
 #include "complete/common_keys.hpp"
 #include "complete/proxy_graphics.hpp"
+#include "complete/spline_keys.hpp"
 #include "encode/json_text.hpp"
 #include "entities/spline.hpp"
 
@@ -33,13 +34,16 @@ Dwg_Entity_SPLINE SplineOf(const Dwg_Entity_HELIX& helix) {
   return spline;
 }
 
+bool HasCurve(const Dwg_Entity_HELIX& helix) {
+  return (helix.fit_pts != nullptr && helix.num_fit_pts > 0) ||
+         (helix.ctrl_pts != nullptr && helix.num_ctrl_pts > 0);
+}
+
 }  // namespace
 
 void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteContext& context,
                  const EntityOrigin& origin) {
-  const bool hasCurve = (helix.fit_pts != nullptr && helix.num_fit_pts > 0) ||
-                        (helix.ctrl_pts != nullptr && helix.num_ctrl_pts > 0);
-  if (hasCurve) {
+  if (HasCurve(helix)) {
     AppendSpline(out, SplineOf(helix), context.base, origin);
   } else {
     AppendStoredGraphics(out, StoredGraphics(*origin.object.tio.entity), context);
@@ -47,6 +51,9 @@ void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteCont
 }
 
 void AppendHelixFurtherKeys(JsonOut& out, const Dwg_Entity_HELIX& helix) {
+  if (HasCurve(helix)) {
+    AppendSplineFurtherKeys(out, SplineOf(helix));
+  }
   if (!(helix.radius > 0)) {
     return;
   }

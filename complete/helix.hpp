@@ -10,6 +10,6 @@
 void AppendHelix(JsonOut& out, const Dwg_Entity_HELIX& helix, const CompleteContext& context,
                  const EntityOrigin& origin);
 
-// Its axis (base point and vector), start, radius, turns and height of a turn, in the
-// world's system.
+// What a SPLINE has besides, its axis (base point and vector), start, radius, turns and
+// height of a turn, in the world's system.
 void AppendHelixFurtherKeys(JsonOut& out, const Dwg_Entity_HELIX& helix);

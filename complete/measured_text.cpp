@@ -12,6 +12,9 @@ namespace {
 enum LengthUnit { kScientific = 1, kDecimal, kEngineering, kArchitectural, kFractional };
 enum AngleUnit { kDegrees, kDegreesMinutesSeconds, kGradians, kRadians };
 
+constexpr double kHalfTurn = 180;
+constexpr double kHalfTurnInGradians = 200;
+
 // Bits of DIMZIN above the two that speak of feet and inches.
 constexpr std::int32_t kFeetAndInches = 3;
 constexpr std::int32_t kNoLeadingZero = 4;
@@ -237,24 +240,42 @@ std::string ValueText(double value, Measure measure, const UnitFormat& length,
   return measure == Measure::kAngle ? AngleText(value, format.angle) : LengthText(value, length);
 }
 
+// Of an angle the variables give the tolerance in the unit that is shown.
+double Tolerance(double stored, Measure measure, const DimensionFormat& format) {
+  if (measure != Measure::kAngle) {
+    return stored;
+  }
+  switch (format.angle.unit) {
+    case kGradians: return stored * std::numbers::pi / kHalfTurnInGradians;
+    case kRadians: return stored;
+    default: return stored * std::numbers::pi / kHalfTurn;
+  }
+}
+
+std::string ToleranceText(double value, Measure measure, const DimensionFormat& format) {
+  DimensionFormat tolerance = format;
+  tolerance.length.decimals = format.toleranceDecimals;
+  tolerance.length.zeros = format.toleranceZeros;
+  tolerance.angle.decimals = format.toleranceDecimals;
+  return ValueText(value, measure, tolerance.length, tolerance);
+}
+
 std::string WithTolerance(double value, Measure measure, const DimensionFormat& format) {
-  UnitFormat tolerance = format.length;
-  tolerance.decimals = format.toleranceDecimals;
-  tolerance.zeros = format.toleranceZeros;
-  const double plus = std::abs(format.plus);
+  const double plus = Tolerance(format.plus, measure, format);
+  const double minus = Tolerance(format.minus, measure, format);
   if (format.hasLimits) {
-    return "{\\S" + ValueText(value + format.plus, measure, format.length, format) + '^' +
-           ValueText(value - format.minus, measure, format.length, format) + ";}";
+    return "{\\S" + ValueText(value + plus, measure, format.length, format) + '^' +
+           ValueText(value - minus, measure, format.length, format) + ";}";
   }
   std::string text = ValueText(value, measure, format.length, format);
   if (!format.hasTolerance) {
     return text;
   }
   if (format.plus == format.minus) {
-    return text + "±" + ValueText(plus, measure, tolerance, format);
+    return text + "±" + ToleranceText(std::abs(plus), measure, format);
   }
-  return text + "{\\S+" + ValueText(format.plus, measure, tolerance, format) + "^ -" +
-         ValueText(format.minus, measure, tolerance, format) + ";}";
+  return text + "{\\S+" + ToleranceText(plus, measure, format) + "^ -" +
+         ToleranceText(minus, measure, format) + ";}";
 }
 
 std::string AlternateText(double value, const DimensionFormat& format) {
@@ -283,8 +304,6 @@ std::string LengthText(double value, const UnitFormat& format) {
 }
 
 std::string AngleText(double radians, const UnitFormat& format) {
-  constexpr double kHalfTurn = 180;
-  constexpr double kHalfTurnInGradians = 200;
   const double turned = Shown(radians) / std::numbers::pi;
   switch (format.unit) {
     case kDegreesMinutesSeconds: return SexagesimalAngle(turned * kHalfTurn, format);

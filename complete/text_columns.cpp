@@ -1,6 +1,8 @@
 #include "complete/text_columns.hpp"
 
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -12,10 +14,27 @@ namespace {
 // What the CAD program attached, in order.
 using Values = std::span<const Dwg_Eed_Data* const>;
 
+// Columns that take their height from the text have no number of their own: as many as
+// fit into the text's width, with a gutter between each two.
+std::uint32_t ColumnsInWidth(const Dwg_Entity_MTEXT& mtext) {
+  const double step = mtext.column_width + mtext.gutter;
+  const double count = (mtext.extents_width + mtext.gutter) / step;
+  constexpr double kMost = 1e6;
+  return step > 0 && count >= 1 && count < kMost ? static_cast<std::uint32_t>(std::lround(count))
+                                                 : 0;
+}
+
+std::uint32_t OwnCount(const Dwg_Entity_MTEXT& mtext) {
+  if (mtext.numfragments != 0) {
+    return mtext.numfragments;
+  }
+  return mtext.num_column_heights != 0 ? mtext.num_column_heights : ColumnsInWidth(mtext);
+}
+
 TextColumns OwnColumns(const Dwg_Entity_MTEXT& mtext) {
   const auto heights = SpanOf<BITCODE_BD>(mtext.column_heights, mtext.num_column_heights);
   return {.type = mtext.column_type,
-          .count = mtext.numfragments != 0 ? mtext.numfragments : mtext.num_column_heights,
+          .count = OwnCount(mtext),
           .width = mtext.column_width,
           .gutter = mtext.gutter,
           .hasAutoHeight = mtext.auto_height != 0,

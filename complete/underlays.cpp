@@ -51,7 +51,7 @@ void AppendOutline(JsonOut& out, std::string_view key, std::span<const BITCODE_2
 void AppendUnderlay(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay,
                     const CompleteContext& context) {
   const auto* definition = DefinitionOf(underlay, context);
-  if (definition == nullptr || (underlay.flag & kShown) == 0) {
+  if (definition == nullptr) {
     return;
   }
   const std::string declared(context.Decode(definition->filename));
@@ -69,6 +69,7 @@ void AppendUnderlay(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay,
 }
 
 void AppendUnderlayFurtherKeys(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay) {
+  AppendBoolKey(out, ",\"shown\":", (underlay.flag & kShown) != 0);
   AppendIntKey(out, ",\"contrast\":", underlay.contrast);
   AppendIntKey(out, ",\"fade\":", underlay.fade);
   AppendBoolKey(out, ",\"isMonochrome\":", (underlay.flag & kMonochrome) != 0);

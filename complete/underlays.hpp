@@ -7,10 +7,9 @@
 #include "encode/json_out.hpp"
 
 // The keys of a PDF underlay's record; `path` is the declared one when no file was
-// found, `found` says which. Nothing for an underlay that is turned off or has no
-// definition.
+// found, `found` says which. Nothing for an underlay that has no definition.
 void AppendUnderlay(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay,
                     const CompleteContext& context);
 
-// Contrast and fading, how it is shown, and the outline that it is clipped by.
+// Whether and how it is shown, contrast and fading, and the outline that it is clipped by.
 void AppendUnderlayFurtherKeys(JsonOut& out, const Dwg_Entity_UNDERLAY& underlay);

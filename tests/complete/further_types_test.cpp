@@ -165,6 +165,30 @@ TEST_F(FurtherTypes, PolyfaceMeshFacesCountFromZero) {
       << record;
 }
 
+TEST_F(FurtherTypes, PartsOfAPolyfaceMeshAreNotSaidToBeSkipped) {
+  for (const auto& part : {DWG_TYPE_VERTEX_PFACE, DWG_TYPE_VERTEX_PFACE_FACE}) {
+    drawing.AddEntity(part, &Tio::VERTEX_PFACE, 0x40);
+    EXPECT_EQ(drawing.RecordOf(drawing.last()), "");
+  }
+  EXPECT_TRUE(drawing.counts.empty());
+}
+
+TEST_F(FurtherTypes, HelixHasItsCurve) {
+  Dwg_Entity_HELIX helix{};
+  helix.degree = 1;
+  helix.num_ctrl_pts = 2;
+  helix.ctrl_pts =
+      drawing.Array<Dwg_SPLINE_control_point>({{nullptr, 0, 0, 0, 1}, {nullptr, 1, 2, 3, 1}});
+  helix.num_knots = 4;
+  helix.knots = drawing.Array<BITCODE_BD>({0, 0, 1, 1});
+  helix.radius = 5;
+  const std::string record = drawing.CompleteRecord(DWG_TYPE_HELIX, &Tio::HELIX, helix);
+  EXPECT_NE(record.find(R"("degree":1,"knots":[0,0,1,1],"controlPoints":[[0,0,0],[1,2,3]],)"),
+            std::string::npos)
+      << record;
+  EXPECT_NE(record.find(R"("radius":5)"), std::string::npos) << record;
+}
+
 TEST_F(FurtherTypes, SmoothedPolygonMeshKeepsItsControlPointsApart) {
   auto& mesh = drawing.AddEntity(DWG_TYPE_POLYLINE_MESH, &Tio::POLYLINE_MESH, 0x40);
   mesh.flag = 1 + 4;
@@ -299,7 +323,16 @@ TEST_F(FurtherTypes, UnderlayThatIsNotFoundHasItsDeclaredPath) {
   EXPECT_EQ(drawing.OwnKeys(DWG_TYPE_DWFUNDERLAY, &Tio::DWFUNDERLAY, underlay),
             R"("path":"no/such.dwf","page":1,"ix":0,"iy":0,"sx":3,"sy":4,"angle":0,)"
             R"("sheet":"Plan","found":false)");
-  underlay.flag = 0;
+}
+
+TEST_F(FurtherTypes, UnderlayThatIsTurnedOffSaysIt) {
+  drawing.AddObject(DWG_TYPE_DWFDEFINITION, &ObjectTio::DWFDEFINITION, 0x30);
+  Dwg_Entity_DWFUNDERLAY underlay{};
+  underlay.definition_id = drawing.Ref(0x30);
+  const std::string hidden =
+      drawing.CompleteRecord(DWG_TYPE_DWFUNDERLAY, &Tio::DWFUNDERLAY, underlay);
+  EXPECT_NE(hidden.find(R"("shown":false)"), std::string::npos) << hidden;
+  underlay.definition_id = nullptr;
   EXPECT_EQ(drawing.CompleteRecord(DWG_TYPE_DWFUNDERLAY, &Tio::DWFUNDERLAY, underlay), "");
 }
 

@@ -126,6 +126,26 @@ TEST(MeasuredText, Tolerances) {
   EXPECT_EQ(MeasuredText(5, Measure::kLength, format), "{\\S5.2^4.9;}");
 }
 
+// 0.1 degrees are six minutes.
+TEST(MeasuredText, TolerancesOfAnglesAreInTheUnitThatIsShown) {
+  DimensionFormat format{.angle = Unit(0, 0)};
+  format.plus = 0.1;
+  format.minus = 0.2;
+  format.toleranceDecimals = 1;
+  format.hasTolerance = true;
+  EXPECT_EQ(MeasuredText(kPi / 4, Measure::kAngle, format), "45°{\\S+0.1°^ -0.2°;}");
+  format.angle.unit = 1;
+  EXPECT_EQ(MeasuredText(kPi / 4, Measure::kAngle, format), "45°{\\S+0°6'^ -0°12';}");
+  format.angle.unit = 2;
+  EXPECT_EQ(MeasuredText(kPi / 4, Measure::kAngle, format), "50g{\\S+0.1g^ -0.2g;}");
+  format.angle.unit = 3;
+  format.minus = 0.1;
+  EXPECT_EQ(MeasuredText(0.75, Measure::kAngle, format), "1r±0.1r");
+  format.angle = Unit(0, 1);
+  format.hasLimits = true;
+  EXPECT_EQ(MeasuredText(kPi / 4, Measure::kAngle, format), "{\\S45.1°^44.9°;}");
+}
+
 TEST(MeasuredText, AlternateUnits) {
   DimensionFormat format{.length = Unit(2, 0), .alternateLength = Unit(2, 2)};
   format.hasAlternate = true;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "complete/text_keys.hpp"
@@ -77,6 +78,27 @@ TEST_F(TextKeys, DynamicColumnsAreAsManyAsTheirHeights) {
   mtext.auto_height = 1;
   AppendMtextFurtherKeys(out_, mtext, Context(), {drawing_.last(), "0"});
   EXPECT_THAT(out_.Text(), testing::HasSubstr(R"("count":3,)"));
+}
+
+// Three columns of 10 with two gutters of 1 between them.
+TEST_F(TextKeys, AutomaticColumnsAreAsManyAsFitIntoTheWidth) {
+  auto& mtext = drawing_.AddEntity(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  mtext.column_type = 2;
+  mtext.auto_height = 1;
+  mtext.column_width = 10;
+  mtext.gutter = 1;
+  mtext.extents_width = 32;
+  AppendMtextFurtherKeys(out_, mtext, Context(), {drawing_.last(), "0"});
+  EXPECT_THAT(out_.Text(), testing::HasSubstr(R"("count":3,)"));
+}
+
+TEST_F(TextKeys, AutomaticColumnsOfNoWidthAreNone) {
+  auto& mtext = drawing_.AddEntity(DWG_TYPE_MTEXT, &EntityTio::MTEXT);
+  mtext.column_type = 2;
+  mtext.auto_height = 1;
+  mtext.extents_width = std::numeric_limits<double>::infinity();
+  AppendMtextFurtherKeys(out_, mtext, Context(), {drawing_.last(), "0"});
+  EXPECT_THAT(out_.Text(), testing::HasSubstr(R"("count":0,)"));
 }
 
 TEST_F(TextKeys, CountsWithoutArraysAndStrangeKindsAreNothing) {
