@@ -151,6 +151,38 @@ def check_samples(checker, version):
                            f"{where}: sheets {[sheet['name'] for sheet in found['layouts']]}")
 
 
+# Pages of eight writing systems and more; what a page has no code for stands as \U+XXXX.
+SAVED_IN = ("ANSI_1251", "ANSI_936", "ANSI_949", "ANSI_932", "ANSI_950", "ANSI_1253", "ANSI_1255",
+            "ANSI_1361", "ANSI_1252", "dos437")
+
+
+def stored_in(codec, text):
+    """The bytes that a drawing of that page has for a text."""
+    return b"".join(code if (code := encoded(char, codec)) is not None
+                    else b"\\U+%04X" % ord(char) for char in text)
+
+
+def encoded(char, codec):
+    """The page's code for a character; None where it has none that is read back."""
+    try:
+        code = char.encode(codec)
+    except UnicodeEncodeError:
+        return None
+    return code if code.decode(codec) == char else None
+
+
+def check_same_drawing(checker, version):
+    """One drawing with texts of all writing systems, saved in each page."""
+    for page in SAVED_IN:
+        codec = {**SINGLE_BYTE, **DOUBLE_BYTE}[page]
+        texts = list(SAMPLES.values())
+        document = checker.convert(
+            drawing(page, [stored_in(codec, text) for text in texts], version))
+        found = [plain(record) for record in document["entities"]]
+        checker.expect(found == texts, f"saved in {page} as {version}: {found}")
+        checker.expect(document["codePage"]["by"] == "drawing", f"saved in {page}: code page")
+
+
 def check_codes(checker):
     """What the reader must not touch before the bytes are decoded."""
     cases = {
@@ -195,6 +227,8 @@ def main():
             check_page(checker, page, codec, False)
         for page, codec in DOUBLE_BYTE.items():
             check_page(checker, page, codec, True)
+        for version in (b"AC1009", b"AC1015", b"AC1018"):
+            check_same_drawing(checker, version)
         check_codes(checker)
         check_utf8(checker)
         if ezdxf is None:

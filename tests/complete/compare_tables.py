@@ -38,11 +38,6 @@ OWN_DRAWINGS = ROOT / "tests" / "drawings"
 
 # (file, what, key): reason; patterns of shells.
 KNOWN = {
-    ("sample_AC1032_*.dxf", "ATTRIB", "mirroredX"):
-        "group 71 of an attribute of several lines says something else, and LibreDWG's DXF "
-        "reader does not tell them apart",
-    ("sample_AC1009_ascii.dxf", "dimension style", "DIMBLK"):
-        "before release 13 LibreDWG's DXF reader passes over the names of arrow blocks",
     ("Leica_Disto_S910.dxf", "dimension style", "DIMLIM"): "1000 where only 0 and 1 mean something",
     ("qcad-example_R2000.dxf", "MTEXT", "textStyle"): "a style that the file does not have",
     ("testHatch.dxf", "sheet", "shadePlot"):
