@@ -70,6 +70,8 @@ void Loader::OnFinished(const WorkerResult& result) {
 
 // Signals reach the objects of other threads through their event loops.
 void Loader::Build(const QByteArray& document) {
+  QElapsedTimer sinceDocument;
+  sinceDocument.start();
   QString problem;
   const std::optional<Drawing> drawing = ReadDocument(document, problem);
   if (!drawing) {
@@ -82,7 +84,8 @@ void Loader::Build(const QByteArray& document) {
   }
   auto scene = std::make_shared<Scene>(BuildScene(*drawing, QFileInfo(drawing_).absoluteDir()));
   scene->showHidden = showHidden_;
-  const LoadedDrawing loaded{scene, SummaryOf(*drawing, *scene, clock_.elapsed())};
+  const LoadedDrawing loaded{scene, SummaryOf(*drawing, *scene, clock_.elapsed()),
+                             sinceDocument.elapsed()};
   QMetaObject::invokeMethod(this, [this, loaded] {
     if (!isCancelled_) {
       emit this->loaded(loaded);

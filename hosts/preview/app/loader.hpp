@@ -24,6 +24,8 @@ struct LoadedDrawing {
   std::shared_ptr<const Scene> scene;
   // Release, counts and times in one line.
   QString summary;
+  // From the document's end to the scene.
+  qint64 buildMilliseconds = 0;
 };
 
 class Loader : public QObject {

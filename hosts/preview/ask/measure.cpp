@@ -87,16 +87,16 @@ Measured MeasurePath(const Item& item) {
   bool hasStart = false;
   QPointF start;
   QPointF end;
-  for (const Part& part : item.shape->parts) {
+  for (const Part& part : PartList(*item.shape)) {
     const bool isArea = part.fill != Fill::kNone;
     outline.isClosed = outline.isClosed || isArea;
-    VisitSegments(part.path, item.place, size * 1e-7, isArea, [&](QPointF a, QPointF b) {
+    VisitSegments(part.path, *item.place, size * 1e-7, isArea, [&](QPointF a, QPointF b) {
       start = hasStart ? start : a;
       hasStart = true;
       end = b;
       outline.length += Length(b - a);
     });
-    VisitSegments(part.path, item.place, size * 1e-7, true,
+    VisitSegments(part.path, *item.place, size * 1e-7, true,
                   [&](QPointF a, QPointF b) { outline.area += Cross(a - start, b - start) / 2; });
   }
   outline.isClosed = outline.isClosed || (hasStart && Length(end - start) <= 1e-9 * size);
@@ -137,12 +137,12 @@ double AreaOf(std::span<const QPointF> points) {
 }
 
 std::optional<Measured> MeasureItem(const Scene& scene, const Item& item) {
-  if (!item.shape || item.shape->hasText || item.shape->parts.empty() ||
-      !item.shape->image.isNull()) {
+  if (!item.shape || item.shape->hasText || PartList(*item.shape).empty() ||
+      item.shape->hasImage()) {
     return std::nullopt;
   }
   Measured outline;
-  const std::optional<double> scale = ScaleOf(item.place);
+  const std::optional<double> scale = ScaleOf(*item.place);
   std::optional<Measured> exact;
   if (item.record >= 0 && scale) {
     const QJsonObject& record = scene.records[static_cast<std::size_t>(item.record)];

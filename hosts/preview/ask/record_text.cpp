@@ -4,6 +4,8 @@
 #include <QJsonArray>
 #include <QStringList>
 
+#include <algorithm>
+
 #include "model/record.hpp"
 #include "scene/dimension.hpp"
 
@@ -128,6 +130,14 @@ QString PlainTextOfCodes(const QString& text) {
     }
   }
   return plain.trimmed();
+}
+
+bool MayHaveText(std::string_view record) {
+  constexpr std::string_view kMarks[] = {"\"html\"",  "\"text\"", "\"tag\"",
+                                         "\"cells\"", "\"rows\"", "DIMENSION"};
+  return std::any_of(std::begin(kMarks), std::end(kMarks), [record](std::string_view mark) {
+    return record.find(mark) != std::string_view::npos;
+  });
 }
 
 QString TextOfRecord(const QJsonObject& record) {

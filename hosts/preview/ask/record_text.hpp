@@ -4,6 +4,8 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <string_view>
+
 namespace preview {
 
 // A fragment without its tags, one line for each paragraph and line break.
@@ -16,5 +18,8 @@ QString PlainTextOfCodes(const QString& text);
 // dimensions as they show it, the cells of tables, tolerances, multileaders. Empty for
 // all other records.
 QString TextOfRecord(const QJsonObject& record);
+
+// Whether a record's JSON has a key or a type of those; others need not be read.
+bool MayHaveText(std::string_view record);
 
 }  // namespace preview

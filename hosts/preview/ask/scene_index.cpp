@@ -32,19 +32,19 @@ constexpr std::size_t kMostSegments = 400;
 constexpr double kFineness = 0.1;
 
 QPolygonF FrameOfPicture(const Item& item) {
-  return (item.shape->imagePlace * item.place).map(QPolygonF(QRectF(0, 0, 1, 1)));
+  return (item.shape->picture->place * *item.place).map(QPolygonF(QRectF(0, 0, 1, 1)));
 }
 
 // Of a text in its own coordinates, so that it turns with it.
 QPolygonF FrameOfText(const Item& item) {
   std::optional<QRectF> box;
-  for (const Part& part : item.shape->parts) {
+  for (const Part& part : PartList(*item.shape)) {
     for (int i = 0; i < part.path.elementCount(); ++i) {
       const QRectF point(QPointF(part.path.elementAt(i)), QSizeF(0, 0));
       box = box ? Around(*box, point) : point;
     }
   }
-  return box ? item.place.map(QPolygonF(*box)) : QPolygonF();
+  return box ? item.place->map(QPolygonF(*box)) : QPolygonF();
 }
 
 QPainterPath ClosedPath(const QPolygonF& polygon) {
@@ -69,14 +69,15 @@ bool IsHit(const Scene& scene, const Item& item, QPointF at, double reach) {
   if (IsClippedAway(scene, item, at, reach)) {
     return false;
   }
-  if (!item.shape->image.isNull()) {
+  if (item.shape->hasImage()) {
     return IsHitFrame(FrameOfPicture(item), at, reach);
   }
   if (item.shape->isText) {
     return IsHitFrame(FrameOfText(item), at, reach);
   }
-  return std::any_of(item.shape->parts.begin(), item.shape->parts.end(), [&](const Part& part) {
-    const PathProbe probe = ProbePath(part.path, item.place, at, reach * kFineness);
+  const PartList parts(*item.shape);
+  return std::any_of(parts.begin(), parts.end(), [&](const Part& part) {
+    const PathProbe probe = ProbePath(part.path, *item.place, at, reach * kFineness);
     return probe.distance <= reach || (part.fill != Fill::kNone && probe.isInside);
   });
 }
@@ -84,8 +85,11 @@ bool IsHit(const Scene& scene, const Item& item, QPointF at, double reach) {
 // Of circles and arcs whose record says where it lies in the plane: a record that was
 // tilted has its centre elsewhere, which its path shows.
 std::optional<QPointF> CenterOf(const Scene& scene, const Item& item) {
-  if (item.record < 0 || item.shape->parts.empty() ||
-      item.shape->parts.front().path.elementCount() == 0) {
+  if (item.shape->round) {
+    return item.place->map(item.shape->round->center);
+  }
+  if (item.record < 0 || !item.shape->polyline.isEmpty() || item.shape->isText ||
+      item.shape->parts.empty() || item.shape->parts.front().path.elementCount() == 0) {
     return std::nullopt;
   }
   const QJsonObject& record = scene.records[static_cast<std::size_t>(item.record)];
@@ -99,7 +103,7 @@ std::optional<QPointF> CenterOf(const Scene& scene, const Item& item) {
   if (isRound && std::abs(off - radius) > 1e-3 * radius) {
     return std::nullopt;
   }
-  return item.place.map(center);
+  return item.place->map(center);
 }
 
 std::vector<QRectF> BoxesOf(const Scene& scene, const Sheet& sheet) {
@@ -145,14 +149,14 @@ struct Segment {
 
 // Elements of a path as a person sees them: straight segments and curves.
 void OfferOwnPoints(const Item& item, Nearest& ends, Nearest& middles) {
-  for (const Part& part : item.shape->parts) {
+  for (const Part& part : PartList(*item.shape)) {
     QPointF last;
     for (int i = 0; i < part.path.elementCount(); ++i) {
       const QPainterPath::Element element = part.path.elementAt(i);
       if (element.isCurveTo() && i + 2 < part.path.elementCount()) {
         i += 2;
       }
-      const QPointF point = item.place.map(QPointF(part.path.elementAt(i)));
+      const QPointF point = item.place->map(QPointF(part.path.elementAt(i)));
       ends.Offer(SnapKind::kEnd, point);
       if (element.isLineTo()) {
         middles.Offer(SnapKind::kMiddle, (last + point) / 2);
@@ -167,7 +171,7 @@ void OfferOwnPoints(const Item& item, Nearest& ends, Nearest& middles) {
 void OfferCurve(const Item& item, double tolerance, Nearest& ends, Nearest& middles) {
   std::vector<Segment> segments;
   double length = 0;
-  VisitSegments(item.shape->parts.front().path, item.place, tolerance, false,
+  VisitSegments(PartList(*item.shape).front().path, *item.place, tolerance, false,
                 [&](QPointF a, QPointF b) {
                   segments.push_back({a, b});
                   length += Length(b - a);
@@ -200,8 +204,8 @@ bool IsSingleCurve(const Scene& scene, const Item& item) {
 
 void CollectSegments(const Item& item, const QRectF& area, double tolerance,
                      std::vector<Segment>& segments) {
-  for (const Part& part : item.shape->parts) {
-    VisitSegments(part.path, item.place, tolerance, part.fill != Fill::kNone,
+  for (const Part& part : PartList(*item.shape)) {
+    VisitSegments(part.path, *item.place, tolerance, part.fill != Fill::kNone,
                   [&](QPointF a, QPointF b) {
                     const QRectF box(QPointF(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                                      QPointF(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
@@ -290,7 +294,7 @@ Snap SceneIndex::SnapAt(const Pointer& pointer, const Shows& shows) {
       if (const std::optional<QPointF> center = CenterOf(*scene_, item)) {
         centers.Offer(SnapKind::kCenter, *center);
       }
-      if (item.shape->isText || item.shape->parts.empty()) {
+      if (item.shape->isText || PartList(*item.shape).empty()) {
         continue;
       }
       if (IsSingleCurve(*scene_, item)) {
@@ -314,8 +318,10 @@ Snap SceneIndex::SnapAt(const Pointer& pointer, const Shows& shows) {
 const std::vector<QString>& SceneIndex::texts() {
   if (!texts_) {
     texts_.emplace();
-    for (const QJsonObject& record : scene_->records) {
-      texts_->push_back(TextOfRecord(record));
+    texts_->reserve(scene_->records.size());
+    for (std::size_t i = 0; i < scene_->records.size(); ++i) {
+      texts_->push_back(MayHaveText(scene_->records.TextAt(i)) ? TextOfRecord(scene_->records[i])
+                                                               : QString());
     }
   }
   return *texts_;
@@ -324,13 +330,13 @@ const std::vector<QString>& SceneIndex::texts() {
 QPainterPath OutlineOf(const Scene& scene, std::size_t sheet, const Hit& hit) {
   const Item& item = ItemOf(scene, hit);
   QPainterPath outline;
-  if (!item.shape->image.isNull()) {
+  if (item.shape->hasImage()) {
     outline = ClosedPath(FrameOfPicture(item));
   } else if (item.shape->isText) {
     outline = ClosedPath(FrameOfText(item));
   } else {
-    for (const Part& part : item.shape->parts) {
-      outline.addPath(item.place.map(part.path));
+    for (const Part& part : PartList(*item.shape)) {
+      outline.addPath(item.place->map(part.path));
     }
   }
   if (hit.viewport < 0) {

@@ -1,5 +1,7 @@
 #include "model/drawing.hpp"
 
+#include <QJsonArray>
+
 #include <algorithm>
 
 #include "model/record.hpp"
@@ -66,19 +68,27 @@ std::optional<PageSetup> ReadPage(const QJsonObject& record) {
                    .scaleDenominator = record["scaleDen"].toDouble(1)};
 }
 
-Layout ReadLayout(const QJsonObject& record) {
+// Of the n-th block or sheet.
+RecordList RecordsOf(const QByteArray& document, std::vector<std::vector<RecordSpan>>& lists,
+                     qsizetype index) {
+  const auto place = static_cast<std::size_t>(index);
+  return place < lists.size() ? RecordList(document, std::move(lists[place])) : RecordList();
+}
+
+Layout ReadLayout(const QJsonObject& record, RecordList entities) {
   return {.name = record["name"].toString(),
           .tabOrder = record["tabOrder"].toInt(),
           .page = ReadPage(record),
-          .entities = record["entities"].toArray()};
+          .entities = std::move(entities)};
 }
 
-QHash<QString, Block> ReadBlocks(const QJsonArray& assets) {
+QHash<QString, Block> ReadBlocks(const QJsonArray& assets, const QByteArray& document,
+                                 ScannedDocument& scanned) {
   QHash<QString, Block> blocks;
-  for (const auto& asset : assets) {
-    const QJsonObject record = asset.toObject();
+  for (qsizetype i = 0; i < assets.size(); ++i) {
+    const QJsonObject record = assets[i].toObject();
     blocks.insert(record["name"].toString(),
-                  {PointOf(record, "baseX", "baseY"), record["entities"].toArray()});
+                  {PointOf(record, "baseX", "baseY"), RecordsOf(document, scanned.assets, i)});
   }
   return blocks;
 }
@@ -91,12 +101,14 @@ QStringList ReadTexts(const QJsonArray& texts) {
   return all;
 }
 
-Drawing ReadSections(const QJsonObject& document) {
-  Drawing drawing{.release = document["dwgVersion"].toString(),
+Drawing ReadSections(const QJsonObject& document, const QByteArray& text,
+                     ScannedDocument& scanned) {
+  Drawing drawing{.document = text,
+                  .release = document["dwgVersion"].toString(),
                   .units = document["insunits"].toInt(),
                   .layers = {},
-                  .blocks = ReadBlocks(document["assets"].toArray()),
-                  .entities = document["entities"].toArray(),
+                  .blocks = ReadBlocks(document["assets"].toArray(), text, scanned),
+                  .entities = {text, std::move(scanned.entities)},
                   .layouts = {},
                   .warnings = ReadTexts(document["warnings"].toArray()),
                   .textStyles = ReadTextStyles(document["textStyles"].toArray()),
@@ -107,8 +119,10 @@ Drawing ReadSections(const QJsonObject& document) {
   for (const auto& layer : document["layers"].toArray()) {
     drawing.layers.push_back(ReadLayer(layer.toObject()));
   }
-  for (const auto& layout : document["layouts"].toArray()) {
-    drawing.layouts.push_back(ReadLayout(layout.toObject()));
+  const QJsonArray layouts = document["layouts"].toArray();
+  for (qsizetype i = 0; i < layouts.size(); ++i) {
+    drawing.layouts.push_back(
+        ReadLayout(layouts[i].toObject(), RecordsOf(text, scanned.layouts, i)));
   }
   std::stable_sort(drawing.layouts.begin(), drawing.layouts.end(),
                    [](const Layout& a, const Layout& b) { return a.tabOrder < b.tabOrder; });
@@ -118,9 +132,12 @@ Drawing ReadSections(const QJsonObject& document) {
 }  // namespace
 
 std::optional<Drawing> ReadDocument(const QByteArray& line, QString& problem) {
+  const QByteArray text = AsUtf8(line);
+  std::optional<ScannedDocument> scanned =
+      ScanDocument({text.constData(), static_cast<std::size_t>(text.size())});
   QJsonParseError error;
-  const QJsonDocument json = ParseLine(line, &error);
-  if (json.isNull()) {
+  const QJsonDocument json = QJsonDocument::fromJson(scanned ? scanned->rest : text, &error);
+  if (!scanned || json.isNull()) {
     problem = QString("The worker's answer is no JSON (%1).").arg(error.errorString());
     return std::nullopt;
   }
@@ -128,7 +145,7 @@ std::optional<Drawing> ReadDocument(const QByteArray& line, QString& problem) {
     problem = "The worker's answer is no document.";
     return std::nullopt;
   }
-  return ReadSections(json.object());
+  return ReadSections(json.object(), text, *scanned);
 }
 
 }  // namespace preview

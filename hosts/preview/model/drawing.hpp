@@ -1,5 +1,5 @@
 // The worker's document as a host holds it: the sections as plain structures,
-// the records of entities as the JSON objects that they are.
+// the records of entities as places in its text.
 //
 // Nothing is resolved here. Keys that a document lacks get the value that their
 // absence means; a record of an unknown type stays in its list.
@@ -8,7 +8,6 @@
 #include <QtGui/qrgb.h>
 #include <QByteArray>
 #include <QHash>
-#include <QJsonArray>
 #include <QJsonObject>
 #include <QPointF>
 #include <QRectF>
@@ -18,6 +17,8 @@
 
 #include <optional>
 #include <vector>
+
+#include "model/record_list.hpp"
 
 namespace preview {
 
@@ -38,7 +39,7 @@ struct Layer {
 
 struct Block {
   QPointF base;
-  QJsonArray entities;
+  RecordList entities;
 };
 
 // The plot settings of a sheet, as stored.
@@ -59,7 +60,7 @@ struct Layout {
   QString name;
   int tabOrder = 0;
   std::optional<PageSetup> page;
-  QJsonArray entities;
+  RecordList entities;
 };
 
 // A dash, a gap or a dot of a line type, and what stands at its end.
@@ -87,11 +88,13 @@ struct TextStyle {
 };
 
 struct Drawing {
+  // The text in which the records stand.
+  QByteArray document;
   QString release;
   int units = 0;
   std::vector<Layer> layers;
   QHash<QString, Block> blocks;
-  QJsonArray entities;
+  RecordList entities;
   // In the order of their tabs.
   std::vector<Layout> layouts;
   QStringList warnings;
@@ -103,7 +106,8 @@ struct Drawing {
 };
 
 // The drawing of a document, or nothing and a reason in `problem` when the line
-// is no document. Bytes that are no UTF-8 are replaced.
+// is no document. Bytes that are no UTF-8 are replaced. A record that is no JSON is
+// an empty one.
 std::optional<Drawing> ReadDocument(const QByteArray& line, QString& problem);
 
 }  // namespace preview

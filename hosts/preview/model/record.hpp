@@ -8,13 +8,18 @@
 #include <QLatin1String>
 #include <QPointF>
 #include <QString>
+#include <QUtf8StringView>
 
 namespace preview {
 
-// A line of the worker as JSON. Bytes that are no UTF-8, which Qt's parser
-// refuses, are replaced.
+// The text with bytes that are no UTF-8, which Qt's parser refuses, replaced.
+inline QByteArray AsUtf8(const QByteArray& text) {
+  return QUtf8StringView(text).isValidUtf8() ? text : QString::fromUtf8(text).toUtf8();
+}
+
+// A line of the worker as JSON.
 inline QJsonDocument ParseLine(const QByteArray& line, QJsonParseError* error = nullptr) {
-  return QJsonDocument::fromJson(QString::fromUtf8(line).toUtf8(), error);
+  return QJsonDocument::fromJson(AsUtf8(line), error);
 }
 
 inline bool IsType(const QJsonObject& record, const char* type) {

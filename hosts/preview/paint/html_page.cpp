@@ -397,7 +397,8 @@ QByteArray Notes(const Scene& scene) {
 QByteArray Records(const Scene& scene) {
   QJsonArray records;
   QJsonObject texts;
-  for (const QJsonObject& record : scene.records) {
+  for (std::size_t i = 0; i < scene.records.size(); ++i) {
+    const QJsonObject record = scene.records[i];
     const QString text = TextOfRecord(record);
     if (!text.isEmpty()) {
       texts.insert(QString::number(records.size()), text);

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+#include <optional>
 
+#include "paint/thin_lines.hpp"
 #include "scene/dashes.hpp"
 #include "scene/vectors.hpp"
 
@@ -19,6 +22,15 @@ constexpr double kBarPixels = 3.0;
 constexpr double kShortestPattern = 3.0;
 constexpr double kClosestLines = 1.5;
 constexpr std::size_t kItemsBetweenLooks = 512;
+// More items in view than this are painted from the front to the back, without smoothing.
+constexpr std::size_t kMostSmoothItems = 40000;
+// Letters that are made when they are seen: from this height of capitals on, in pixels,
+// and of so many texts in a picture.
+constexpr double kSmallestLetters = 2.5;
+constexpr int kMostLateTexts = 1000;
+// Of a whole turn: a circle of one pixel's radius, and any.
+constexpr double kFewestSides = 8;
+constexpr double kMostSides = 128;
 // Qt's rasteriser loses precision far outside of its device.
 constexpr double kFarOutside = 20000;
 
@@ -29,6 +41,19 @@ double ShorterSide(const QRectF& box) {
 bool Touches(const QRectF& a, const QRectF& b) {
   return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() &&
          b.top() <= a.bottom();
+}
+
+// What of a sheet lies in an area of the device, with the width of lines; everything
+// when that cannot be said.
+QRectF SeenBy(const QTransform& toDevice, const QRectF& area) {
+  constexpr double kWidestLine = 100;
+  constexpr double kFar = 1e300;
+  bool canInvert = false;
+  const QTransform back = toDevice.inverted(&canInvert);
+  const QRectF seen =
+      back.mapRect(area.adjusted(-kWidestLine, -kWidestLine, kWidestLine, kWidestLine));
+  const bool isKnown = canInvert && std::isfinite(seen.width()) && std::isfinite(seen.height());
+  return isKnown ? seen : QRectF(QPointF(-kFar, -kFar), QPointF(kFar, kFar));
 }
 
 // One bit a pixel: where a dot of the same colour was painted already.
@@ -63,40 +88,24 @@ class DotGrid {
   std::vector<QRgb> last_;
 };
 
-// Cuts a segment to a box; false when nothing is left. Segments of a zoomed-in
-// drawing may reach millions of pixels outside.
-bool ClipSegment(QPointF& a, QPointF& b, const QRectF& box) {
-  double from = 0;
-  double to = 1;
-  const QPointF way = b - a;
-  const auto cut = [&](double p, double q) {
-    if (p == 0) {
-      return q >= 0;
-    }
-    const double r = q / p;
-    (p < 0 ? from : to) = p < 0 ? std::max(from, r) : std::min(to, r);
-    return from <= to;
-  };
-  if (!cut(-way.x(), a.x() - box.left()) || !cut(way.x(), box.right() - a.x()) ||
-      !cut(-way.y(), a.y() - box.top()) || !cut(way.y(), box.bottom() - a.y())) {
-    return false;
-  }
-  const QPointF start = a;
-  a = start + way * from;
-  b = start + way * to;
-  return true;
-}
-
 class Pass {
  public:
   Pass(QPainter& painter, const Scene& scene, const View& view)
       : painter_(painter), scene_(scene), view_(view), dots_(view.device) {
+    if (view.fromTheFront) {
+      painter_.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+      thin_.emplace(*static_cast<QImage*>(painter.device()), view.device.topLeft());
+    }
     shown_ = view.shown.empty() ? VisibleLayers(scene) : view.shown;
     painter_.setRenderHint(QPainter::Antialiasing, view.antialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, view.antialiasing);
   }
 
   void Paint(const Sheet& sheet) {
+    if (thin_) {
+      PaintFromTheFront(sheet);
+      return;
+    }
     painter_.fillRect(view_.device, view_.background);
     PaintPaper(sheet);
     for (const ViewportView& viewport : sheet.viewports) {
@@ -106,11 +115,22 @@ class Pass {
   }
 
  private:
+  // All that Paint() does, the other way round.
+  void PaintFromTheFront(const Sheet& sheet) {
+    PaintItems(sheet.items, view_.toDevice, view_.device, nullptr);
+    for (auto viewport = sheet.viewports.rbegin(); viewport != sheet.viewports.rend(); ++viewport) {
+      PaintViewport(*viewport);
+    }
+    PaintPaper(sheet);
+    painter_.fillRect(view_.device, view_.background);
+  }
+
   void PaintPaper(const Sheet& sheet) {
     if (sheet.paper) {
+      const QPolygonF paper = view_.toDevice.map(QPolygonF(*sheet.paper));
       painter_.setPen(QPen(QColor(kPaperEdge), 0));
-      painter_.setBrush(view_.background);
-      painter_.drawPolygon(view_.toDevice.map(QPolygonF(*sheet.paper)));
+      painter_.setBrush(thin_ ? QBrush() : QBrush(view_.background));
+      painter_.drawPolygon(paper);
     }
   }
 
@@ -122,21 +142,46 @@ class Pass {
     }
     painter_.save();
     painter_.setClipPath(clip, Qt::IntersectClip);
+    if (thin_) {
+      thin_->SetArea(area);
+      isClipped_ = !IsRectangle(clip);
+    }
     dashFactor_ = scene_.dashesByPaper ? 1 / FactorOf(viewport.modelToSheet) : 1;
     PaintItems(scene_.sheets.front().items, viewport.modelToSheet * view_.toDevice, area,
                &viewport.frozen);
     dashFactor_ = 1;
+    if (thin_) {
+      thin_->SetArea(view_.device);
+      isClipped_ = false;
+    }
     painter_.restore();
     pen_ = {};
   }
 
+  static bool IsRectangle(const QPainterPath& path) {
+    const QRectF box = path.boundingRect();
+    for (int i = 0; i < path.elementCount(); ++i) {
+      const QPointF point = path.elementAt(i);
+      const bool isCorner = (point.x() == box.left() || point.x() == box.right()) &&
+                            (point.y() == box.top() || point.y() == box.bottom());
+      if (!isCorner || path.elementAt(i).isCurveTo()) {
+        return false;
+      }
+    }
+    return path.elementCount() <= 5;
+  }
+
   void PaintItems(const std::vector<Item>& items, const QTransform& toDevice, const QRectF& area,
                   const std::vector<bool>* frozen) {
+    const QRectF seen = SeenBy(toDevice, area);
     for (std::size_t i = 0; i < items.size(); ++i) {
       if (i % kItemsBetweenLooks == 0 && view_.cancelled != nullptr && *view_.cancelled) {
         break;
       }
-      PaintItem(items[i], toDevice, area, frozen);
+      const Item& item = thin_ ? items[items.size() - 1 - i] : items[i];
+      if (Touches(item.bounds, seen)) {
+        PaintItem(item, toDevice, area, frozen);
+      }
     }
     SetClip(0, toDevice);
     Flush();
@@ -174,18 +219,89 @@ class Pass {
         !IsShown(scene_, item, shown_, frozen)) {
       return;
     }
+    if (thin_ && thin_->IsHidden(box.adjusted(-reach, -reach, reach, reach))) {
+      return;
+    }
     const QColor color = ColorOf(item.ink);
     SetClip(item.clip, toDevice);
     if (box.width() < kDotPixels && box.height() < kDotPixels) {
       PaintDot(box.center(), color, item.lineweight);
+    } else if (item.shape->lateHeight > 0) {
+      PaintLateText(item, toDevice, box, color);
     } else if (item.shape->isText && ShorterSide(box) < kBarPixels) {
       PaintBar(box, color);
     } else if (item.dashes > 0 && PaintDashes(item, toDevice, area, color)) {
       return;
     } else if (!item.shape->polyline.isEmpty()) {
       PaintPolyline(item, toDevice, area, color);
+    } else if (item.shape->round && IsThin(color)) {
+      PaintRound(*item.shape->round, *item.place * toDevice, color, item.lineweight);
     } else {
-      PaintShape(item, toDevice, color);
+      PaintShape(*item.shape, *item.place * toDevice, color, item.lineweight);
+    }
+    // What lies behind it comes later.
+    if (thin_) {
+      Flush();
+    }
+  }
+
+  // Whether a line of that colour may be painted by `thin_`.
+  bool IsThin(const QColor& color) const {
+    return thin_ && clip_ == 0 && !isClipped_ && color.alpha() == 255;
+  }
+
+  void PaintThin(QPointF a, QPointF b, const QColor& color, int lineweight) {
+    thin_->Draw(a, b, color.rgba(), static_cast<int>(std::lround(PenWidth(lineweight))));
+  }
+
+  void PaintRound(const Round& round, const QTransform& transform, const QColor& color,
+                  int lineweight) {
+    const double turns = round.sweep / (2 * std::numbers::pi);
+    const double sides =
+        std::ceil(turns * std::clamp(kFewestSides * std::sqrt(round.radius * FactorOf(transform)),
+                                     kFewestSides, kMostSides));
+    const auto at = [&](double share) {
+      return transform.map(round.center +
+                           DirectionOf(round.start + round.sweep * share) * round.radius);
+    };
+    QPointF last = at(0);
+    for (int i = 1; i <= static_cast<int>(sides); ++i) {
+      const QPointF next = at(i / sides);
+      PaintThin(last, next, color, lineweight);
+      last = next;
+    }
+  }
+
+  // Null when there are too many in this picture.
+  ShapePtr LettersOf(const Item& item) {
+    const bool hasRoom =
+        view_.newTexts == std::numeric_limits<int>::max() || lateTexts_ < kMostLateTexts;
+    if (!scene_.letters || !hasRoom) {
+      return nullptr;
+    }
+    bool isNew = false;
+    ShapePtr letters = scene_.letters(item.record, newTexts_ < view_.newTexts, isNew);
+    newTexts_ += isNew ? 1 : 0;
+    lateTexts_ += letters ? 1 : 0;
+    if (!letters && view_.isUnfinished != nullptr && newTexts_ >= view_.newTexts) {
+      *view_.isUnfinished = true;
+    }
+    return letters;
+  }
+
+  // Letters where they can be read, else a bar.
+  void PaintLateText(const Item& item, const QTransform& toDevice, const QRectF& box,
+                     const QColor& color) {
+    const QTransform transform = *item.place * toDevice;
+    const bool isLegible =
+        static_cast<double>(item.shape->lateHeight) * FactorOf(transform) >= kSmallestLetters;
+    const ShapePtr letters = isLegible ? LettersOf(item) : nullptr;
+    if (letters) {
+      PaintShape(*letters, transform, color, item.lineweight);
+    } else if (transform.type() <= QTransform::TxScale && ShorterSide(box) < kBarPixels) {
+      PaintBar(box, color);
+    } else {
+      PaintShape(*item.shape, transform, color, item.lineweight);
     }
   }
 
@@ -194,7 +310,9 @@ class Pass {
   }
 
   void PaintDot(QPointF at, const QColor& color, int lineweight) {
-    if (dots_.Take(at, color.rgba())) {
+    if (IsThin(color)) {
+      PaintThin(at, at, color, lineweight);
+    } else if (dots_.Take(at, color.rgba())) {
       SetPen(color, lineweight);
       lines_.append(QLineF(at, at + QPointF(0.01, 0)));
     }
@@ -209,11 +327,11 @@ class Pass {
   void PaintPolyline(const Item& item, const QTransform& toDevice, const QRectF& area,
                      const QColor& color) {
     SetPen(color, item.lineweight);
-    const QTransform transform = item.place * toDevice;
+    const QTransform transform = *item.place * toDevice;
     const double reach = PenWidth(item.lineweight) + 1;
     const QRectF wide = area.adjusted(-reach, -reach, reach, reach);
     const QPolygonF& points = item.shape->polyline;
-    if (points.size() > 2 && wide.contains(toDevice.mapRect(item.bounds))) {
+    if (!IsThin(color) && points.size() > 2 && wide.contains(toDevice.mapRect(item.bounds))) {
       Flush();
       painter_.drawPolyline(transform.map(points));
       return;
@@ -234,11 +352,12 @@ class Pass {
   bool PaintDashes(const Item& item, const QTransform& toDevice, const QRectF& area,
                    const QColor& color) {
     const Shape& shape = *item.shape;
-    if (shape.parts.size() != 1 || shape.parts[0].fill != Fill::kNone || !shape.image.isNull()) {
+    const PartList parts(shape);
+    if (parts.size() != 1 || parts.front().fill != Fill::kNone || shape.hasImage()) {
       return false;
     }
     const double reach = PenWidth(item.lineweight) + 1;
-    const auto dashes = DashesOf((item.place * toDevice).map(shape.parts[0].path),
+    const auto dashes = DashesOf((*item.place * toDevice).map(parts.front().path),
                                  scene_.dashPatterns[static_cast<std::size_t>(item.dashes)],
                                  {.scale = item.dashScale * dashFactor_ * FactorOf(toDevice),
                                   .restarts = shape.restartsDashes,
@@ -256,26 +375,41 @@ class Pass {
 
   // A line without length would not be painted.
   void AppendLine(QPointF a, QPointF b) {
+    if (IsThin(pen_.color)) {
+      thin_->Draw(a, b, pen_.color.rgba(), static_cast<int>(std::lround(pen_.width)));
+      return;
+    }
     lines_.append(a == b ? QLineF(a, a + QPointF(0.01, 0)) : QLineF(a, b));
   }
 
-  void PaintShape(const Item& item, const QTransform& toDevice, const QColor& color) {
+  void PaintShape(const Shape& shape, const QTransform& transform, const QColor& color,
+                  int lineweight) {
     Flush();
-    const QTransform transform = item.place * toDevice;
-    if (!item.shape->image.isNull()) {
-      PaintImage(*item.shape, transform);
+    const PartList parts(shape);
+    const auto paint = [&](const Part& part) {
+      PaintPart(part, transform, part.ink ? ColorOf(*part.ink) : color, lineweight);
+    };
+    if (thin_) {
+      for (const Part* part = parts.end(); part != parts.begin();) {
+        paint(*--part);
+        Flush();
+      }
     }
-    for (const Part& part : item.shape->parts) {
-      PaintPart(part, transform, part.ink ? ColorOf(*part.ink) : color, item.lineweight);
+    if (shape.hasImage()) {
+      PaintImage(shape, transform);
+    }
+    if (!thin_) {
+      std::for_each(parts.begin(), parts.end(), paint);
     }
   }
 
   // Pictures have their first row at the top.
   void PaintImage(const Shape& shape, const QTransform& transform) {
-    const QTransform upright(1.0 / shape.image.width(), 0, 0, -1.0 / shape.image.height(), 0, 1);
+    const QTransform upright(1.0 / shape.picture->image.width(), 0, 0,
+                             -1.0 / shape.picture->image.height(), 0, 1);
     painter_.save();
-    painter_.setTransform(upright * shape.imagePlace * transform, true);
-    painter_.drawImage(QPointF(0, 0), shape.image);
+    painter_.setTransform(upright * shape.picture->place * transform, true);
+    painter_.drawImage(QPointF(0, 0), shape.picture->image);
     painter_.restore();
   }
 
@@ -309,7 +443,7 @@ class Pass {
   // A path that reaches far outside goes through lines, which are cut.
   void StrokePath(const QPainterPath& path) {
     const QRectF far = view_.device.adjusted(-kFarOutside, -kFarOutside, kFarOutside, kFarOutside);
-    if (far.contains(path.controlPointRect())) {
+    if (!IsThin(pen_.color) && far.contains(path.controlPointRect())) {
       Flush();
       painter_.setBrush(Qt::NoBrush);
       painter_.drawPath(path);
@@ -320,7 +454,7 @@ class Pass {
         QPointF a = polygon[i - 1];
         QPointF b = polygon[i];
         if (ClipSegment(a, b, far)) {
-          lines_.append(QLineF(a, b));
+          AppendLine(a, b);
         }
       }
     }
@@ -361,6 +495,13 @@ class Pass {
   const View& view_;
   std::vector<bool> shown_;
   DotGrid dots_;
+  // When the picture is painted from the front to the back.
+  std::optional<ThinLines> thin_;
+  // Of a viewport that is no rectangle.
+  bool isClipped_ = false;
+  // Of which the letters were made before, or for this picture.
+  int lateTexts_ = 0;
+  int newTexts_ = 0;
   PenLook pen_;
   // Of the painter at present, as an index into the scene's clips.
   int clip_ = 0;
@@ -421,6 +562,49 @@ bool IsShown(const Scene& scene, const Item& item, const std::vector<bool>& show
   }
   return !AnyFrozen(std::span(&item.layer, 1), *frozen) &&
          !AnyFrozen(scene.ownerSets[static_cast<std::size_t>(item.owners)], *frozen);
+}
+
+namespace {
+
+// How many items touch a part of a sheet; no more than `most` are counted.
+std::size_t CountSeen(const std::vector<Item>& items, const QRectF& seen, std::size_t most) {
+  std::size_t count = 0;
+  for (const Item& item : items) {
+    count += Touches(item.bounds, seen) ? 1U : 0U;
+    if (count >= most) {
+      break;
+    }
+  }
+  return count;
+}
+
+bool HasTooManyItems(const Scene& scene, const Sheet& sheet, const View& view) {
+  std::size_t count = CountSeen(sheet.items, SeenBy(view.toDevice, view.device), kMostSmoothItems);
+  for (const ViewportView& viewport : sheet.viewports) {
+    const QRectF area =
+        view.toDevice.mapRect(viewport.clip.boundingRect()).intersected(view.device);
+    if (count < kMostSmoothItems && !area.isEmpty()) {
+      count += CountSeen(scene.sheets.front().items,
+                         SeenBy(viewport.modelToSheet * view.toDevice, area), kMostSmoothItems);
+    }
+  }
+  return count >= kMostSmoothItems;
+}
+
+}  // namespace
+
+QImage PictureOf(const Scene& scene, const Sheet& sheet, const View& view) {
+  View own = view;
+  own.fromTheFront = HasTooManyItems(scene, sheet, view);
+  QImage image(view.device.size().toSize(),
+               own.fromTheFront ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  if (own.fromTheFront) {
+    image.fill(Qt::transparent);
+  }
+  QPainter painter(&image);
+  painter.translate(-view.device.topLeft());
+  PaintSheet(painter, scene, sheet, own);
+  return image;
 }
 
 void PaintSheet(QPainter& painter, const Scene& scene, const Sheet& sheet, const View& view) {

@@ -7,6 +7,7 @@
 #include <QTransform>
 
 #include <atomic>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -30,6 +31,13 @@ struct View {
   bool monochrome = false;
   // For every layer whether it is shown; empty for the layers that are on.
   std::vector<bool> shown;
+  // Everything is painted under what is there already, what comes last first, and lines
+  // are not smoothed: on a QImage as PictureOf() prepares it.
+  bool fromTheFront = false;
+  // Texts whose letters may be made for this picture; further ones are bars, and
+  // `isUnfinished` becomes true: the next picture has more of them.
+  int newTexts = std::numeric_limits<int>::max();
+  bool* isUnfinished = nullptr;
   // Painting ends early, with a part of the sheet, when this becomes true.
   const std::atomic<bool>* cancelled = nullptr;
 };
@@ -52,6 +60,9 @@ bool AnyFrozen(std::span<const int> layers, const std::vector<bool>& frozen);
 // items show only when the scene shows them.
 bool IsShown(const Scene& scene, const Item& item, const std::vector<bool>& shown,
              const std::vector<bool>* frozen);
+
+// The device's part as a picture, smoothed unless there is too much to see.
+QImage PictureOf(const Scene& scene, const Sheet& sheet, const View& view);
 
 // Paints background, paper, viewports and items.
 void PaintSheet(QPainter& painter, const Scene& scene, const Sheet& sheet, const View& view);

@@ -148,8 +148,8 @@ bool IsPassedOver(const Part& part, const QTransform& transform) {
 // The part's path in the picture, in dashes where the item has them.
 QPainterPath PicturePath(const Part& part, const Item& item, const Scene& scene,
                          const QTransform& toPicture) {
-  const QPainterPath path = (item.place * toPicture).map(part.path);
-  if (part.fill != Fill::kNone || item.dashes == 0 || item.shape->parts.size() != 1) {
+  const QPainterPath path = (*item.place * toPicture).map(part.path);
+  if (part.fill != Fill::kNone || item.dashes == 0 || PartList(*item.shape).size() != 1) {
     return path;
   }
   const auto dashes =
@@ -171,7 +171,7 @@ QPainterPath PicturePath(const Part& part, const Item& item, const Scene& scene,
 
 QByteArray PartElement(const Part& part, const Item& item, const Scene& scene,
                        const QTransform& toPicture, const ExportOptions& options) {
-  if (IsPassedOver(part, item.place * toPicture)) {
+  if (IsPassedOver(part, *item.place * toPicture)) {
     return {};
   }
   const QPainterPath path = PicturePath(part, item, scene, toPicture);
@@ -191,11 +191,11 @@ QByteArray ImageElement(const Item& item, const QTransform& toPicture,
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
-  item.shape->image.save(&buffer, "PNG");
+  item.shape->picture->image.save(&buffer, "PNG");
   const QTransform upright(1, 0, 0, -1, 0, 1);
   return "<image" + ClassOf(item) + RecordOf(item, options) +
          " width=\"1\" height=\"1\" preserveAspectRatio=\"none\" transform=\"" +
-         Matrix(upright * item.shape->imagePlace * item.place * toPicture) +
+         Matrix(upright * item.shape->picture->place * *item.place * toPicture) +
          "\" href=\"data:image/png;base64," + png.toBase64() + "\"/>\n";
 }
 
@@ -210,10 +210,11 @@ QByteArray ClipStart(const Scene& scene, int clip, const QTransform& toPicture) 
 QByteArray ItemElements(const Item& item, const Scene& scene, const QTransform& toPicture,
                         const ExportOptions& options) {
   QByteArray out;
-  if (!item.shape->image.isNull()) {
+  if (item.shape->hasImage()) {
     out += ImageElement(item, toPicture, options);
   }
-  for (const Part& part : item.shape->parts) {
+  const ShapePtr shape = scene.WithLetters(item);
+  for (const Part& part : PartList(*shape)) {
     out += PartElement(part, item, scene, toPicture, options);
   }
   return out;

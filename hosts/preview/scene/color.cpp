@@ -44,29 +44,63 @@ int LayerTable::LineweightOf(int layer) const {
              : layers_[static_cast<std::size_t>(layer)].lineweight.value_or(kDefaultLineweight);
 }
 
+ColorSource ColorSourceOf(const QJsonValue& color) {
+  if (color.isObject()) {
+    return {ColorSource::From::kItself, ExplicitInk(color.toObject())};
+  }
+  const QString tag = color.toString();
+  if (tag == QLatin1String("K")) {
+    return {ColorSource::From::kReference, {}};
+  }
+  return {tag == QLatin1String("W") ? ColorSource::From::kItself : ColorSource::From::kLayer, {}};
+}
+
+Ink ResolveColor(const ColorSource& color, int layer, const Inherited& from,
+                 const LayerTable& layers) {
+  switch (color.from) {
+    case ColorSource::From::kItself: return color.ink;
+    case ColorSource::From::kReference: return from.byBlock;
+    case ColorSource::From::kLayer: break;
+  }
+  return layers.InkOf(layer);
+}
+
+int LineweightSourceOf(const QJsonValue& lineweight) {
+  if (lineweight.isDouble()) {
+    return std::max(0, lineweight.toInt());
+  }
+  return lineweight.toString() == QLatin1String("K") ? Look::kLineweightOfReference
+                                                     : Look::kLineweightOfLayer;
+}
+
+int ResolveLineweight(int source, int layer, const Inherited& from, const LayerTable& layers) {
+  if (source >= 0) {
+    return source;
+  }
+  return source == Look::kLineweightOfReference && from.insideBlock ? from.lineweight
+                                                                    : layers.LineweightOf(layer);
+}
+
+int EffectiveLayer(const Look& look, const Inherited& from) {
+  return from.insideBlock && look.isOnZero ? from.layer : look.layer;
+}
+
 int EffectiveLayer(const QJsonObject& record, const Inherited& from, const LayerTable& layers) {
   const QString name = record["layer"].toString();
-  return from.insideBlock && name == QLatin1String("0") ? from.layer : layers.IndexOf(name);
+  Look look;
+  look.layer = layers.IndexOf(name);
+  look.isOnZero = name == QLatin1String("0");
+  return EffectiveLayer(look, from);
 }
 
 Ink ResolveColor(const QJsonValue& color, int layer, const Inherited& from,
                  const LayerTable& layers) {
-  if (color.isObject()) {
-    return ExplicitInk(color.toObject());
-  }
-  const QString tag = color.toString();
-  if (tag == QLatin1String("K")) {
-    return from.byBlock;
-  }
-  return tag == QLatin1String("W") ? Ink{} : layers.InkOf(layer);
+  return ResolveColor(ColorSourceOf(color), layer, from, layers);
 }
 
 int ResolveLineweight(const QJsonValue& lineweight, int layer, const Inherited& from,
                       const LayerTable& layers) {
-  if (from.insideBlock && lineweight.toString() == QLatin1String("K")) {
-    return from.lineweight;
-  }
-  return lineweight.isDouble() ? std::max(0, lineweight.toInt()) : layers.LineweightOf(layer);
+  return ResolveLineweight(LineweightSourceOf(lineweight), layer, from, layers);
 }
 
 }  // namespace preview

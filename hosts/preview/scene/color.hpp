@@ -42,15 +42,51 @@ struct Inherited {
   int dashes = 0;
 };
 
-// A record's own layer; that of the reference for a part on layer "0".
-int EffectiveLayer(const QJsonObject& record, const Inherited& from, const LayerTable& layers);
+// Where a colour comes from, before the layer and the reference are known.
+struct ColorSource {
+  enum class From : unsigned char { kLayer, kReference, kItself };
+  From from = From::kLayer;
+  Ink ink = {};
+};
+
+// How a record looks, before layers and references are known.
+struct Look {
+  // Index of its own layer; -1 for one that the document lacks.
+  int layer = -1;
+  // On layer "0", which in a block is that of the reference.
+  bool isOnZero = false;
+  bool isInvisible = false;
+  ColorSource color = {};
+  // Hundredths of a millimetre, or one of the two below.
+  int lineweight = kLineweightOfLayer;
+  // Index into the scene's dash patterns, or one of the two below.
+  int dashes = kDashesOfLayer;
+  double dashScale = 1;
+
+  static constexpr int kLineweightOfLayer = -1;
+  static constexpr int kLineweightOfReference = -2;
+  static constexpr int kDashesOfLayer = -1;
+  static constexpr int kDashesOfReference = -2;
+};
 
 // `color` as the keys of records and dimension styles have it: "L" takes the
 // layer's colour, "K" the reference's, "W" the foreground.
+ColorSource ColorSourceOf(const QJsonValue& color);
+Ink ResolveColor(const ColorSource& color, int layer, const Inherited& from,
+                 const LayerTable& layers);
+
+// As in `Look`: an explicit lineweight, the reference's for "K", the layer's else.
+int LineweightSourceOf(const QJsonValue& lineweight);
+int ResolveLineweight(int source, int layer, const Inherited& from, const LayerTable& layers);
+
+// A record's own layer; that of the reference for a part on layer "0".
+int EffectiveLayer(const Look& look, const Inherited& from);
+int EffectiveLayer(const QJsonObject& record, const Inherited& from, const LayerTable& layers);
+
+// The same in one step.
 Ink ResolveColor(const QJsonValue& color, int layer, const Inherited& from,
                  const LayerTable& layers);
 
-// An explicit lineweight, the reference's for "K", the layer's else.
 int ResolveLineweight(const QJsonValue& lineweight, int layer, const Inherited& from,
                       const LayerTable& layers);
 

@@ -192,8 +192,36 @@ QPainterPath StraightPath(std::span<const QPointF> points, bool closed) {
 }
 
 QPainterPath ArcPath(QPointF center, double radius, double start, double end) {
-  return MappedArc(QTransform(radius, 0, 0, radius, center.x(), center.y()), start,
-                   SweepOf(start, end));
+  return RoundPath(RoundOf(center, radius, start, end));
+}
+
+Round RoundOf(QPointF center, double radius, double start, double end) {
+  return {center, radius, start, SweepOf(start, end)};
+}
+
+QPainterPath RoundPath(const Round& round) {
+  return MappedArc(QTransform(round.radius, 0, 0, round.radius, round.center.x(), round.center.y()),
+                   round.start, round.sweep);
+}
+
+// A transform makes an ellipse of a circle, which turns where its two axes say.
+QRectF BoundsOfRound(const Round& round, const QTransform& place) {
+  const QPointF center = place.map(round.center);
+  const QPointF a = QPointF(place.m11(), place.m12()) * round.radius;
+  const QPointF b = QPointF(place.m21(), place.m22()) * round.radius;
+  const auto at = [&](double angle) { return center + a * std::cos(angle) + b * std::sin(angle); };
+  const auto point = [](QPointF p) { return QRectF(p, QSizeF(0, 0)); };
+  QRectF box = Around(point(at(round.start)), point(at(round.start + round.sweep)));
+  const double turns[] = {std::atan2(b.x(), a.x()), std::atan2(b.y(), a.y())};
+  for (const double turn : turns) {
+    for (const double angle : {turn, turn + kTurn / 2}) {
+      const double along = std::fmod(std::fmod(angle - round.start, kTurn) + kTurn, kTurn);
+      if (along <= round.sweep) {
+        box = Around(box, point(at(angle)));
+      }
+    }
+  }
+  return box;
 }
 
 QPainterPath EllipsePath(const EllipseShape& ellipse, double start, double end) {

@@ -9,6 +9,8 @@
 #include <span>
 #include <vector>
 
+#include "scene/scene.hpp"
+
 namespace preview {
 
 // A path of straight segments; closed when asked.
@@ -17,6 +19,11 @@ QPainterPath StraightPath(std::span<const QPointF> points, bool closed);
 // The arc of a circle, counter-clockwise from `start` to `end`; a whole circle
 // when both are the same direction.
 QPainterPath ArcPath(QPointF center, double radius, double start, double end);
+
+// The same as it is drawn, and the box around what a transform makes of it.
+Round RoundOf(QPointF center, double radius, double start, double end);
+QPainterPath RoundPath(const Round& round);
+QRectF BoundsOfRound(const Round& round, const QTransform& place);
 
 struct EllipseShape {
   QPointF center;

@@ -51,6 +51,14 @@ std::vector<QPointF> PointsFromAbove(const QJsonValue& points) {
   return all;
 }
 
+QTransform PlaceOfReference(QPointF at, double rotation, QPointF scale) {
+  QTransform transform;
+  transform.translate(at.x(), at.y());
+  transform.rotateRadians(rotation);
+  transform.scale(scale.x(), scale.y());
+  return transform;
+}
+
 QTransform PlaneOfNormal(const Vector3& normal, double elevation) {
   const Vector3 z = Normalized(normal);
   const bool nearZ = std::abs(z.x) < kNearZ && std::abs(z.y) < kNearZ;

@@ -32,6 +32,9 @@ inline QPointF FromAbove(const Vector3& v) {
 QPointF PointFromAbove(const QJsonValue& numbers);
 std::vector<QPointF> PointsFromAbove(const QJsonValue& points);
 
+// A block's own coordinates to those that its reference counts in.
+QTransform PlaceOfReference(QPointF at, double rotation, QPointF scale);
+
 // The axes of a plane with this normal by the arbitrary axis algorithm, as a
 // transform of its points to the world seen from above.
 QTransform PlaneOfNormal(const Vector3& normal, double elevation);

@@ -10,7 +10,6 @@
 #include <QtGui/qrgb.h>
 #include <QBrush>
 #include <QImage>
-#include <QJsonObject>
 #include <QPainterPath>
 #include <QPolygonF>
 #include <QRectF>
@@ -19,6 +18,7 @@
 #include <QStringList>
 #include <QTransform>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -65,25 +65,71 @@ struct Part {
   std::shared_ptr<const QGradient> gradient = nullptr;
 };
 
+struct Picture {
+  QImage image;
+  // Maps its unit square, Y up, to the picture's frame.
+  QTransform place;
+};
+
+// An arc of a circle, counter-clockwise; a whole circle for a sweep of one turn.
+struct Round {
+  QPointF center;
+  double radius = 0;
+  double start = 0;
+  double sweep = 0;
+};
+
+// Drawings have a great many of them: PartsOf() gives their parts, which the most
+// common ones make when they are asked for.
 struct Shape {
-  std::vector<Part> parts;
-  // The only part again when it is an open or closed run of straight segments.
-  QPolygonF polyline;
+  std::vector<Part> parts = {};
+  // The only part, or the only part again, when it is an open or closed run of
+  // straight segments; the frame of a text whose letters are made when they are seen.
+  QPolygonF polyline = {};
+  // The only part of a plain circle or arc.
+  std::shared_ptr<const Round> round = nullptr;
   // Text may be drawn as a bar when it is too small to read.
   bool isText = false;
   // Its size depends on the fonts at hand: text, and what has text in it.
   bool hasText = false;
   // Dashes begin anew at each of its points.
   bool restartsDashes = false;
-  // Mapped so that its unit square, Y up, is the picture's frame.
-  QImage image;
-  QTransform imagePlace;
+  // Of a text whose letters are made when they are seen (Scene::letters): the height of
+  // its capitals. 0 for all others.
+  float lateHeight = 0;
+  // May have no image: then its frame stands for it.
+  std::shared_ptr<const Picture> picture = nullptr;
+
+  bool hasImage() const { return picture && !picture->image.isNull(); }
 };
 using ShapePtr = std::shared_ptr<const Shape>;
 
+// The parts of a shape, which has to stay.
+class PartList {
+ public:
+  explicit PartList(const Shape& shape);
+  PartList(const PartList&) = delete;
+  PartList& operator=(const PartList&) = delete;
+
+  const Part* begin() const { return begin_; }
+  const Part* end() const { return end_; }
+  std::size_t size() const { return static_cast<std::size_t>(end_ - begin_); }
+  bool empty() const { return begin_ == end_; }
+  const Part& front() const { return *begin_; }
+
+ private:
+  Part own_;
+  const Part* begin_;
+  const Part* end_;
+};
+
+using SharedTransform = std::shared_ptr<const QTransform>;
+// That of all that stands in a sheet itself.
+const SharedTransform& NoTransform();
+
 struct Item {
   ShapePtr shape;
-  QTransform place;
+  SharedTransform place = NoTransform();
   QRectF bounds;
   Ink ink;
   // Hundredths of a millimetre.
@@ -148,7 +194,7 @@ struct Scene {
   // The first is empty.
   std::vector<std::vector<int>> ownerSets;
   // The document's records, each once, however often its block is used.
-  std::vector<QJsonObject> records;
+  RecordList records;
   std::vector<BlockUse> uses;
   // The first is empty.
   std::vector<DashPattern> dashPatterns = {{}};
@@ -161,6 +207,12 @@ struct Scene {
   bool showHidden = false;
   // The document's warnings and what could not be drawn.
   QStringList notes;
+  // The shape with letters of a record whose shape has a `lateHeight`, made now when it
+  // may be, which takes a while and is said by `isNew`; null when it is not there. From
+  // any thread.
+  std::function<ShapePtr(int record, bool mayMake, bool& isNew)> letters = {};
+  // The same, whatever it takes; the shape itself when it is not one of those.
+  ShapePtr WithLetters(const Item& item) const;
 };
 
 // The sheet of that name, "Model" for model space; -1 when there is none.

@@ -1,26 +1,24 @@
 #include "scene/scene_builder.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <map>
+#include <mutex>
+#include <numeric>
+#include <span>
+#include <thread>
 
 #include "model/record.hpp"
 #include "scene/color.hpp"
+#include "scene/curves.hpp"
 #include "scene/dashes.hpp"
+#include "scene/plain_records.hpp"
 #include "scene/plane.hpp"
 #include "scene/shapes.hpp"
 #include "scene/vectors.hpp"
 #include "scene/viewport_mapping.hpp"
 
 namespace preview {
-
-int FindSheet(const Scene& scene, const QString& name) {
-  for (std::size_t i = 0; i < scene.sheets.size(); ++i) {
-    if (scene.sheets[i].name == name) {
-      return static_cast<int>(i);
-    }
-  }
-  return -1;
-}
 
 namespace {
 
@@ -32,21 +30,25 @@ struct References {
 
 // A record that was looked at once, for all instances of its block.
 struct Prepared {
-  QJsonObject record;
+  // Empty for one that was read without JSON.
+  QJsonObject record = {};
   // Index into the scene's records.
   int index = -1;
-  ShapePtr shape;
+  Look look = {};
+  ShapePtr shape = nullptr;
   bool infinite = false;
   // Of a dimension, whose parts depend on the reference's colour.
   bool dependsOnReference = false;
   // Of a point whose mark's size is a share of the view.
   bool dependsOnView = false;
+  // Only a multileader is more than its block.
+  bool isMoreThanReference = false;
   // Of blocks that the document has.
   std::optional<References> references = std::nullopt;
 };
 
 struct Place {
-  QTransform transform;
+  SharedTransform transform = NoTransform();
   Inherited inherited;
   int owners = 0;
   int depth = 0;
@@ -57,46 +59,32 @@ struct Place {
   bool hidden = false;
 };
 
-// Records in the order in which they are drawn. Attributes, which have no place of
-// their own, stay behind their reference.
-std::vector<QJsonObject> InDrawOrder(const QJsonArray& records) {
-  struct Ranked {
-    QJsonObject record;
-    double rank = 0;
-  };
-  std::vector<Ranked> ranked;
-  ranked.reserve(static_cast<std::size_t>(records.size()));
+// Records in the order in which they are drawn, as indices into their list. Attributes,
+// which have no place of their own, stay behind their reference.
+std::vector<std::size_t> InDrawOrder(const RecordList& records) {
+  std::vector<std::size_t> ordered(records.size());
+  std::iota(ordered.begin(), ordered.end(), std::size_t{0});
+  if (records.Text().find("\"drawOrder\"") == std::string_view::npos) {
+    return ordered;
+  }
+  std::vector<double> ranks(records.size());
   double last = -1;
-  for (const auto& value : records) {
-    const QJsonObject record = value.toObject();
-    last = record["drawOrder"].toDouble(last);
-    ranked.push_back({record, last});
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const bool mayHave = records.TextAt(i).find("\"drawOrder\"") != std::string_view::npos;
+    last = mayHave ? records[i]["drawOrder"].toDouble(last) : last;
+    ranks[i] = last;
   }
-  std::stable_sort(ranked.begin(), ranked.end(),
-                   [](const Ranked& a, const Ranked& b) { return a.rank < b.rank; });
-  std::vector<QJsonObject> ordered;
-  ordered.reserve(ranked.size());
-  for (Ranked& one : ranked) {
-    ordered.push_back(std::move(one.record));
-  }
+  std::stable_sort(ordered.begin(), ordered.end(),
+                   [&ranks](std::size_t a, std::size_t b) { return ranks[a] < ranks[b]; });
   return ordered;
 }
 
 constexpr int kMostCells = 100000;
 
-// The block's own coordinates to those that the insertion point counts in.
-QTransform ScaledAndTurned(QPointF at, double rotation, QPointF scale) {
-  QTransform transform;
-  transform.translate(at.x(), at.y());
-  transform.rotateRadians(rotation);
-  transform.scale(scale.x(), scale.y());
-  return transform;
-}
-
 References ReferencesOfInsert(const QJsonObject& insert) {
   References references{insert["blockName"].toString(), {}};
   const double turn = NumberOf(insert, "rotationRad");
-  const QTransform turned = ScaledAndTurned(PointOf(insert, "x", "y"), turn, {1, 1});
+  const QTransform turned = PlaceOfReference(PointOf(insert, "x", "y"), turn, {1, 1});
   const QTransform plane = PlaneOf(insert);
   const int columns = std::max(1, insert["columns"].toInt(1));
   const int rows = std::max(1, insert["rows"].toInt(1));
@@ -120,8 +108,8 @@ References ReferencesOfMultileader(const QJsonObject& block) {
   const QPointF at = PointFromAbove(block["position"]);
   const QJsonArray scale = block["scale"].toArray();
   return {block["blockName"].toString(),
-          {ScaledAndTurned(at, NumberOf(block, "rotationRad"),
-                           {scale[0].toDouble(1), scale[1].toDouble(1)})}};
+          {PlaceOfReference(at, NumberOf(block, "rotationRad"),
+                            {scale[0].toDouble(1), scale[1].toDouble(1)})}};
 }
 
 // The blocks that show a record: its references to their definitions, or what a
@@ -135,7 +123,7 @@ References ReferencesOf(const QJsonObject& record) {
   }
   if (IsType(record, "ACAD_TABLE")) {
     return {record["blockName"].toString(),
-            {ScaledAndTurned(PointOf(record, "x", "y"), NumberOf(record, "rotationRad"), {1, 1})}};
+            {PlaceOfReference(PointOf(record, "x", "y"), NumberOf(record, "rotationRad"), {1, 1})}};
   }
   return {record["blockName"].toString(), {QTransform()}};
 }
@@ -159,10 +147,24 @@ QRectF BoxOfPath(const QPainterPath& path, const QTransform& place, bool isText)
   return isText ? BoxOfPoints(path, place) : place.map(path).boundingRect();
 }
 
+QRectF BoundsOfRun(const QPolygonF& points, const QTransform& place) {
+  if (place.type() == QTransform::TxNone) {
+    return points.boundingRect();
+  }
+  QRectF box(place.map(points.front()), QSizeF(0, 0));
+  for (const QPointF& point : points) {
+    box = Around(box, QRectF(place.map(point), QSizeF(0, 0)));
+  }
+  return box;
+}
+
 // Exact for what is drawn: a mapped box would grow with every rotation.
 QRectF BoundsOf(const Shape& shape, const QTransform& place) {
   if (!shape.polyline.isEmpty()) {
-    return place.map(shape.polyline).boundingRect();
+    return BoundsOfRun(shape.polyline, place);
+  }
+  if (shape.round) {
+    return BoundsOfRound(*shape.round, place);
   }
   QRectF bounds;
   bool first = true;
@@ -178,6 +180,64 @@ void Grow(std::optional<QRectF>& all, const QRectF& box) {
   all = all ? Around(*all, box) : box;
 }
 
+constexpr std::size_t kRecordsAtOnce = 32768;
+constexpr std::size_t kFewestForThreads = 1024;
+
+// A task for each number below `count`, on all processors when there are many.
+void ForAll(std::size_t count, const std::function<void(std::size_t)>& task) {
+  const std::size_t threads =
+      count < kFewestForThreads ? 1 : std::max(1U, std::thread::hardware_concurrency());
+  const auto share = [&](std::size_t thread) {
+    const std::size_t end = count * (thread + 1) / threads;
+    for (std::size_t i = count * thread / threads; i < end; ++i) {
+      task(i);
+    }
+  };
+  std::vector<std::thread> others;
+  for (std::size_t thread = 1; thread < threads; ++thread) {
+    others.emplace_back(share, thread);
+  }
+  share(0);
+  for (std::thread& other : others) {
+    other.join();
+  }
+}
+
+// Makes the letters of texts that were left for later. Those of some thousand texts, the
+// most that a picture shows, are kept.
+class Letters {
+ public:
+  Letters(ShapeContext context, RecordList records)
+      : context_(std::move(context)), records_(std::move(records)) {
+    context_.textAsBars = false;
+    context_.styleInk = [](const QJsonValue&) { return Ink{}; };
+  }
+
+  ShapePtr Of(int record, bool mayMake, bool& isNew) {
+    const std::lock_guard lock(mutex_);
+    const auto found = kept_.constFind(record);
+    if (found != kept_.constEnd()) {
+      return *found;
+    }
+    if (!mayMake) {
+      return nullptr;
+    }
+    if (kept_.size() >= kMostKept) {
+      kept_.clear();
+    }
+    isNew = true;
+    return *kept_.insert(record, MakeShape(records_[static_cast<std::size_t>(record)], context_));
+  }
+
+ private:
+  static constexpr qsizetype kMostKept = 2000;
+
+  ShapeContext context_;
+  RecordList records_;
+  std::mutex mutex_;
+  QHash<int, ShapePtr> kept_;
+};
+
 class Builder {
  public:
   Builder(const Drawing& drawing, const QDir& folder, const BuildLimits& limits)
@@ -189,7 +249,11 @@ class Builder {
     scene_.layers = drawing.layers;
     scene_.notes = drawing.warnings;
     scene_.ownerSets.emplace_back();
+    scene_.records = RecordList(drawing.document, {});
     AddDashPatterns();
+    reader_.emplace(drawing, layers_, patterns_, lineScale_);
+    mostLetters_ = drawing.entities.size() > limits.records ? 0 : limits.letters;
+    context_.textAsBars = mostLetters_ == 0;
   }
 
   Scene Build() {
@@ -198,6 +262,10 @@ class Builder {
       AddSheet(layout.name, layout.entities, &layout);
     }
     AddNotes();
+    scene_.letters = [letters = std::make_shared<Letters>(context_, scene_.records)](
+                         int record, bool mayMake, bool& isNew) {
+      return letters->Of(record, mayMake, isNew);
+    };
     return std::move(scene_);
   }
 
@@ -211,11 +279,14 @@ class Builder {
       }
     }
     const double scale = drawing_.header["LTSCALE"].toDouble(1);
+    for (const Layer& layer : drawing_.layers) {
+      layerDashes_.push_back(patterns_.value(layer.linetype.toCaseFolded()));
+    }
     lineScale_ = scale > 0 && std::isfinite(scale) ? scale : 1;
     scene_.dashesByPaper = drawing_.header["PSLTSCALE"].toInt() == 1;
   }
 
-  void AddSheet(const QString& name, const QJsonArray& records, const Layout* layout) {
+  void AddSheet(const QString& name, const RecordList& records, const Layout* layout) {
     Sheet sheet;
     sheet.name = name;
     sheet.isModel = layout == nullptr;
@@ -241,43 +312,84 @@ class Builder {
     }
   }
 
-  void AddRecords(const QJsonArray& records) {
-    for (const QJsonObject& record : InDrawOrder(records)) {
-      if (IsType(record, "VIEWPORT")) {
-        AddViewport(record);
+  void AddRecords(const RecordList& records) {
+    scene_.records.Reserve(scene_.records.size() + records.size());
+    sheet_->items.reserve(records.size());
+    ForEachPrepared(records, [this](const Prepared& prepared) {
+      if (IsType(prepared.record, "VIEWPORT")) {
+        AddViewport(prepared.record, prepared.index);
       } else {
-        Expand(Prepare(record), Place{});
+        Expand(prepared, Place{});
+      }
+    });
+  }
+
+  // Plain records are read by all processors, some thousands at a time; the others and
+  // all that follows in this thread, in their order.
+  template <typename Take>
+  void ForEachPrepared(const RecordList& records, Take take) {
+    const std::vector<std::size_t> order = InDrawOrder(records);
+    for (std::size_t begin = 0; begin < order.size(); begin += kRecordsAtOnce) {
+      const auto some =
+          std::span(order).subspan(begin, std::min(kRecordsAtOnce, order.size() - begin));
+      std::vector<std::optional<PlainRecord>> plain = ReadPlain(records, some);
+      for (std::size_t i = 0; i < some.size(); ++i) {
+        take(plain[i] ? PreparePlain(records.SpanAt(some[i]), *plain[i])
+                      : Prepare(records, some[i]));
       }
     }
   }
 
-  Prepared Prepare(const QJsonObject& record) {
-    Prepared prepared{record,
-                      AddRecord(record),
-                      nullptr,
-                      IsInfinite(record),
-                      HasOwnColors(record),
-                      IsMarkedByView(record, drawing_.header)};
+  std::vector<std::optional<PlainRecord>> ReadPlain(const RecordList& records,
+                                                    std::span<const std::size_t> some) const {
+    std::vector<std::optional<PlainRecord>> plain(some.size());
+    const bool textsAreLate = context_.textAsBars;
+    ForAll(some.size(),
+           [&](std::size_t i) { plain[i] = reader_->Read(records.TextAt(some[i]), textsAreLate); });
+    return plain;
+  }
+
+  Prepared PreparePlain(RecordSpan span, PlainRecord& plain) {
+    Prepared prepared;
+    prepared.index = AddRecord(span);
+    prepared.look = plain.look;
+    prepared.shape = std::move(plain.shape);
+    if (!plain.block.isEmpty() && drawing_.blocks.contains(plain.block)) {
+      prepared.references = References{plain.block, {plain.place}};
+    }
+    return prepared;
+  }
+
+  Prepared Prepare(const RecordList& records, std::size_t index) {
+    const QJsonObject record = records[index];
+    Prepared prepared{.record = record,
+                      .index = AddRecord(records.SpanAt(index)),
+                      .look = reader_->LookOf(record),
+                      .infinite = IsInfinite(record),
+                      .dependsOnReference = HasOwnColors(record),
+                      .dependsOnView = IsMarkedByView(record, drawing_.header),
+                      .isMoreThanReference = IsType(record, "MULTILEADER")};
     References references = ReferencesOf(record);
     if (drawing_.blocks.contains(references.block)) {
       prepared.references = std::move(references);
     }
-    CountLetters(record);
+    CountLetters(record, prepared.dependsOnReference);
     if (!prepared.dependsOnReference && !prepared.infinite && !prepared.dependsOnView) {
       prepared.shape = MakeShape(record, context_);
     }
     return prepared;
   }
 
-  void CountLetters(const QJsonObject& record) {
+  // A text with a colour of its own behind it has no letters later either.
+  void CountLetters(const QJsonObject& record, bool dependsOnReference) {
     const qsizetype letters = record["html"].toString().size();
     letters_ += letters;
-    context_.textAsBars = letters_ > limits_.letters;
-    textsAsBars_ += context_.textAsBars && letters > 0 ? 1 : 0;
+    context_.textAsBars = mostLetters_ == 0 || letters_ > mostLetters_;
+    textsAsBars_ += context_.textAsBars && letters > 0 && dependsOnReference ? 1 : 0;
   }
 
-  int AddRecord(const QJsonObject& record) {
-    scene_.records.push_back(record);
+  int AddRecord(RecordSpan span) {
+    scene_.records.Add(span);
     return static_cast<int>(scene_.records.size()) - 1;
   }
 
@@ -285,9 +397,8 @@ class Builder {
     auto found = contents_.find(block);
     if (found == contents_.end()) {
       found = contents_.emplace(block, std::vector<Prepared>{}).first;
-      for (const QJsonObject& record : InDrawOrder(drawing_.blocks[block].entities)) {
-        found->second.push_back(Prepare(record));
-      }
+      ForEachPrepared(drawing_.blocks[block].entities,
+                      [&found](const Prepared& prepared) { found->second.push_back(prepared); });
     }
     return found->second;
   }
@@ -297,9 +408,8 @@ class Builder {
       ++leftOut_;
       return;
     }
-    const int layer = EffectiveLayer(prepared.record, place.inherited, layers_);
-    // Only a multileader is more than its block.
-    if (!prepared.references || IsType(prepared.record, "MULTILEADER")) {
+    const int layer = EffectiveLayer(prepared.look, place.inherited);
+    if (!prepared.references || prepared.isMoreThanReference) {
       ExpandItem(prepared, layer, place);
     }
     if (prepared.references) {
@@ -335,27 +445,32 @@ class Builder {
 
   void ExpandReference(const Prepared& reference, const QString& block, const QTransform& transform,
                        int layer, const Place& place) {
-    const QJsonObject& record = reference.record;
-    const QPointF base = drawing_.blocks[block].base;
-    const QTransform toSheet = transform * place.transform;
+    const QPointF base = BaseOf(block);
+    const auto toSheet = std::make_shared<const QTransform>(
+        QTransform::fromTranslate(-base.x(), -base.y()) * transform * *place.transform);
     scene_.uses.push_back({.block = block, .record = reference.index, .parent = place.use});
+    const Look& look = reference.look;
     const Place inside{
-        QTransform::fromTranslate(-base.x(), -base.y()) * toSheet,
+        toSheet,
         {.layer = layer,
          .insideBlock = true,
-         .byBlock = ResolveColor(record["color"], layer, place.inherited, layers_),
-         .lineweight = ResolveLineweight(record["lw"], layer, place.inherited, layers_),
-         .dashes = DashesOf(record, layer, place.inherited)},
+         .byBlock = ResolveColor(look.color, layer, place.inherited, layers_),
+         .lineweight = ResolveLineweight(look.lineweight, layer, place.inherited, layers_),
+         .dashes = DashesOf(look, layer, place.inherited)},
         OwnersWith(place.owners, layer),
         place.depth + 1,
         static_cast<int>(scene_.uses.size()) - 1,
-        ClipWith(place.clip, QTransform::fromTranslate(-base.x(), -base.y()) * toSheet,
-                 ClipOutline(record, "block")),
-        IsHidden(record, layer, place)};
+        ClipWith(place.clip, *toSheet, ClipOutline(reference.record, "block")),
+        IsHidden(look, layer, place)};
     for (const Prepared& prepared : Contents(block)) {
       Expand(prepared, inside);
     }
     AddClipFrame(reference, layer, place, inside.clip);
+  }
+
+  QPointF BaseOf(const QString& block) const {
+    const auto found = drawing_.blocks.constFind(block);
+    return found == drawing_.blocks.constEnd() ? QPointF() : found->base;
   }
 
   // The edge of a reference's clip, where the drawing shows such edges.
@@ -371,7 +486,7 @@ class Builder {
     frame.shape = shape;
     frame.dependsOnReference = false;
     Place inSheet = place;
-    inSheet.transform = QTransform();
+    inSheet.transform = NoTransform();
     AddItem(frame, layer, inSheet, true);
   }
 
@@ -389,23 +504,20 @@ class Builder {
   }
 
   // Frozen layers hide what stands in references on them too.
-  bool IsHidden(const QJsonObject& record, int layer, const Place& place) const {
+  bool IsHidden(const Look& look, int layer, const Place& place) const {
     const bool isFrozen = layer >= 0 && scene_.layers[static_cast<std::size_t>(layer)].frozen;
-    return place.hidden || isFrozen || record["invisible"].toBool();
+    return place.hidden || isFrozen || look.isInvisible;
   }
 
   // Index of the pattern; 0 for a continuous line.
-  int DashesOf(const QJsonObject& record, int layer, const Inherited& from) const {
-    const QString name = record["linetype"].toString();
-    if (name == QLatin1String("K")) {
+  int DashesOf(const Look& look, int layer, const Inherited& from) const {
+    if (look.dashes == Look::kDashesOfReference) {
       return from.dashes;
     }
-    if (name != QLatin1String("L")) {
-      return patterns_.value(name.toCaseFolded());
+    if (look.dashes != Look::kDashesOfLayer) {
+      return look.dashes;
     }
-    return layer < 0 ? 0
-                     : patterns_.value(
-                           scene_.layers[static_cast<std::size_t>(layer)].linetype.toCaseFolded());
+    return layer < 0 ? 0 : layerDashes_[static_cast<std::size_t>(layer)];
   }
 
   int OwnersWith(int owners, int layer) {
@@ -438,17 +550,17 @@ class Builder {
     Item item{
         .shape = shape,
         .place = place.transform,
-        .bounds = BoundsOf(*shape, place.transform),
-        .ink = ResolveColor(prepared.record["color"], layer, place.inherited, layers_),
-        .lineweight = ResolveLineweight(prepared.record["lw"], layer, place.inherited, layers_),
+        .bounds = BoundsOf(*shape, *place.transform),
+        .ink = ResolveColor(prepared.look.color, layer, place.inherited, layers_),
+        .lineweight = ResolveLineweight(prepared.look.lineweight, layer, place.inherited, layers_),
         .layer = layer,
         .owners = place.owners,
         .record = prepared.index,
         .use = place.use,
-        .dashes = DashesOf(prepared.record, layer, place.inherited),
-        .dashScale = lineScale_ * prepared.record["linetypeScale"].toDouble(1),
+        .dashes = DashesOf(prepared.look, layer, place.inherited),
+        .dashScale = prepared.look.dashScale,
         .clip = ClipOf(prepared.record, *shape, place),
-        .hidden = IsHidden(prepared.record, layer, place)};
+        .hidden = IsHidden(prepared.look, layer, place)};
     ClipBounds(item);
     scene_.hasHidden = scene_.hasHidden || item.hidden;
     if (counts && IsVisible(layer) && !item.hidden) {
@@ -462,8 +574,8 @@ class Builder {
 
   // Of a picture, besides that of the references around it.
   int ClipOf(const QJsonObject& record, const Shape& shape, const Place& place) {
-    return IsType(record, "IMAGE") && !shape.image.isNull()
-               ? ClipWith(place.clip, place.transform, ClipOutline(record, "world"))
+    return IsType(record, "IMAGE") && shape.hasImage()
+               ? ClipWith(place.clip, *place.transform, ClipOutline(record, "world"))
                : place.clip;
   }
 
@@ -485,12 +597,12 @@ class Builder {
     const double finite = std::max({around.width(), around.height(), 1e-6});
     context_.viewHeight = around.height() > 0 ? around.height() : finite;
     for (const auto& [prepared, place] : infinite_) {
-      const QPointF at = place.transform.map(OriginOf(prepared.record));
+      const QPointF at = place.transform->map(OriginOf(prepared.record));
       const QPointF off = at - around.center();
-      const double factor = std::sqrt(std::abs(place.transform.determinant()));
+      const double factor = std::sqrt(std::abs(place.transform->determinant()));
       const double reach = 20 * finite + Length(off);
       context_.reach = reach / (factor > 0 ? factor : 1);
-      AddItem(prepared, EffectiveLayer(prepared.record, place.inherited, layers_), place, false);
+      AddItem(prepared, EffectiveLayer(prepared.look, place.inherited), place, false);
       // A drawing of nothing else still needs some room to be seen in.
       const double room = isAlone && prepared.infinite ? finite / 2 : 0;
       Grow(finite_, QRectF(at, QSizeF(0, 0)).adjusted(-room, -room, room, room));
@@ -505,7 +617,7 @@ class Builder {
     return record.contains("ix") ? PointOf(record, "ix", "iy") : PointOf(record, "x", "y");
   }
 
-  void AddViewport(const QJsonObject& record) {
+  void AddViewport(const QJsonObject& record, int index) {
     if (sheet_->isModel) {
       ++modelViewports_;
       return;
@@ -521,7 +633,7 @@ class Builder {
     sheet_->viewports.push_back(
         {ClipOf(record), ModelToSheet(record), FrozenLayers(record), layer});
     AddFrame(record, layer);
-    sheet_->items.back().record = AddRecord(record);
+    sheet_->items.back().record = index;
   }
 
   // The first one whose view is its own frame at the scale of one to one.
@@ -557,13 +669,12 @@ class Builder {
     auto shape = std::make_shared<Shape>();
     shape->parts.push_back({sheet_->viewports.back().clip, Fill::kNone, std::nullopt});
     sheet_->items.push_back({.shape = shape,
-                             .place = {},
                              .bounds = sheet_->viewports.back().clip.boundingRect(),
                              .ink = ResolveColor(record["color"], layer, {}, layers_),
                              .lineweight = ResolveLineweight(record["lw"], layer, {}, layers_),
                              .layer = layer,
                              .owners = 0,
-                             .hidden = IsHidden(record, layer, {})});
+                             .hidden = IsHidden(reader_->LookOf(record), layer, {})});
     scene_.hasHidden = scene_.hasHidden || sheet_->items.back().hidden;
   }
 
@@ -602,7 +713,9 @@ class Builder {
   std::map<std::pair<int, int>, int> ownerSets_;
   // Of line types that are not continuous, by their names in lower case.
   QHash<QString, int> patterns_;
+  std::vector<int> layerDashes_;
   double lineScale_ = 1;
+  std::optional<PlainReader> reader_;
   std::vector<std::pair<Prepared, Place>> infinite_;
   // The blocks that are being expanded, outermost first.
   QStringList open_;
@@ -610,6 +723,7 @@ class Builder {
   std::size_t leftOut_ = 0;
   int tooDeep_ = 0;
   qsizetype letters_ = 0;
+  qsizetype mostLetters_ = 0;
   int textsAsBars_ = 0;
   int modelViewports_ = 0;
 };

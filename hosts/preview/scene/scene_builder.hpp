@@ -13,9 +13,11 @@ struct BuildLimits {
   std::size_t items = 2'000'000;
   // References within references; a block that holds itself ends here too.
   int depth = 16;
-  // Bytes of texts' fragments that are laid out; further texts are bars, with a note. A
-  // letter takes up to a kilobyte.
-  qsizetype letters = 2'000'000;
+  // Characters of texts' fragments that are laid out at once; letters of further texts
+  // are made when they are seen. A letter takes up to a kilobyte.
+  qsizetype letters = 300'000;
+  // Of a drawing with more records in model space none is laid out at once.
+  std::size_t records = 50'000;
 };
 
 // Expands all references, resolves colours and lineweights, lays out texts.

@@ -377,9 +377,24 @@ TextSource SingleLineSource(const QJsonObject& record, const ShapeContext& conte
           .asBars = context.textAsBars};
 }
 
+// The letters are made when they are seen.
+ShapePtr LateText(const TextLayout& layout, const QTransform& place, double height) {
+  if (layout.parts.empty()) {
+    return nullptr;
+  }
+  auto shape = std::make_shared<Shape>();
+  shape->isText = true;
+  shape->hasText = true;
+  shape->lateHeight = static_cast<float>(height);
+  shape->polyline = place.map(QPolygonF(
+      QRectF(QPointF(0, layout.ascent - layout.height), QPointF(layout.width, layout.ascent))));
+  return shape;
+}
+
 ShapePtr SingleLineShape(const TextSource& source, const QJsonObject& record) {
   const TextLayout layout = LayOutText(source);
-  return PlacedText(layout, PlaceSingleLine(layout, record));
+  const QTransform place = PlaceSingleLine(layout, record);
+  return source.asBars ? LateText(layout, place, source.height) : PlacedText(layout, place);
 }
 
 constexpr int kInvisible = 1;
@@ -465,6 +480,9 @@ ShapePtr MtextShape(const QJsonObject& record, const ShapeContext& context) {
     at["mirroredY"] = true;
   }
   const QTransform place = PlaceMultiLine(layout, at);
+  if (context.textAsBars && !record.contains("background")) {
+    return LateText(layout, place, NumberOf(record, "height"));
+  }
   ShapePtr text = PlacedText(layout, place);
   if (!text || !record.contains("background")) {
     return text;
@@ -662,24 +680,26 @@ void AddMissing(Shape& shape, const QJsonObject& record) {
   const double pixels = kShare * width / layout.width;
   const QTransform place(kShare / layout.width, 0, 0, pixels / height, (1 - kShare) / 2,
                          0.5 - pixels / height / 2);
-  AppendPlaced(shape.parts, layout, place * shape.imagePlace);
+  AppendPlaced(shape.parts, layout, place * shape.picture->place);
 }
 
 ShapePtr ImageShape(const QJsonObject& record, const QDir& folder) {
   const QPointF u = PointOf(record, "ux", "uy") * NumberOf(record, "sw");
   const QPointF v = PointOf(record, "vx", "vy") * NumberOf(record, "sh");
-  auto shape = std::make_shared<Shape>();
-  shape->imagePlace =
+  Picture picture;
+  picture.place =
       QTransform(u.x(), u.y(), v.x(), v.y(), NumberOf(record, "px0"), NumberOf(record, "py0"));
   const QString file = FindImage(record["path"].toString(), folder);
   const bool isShown = record["shown"].toBool(true);
   if (!file.isEmpty() && isShown) {
-    shape->image = Faded(ReadImage(file), NumberOf(record, "fade"));
+    picture.image = Faded(ReadImage(file), NumberOf(record, "fade"));
   }
   const QPainterPath clip = ClipOutline(record, "world");
+  auto shape = std::make_shared<Shape>();
   shape->parts.push_back(
-      {clip.isEmpty() ? FramePath(shape->imagePlace) : clip, Fill::kNone, std::nullopt});
-  if (isShown && shape->image.isNull()) {
+      {clip.isEmpty() ? FramePath(picture.place) : clip, Fill::kNone, std::nullopt});
+  shape->picture = std::make_shared<const Picture>(std::move(picture));
+  if (isShown && !shape->hasImage()) {
     AddMissing(*shape, record);
   }
   return shape;
@@ -692,14 +712,16 @@ ShapePtr OleShape(const QJsonObject& record) {
   if (corners.size() != 4) {
     return nullptr;
   }
-  auto shape = std::make_shared<Shape>();
   const QPointF u = corners[2] - corners[3];
   const QPointF v = corners[0] - corners[3];
-  shape->imagePlace = QTransform(u.x(), u.y(), v.x(), v.y(), corners[3].x(), corners[3].y());
+  Picture picture;
+  picture.place = QTransform(u.x(), u.y(), v.x(), v.y(), corners[3].x(), corners[3].y());
   QByteArray bytes = QByteArray::fromBase64(record["picture"].toString().toLatin1());
   QBuffer buffer(&bytes);
-  shape->image = ReadImage(&buffer);
-  shape->parts.push_back({FramePath(shape->imagePlace), Fill::kNone, std::nullopt});
+  picture.image = ReadImage(&buffer);
+  auto shape = std::make_shared<Shape>();
+  shape->parts.push_back({FramePath(picture.place), Fill::kNone, std::nullopt});
+  shape->picture = std::make_shared<const Picture>(std::move(picture));
   return shape;
 }
 
@@ -876,7 +898,10 @@ ShapePtr Moved(const ShapePtr& shape, const QTransform& place) {
     part.path = place.map(part.path);
   }
   moved->polyline = place.map(moved->polyline);
-  moved->imagePlace = moved->imagePlace * place;
+  if (shape->picture) {
+    moved->picture = std::make_shared<const Picture>(
+        Picture{shape->picture->image, shape->picture->place * place});
+  }
   return moved;
 }
 

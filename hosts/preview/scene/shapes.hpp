@@ -21,7 +21,7 @@ struct ShapeContext {
   QJsonObject header;
   // By their names: multi-line texts have the width and slant of theirs.
   QHash<QString, TextStyle> textStyles = {};
-  // Texts are bars: there are too many letters.
+  // Texts are bars, whose letters are made when they are seen: there are too many.
   bool textAsBars = false;
   // The height of what is drawn, for sizes that are a share of it.
   double viewHeight = 0;

@@ -657,28 +657,49 @@ constexpr double kMeanAdvance = 0.8;
 
 // About where the lines would be: only their lengths are guessed.
 TextLayout Bars(const TextSource& source) {
-  static const QRegularExpression tags("<[^>]*>");
-  const QString text =
-      QString(source.html.left(kMostCharacters)).replace("</p><p>", "\n").remove(tags);
-  const double frame = source.width > 0 ? source.width : std::numeric_limits<double>::infinity();
-  const double factor = source.widthFactor > 0 ? source.widthFactor : 1;
+  const QByteArray html = source.html.left(kMostCharacters).toUtf8();
+  const TextExtent extent = GuessExtent({html.constData(), static_cast<std::size_t>(html.size())},
+                                        {.height = source.height,
+                                         .frame = source.width,
+                                         .factor = source.widthFactor > 0 ? source.widthFactor : 1,
+                                         .spacing = source.lineSpacing});
   TextLayout layout;
+  layout.width = extent.width;
+  layout.height = extent.height;
   layout.ascent = source.height;
   QPainterPath bars;
   double baseline = 0;
-  for (const QString& line : text.split('\n')) {
-    double rest = static_cast<double>(line.size()) * kMeanAdvance * source.height * factor;
-    do {
-      const double width = std::min(rest, frame);
-      bars.addRect(0, -baseline, width, source.height);
-      layout.width = std::max(layout.width, width);
-      baseline += source.height * kLineAdvance * source.lineSpacing;
-      rest -= width;
-    } while (rest > 0 && bars.elementCount() < kMostCharacters);
+  for (const double width : extent.widths) {
+    bars.addRect(0, -baseline, width, source.height);
+    baseline += source.height * kLineAdvance * source.lineSpacing;
   }
-  layout.height = baseline - source.height * (kLineAdvance * source.lineSpacing - 1);
   layout.parts.push_back({bars, Fill::kPattern, std::nullopt});
   return layout;
+}
+
+// How many characters the lines of a fragment have; a paragraph is a line.
+std::vector<std::size_t> LengthsOfLines(std::string_view html) {
+  std::vector<std::size_t> lengths;
+  std::size_t length = 0;
+  std::size_t at = 0;
+  while (at < html.size()) {
+    const std::size_t end = html[at] == '<' ? html.find('>', at) : std::string_view::npos;
+    if (end == std::string_view::npos) {
+      // Bytes behind the first one of a character do not count.
+      length += (static_cast<unsigned char>(html[at]) & 0xC0U) != 0x80U ? 1U : 0U;
+      ++at;
+      continue;
+    }
+    if (html.substr(at, 3) == "</p" || html.substr(at, 3) == "<br") {
+      lengths.push_back(length);
+      length = 0;
+    }
+    at = end + 1;
+  }
+  if (length > 0 || lengths.empty()) {
+    lengths.push_back(length);
+  }
+  return lengths;
 }
 
 double HorizontalShare(int halign) {
@@ -720,12 +741,10 @@ QTransform PlaceBetween(const TextLayout& layout, const QJsonObject& record, boo
 }
 
 QTransform PlaceAt(const QJsonObject& record, QPointF at, QPointF shift) {
-  QTransform place;
-  place.translate(at.x(), at.y());
-  place.rotateRadians(record["rotationRad"].toDouble());
-  place.scale(record["mirroredX"].toBool() ? -1 : 1, record["mirroredY"].toBool() ? -1 : 1);
-  place.translate(shift.x(), shift.y());
-  return place;
+  const double x = record["mirroredX"].toBool() ? -1 : 1;
+  const double y = record["mirroredY"].toBool() ? -1 : 1;
+  return QTransform::fromTranslate(shift.x(), shift.y()) * QTransform::fromScale(x, y) *
+         PlaceText(at, record["rotationRad"].toDouble(), {});
 }
 
 }  // namespace
@@ -740,6 +759,23 @@ TextLayout LayOutText(const TextSource& source) {
   TextLayout layout = Composer(source).Compose();
   Slant(layout, source.obliqueRad);
   return layout;
+}
+
+TextExtent GuessExtent(std::string_view html, const TextMeasure& measure) {
+  const double frame = measure.frame > 0 ? measure.frame : std::numeric_limits<double>::infinity();
+  const double advance = kMeanAdvance * measure.height * measure.factor;
+  TextExtent extent;
+  for (const std::size_t length : LengthsOfLines(html.substr(0, kMostCharacters))) {
+    double rest = static_cast<double>(length) * advance;
+    do {
+      extent.widths.push_back(std::min(rest, frame));
+      extent.width = std::max(extent.width, extent.widths.back());
+      rest -= frame;
+    } while (rest > 0 && extent.widths.size() < kMostCharacters / 5);
+  }
+  const auto lines = static_cast<double>(extent.widths.size());
+  extent.height = measure.height * (1 + (lines - 1) * kLineAdvance * measure.spacing);
+  return extent;
 }
 
 std::vector<int> ColumnBreaksOf(const QString& codes) {
@@ -790,12 +826,23 @@ QTransform PlaceSingleLine(const TextLayout& layout, const QJsonObject& record) 
 }
 
 QTransform PlaceMultiLine(const TextLayout& layout, const QJsonObject& record) {
-  const int attachment = std::clamp(record["attachment"].toInt(1), 1, 9) - 1;
-  const int column = attachment % 3;
-  const int row = attachment / 3;
-  const double left = -layout.width * column / 2;
-  const double top = layout.height * row / 2 - layout.ascent;
-  return PlaceAt(record, PointOf(record, "x", "y"), {left, top});
+  return PlaceAt(record, PointOf(record, "x", "y"),
+                 ShiftOfAttachment(record["attachment"].toInt(1), {layout.width, layout.height},
+                                   layout.ascent));
+}
+
+QTransform PlaceText(QPointF at, double rotation, QPointF shift) {
+  QTransform place;
+  place.translate(at.x(), at.y());
+  place.rotateRadians(rotation);
+  place.translate(shift.x(), shift.y());
+  return place;
+}
+
+QPointF ShiftOfAttachment(int attachment, QSizeF size, double ascent) {
+  const int place = std::clamp(attachment, 1, 9) - 1;
+  return {-size.width() * (place % 3) / 2,
+          size.height() * static_cast<int>(place / 3) / 2 - ascent};
 }
 
 void AppendPlaced(std::vector<Part>& parts, const TextLayout& layout, const QTransform& place) {

@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QString>
 
+#include <string_view>
 #include <vector>
 
 #include "scene/scene.hpp"
@@ -59,6 +60,24 @@ struct TextLayout {
 // Nothing for a text without height.
 TextLayout LayOutText(const TextSource& source);
 
+// About as large as a text will be, from its fragment in UTF-8, which may have the
+// escapes of JSON.
+struct TextMeasure {
+  double height = 0;
+  // Of the frame; 0 for text that does not wrap.
+  double frame = 0;
+  double factor = 1;
+  double spacing = 1;
+};
+struct TextExtent {
+  double width = 0;
+  // From the top of the first line's capitals to the last baseline.
+  double height = 0;
+  // Of each line.
+  std::vector<double> widths = {};
+};
+TextExtent GuessExtent(std::string_view html, const TextMeasure& measure);
+
 // The column breaks and the alignment of stacks in the codes of a multi-line text,
 // as TextSource has them.
 std::vector<int> ColumnBreaksOf(const QString& codes);
@@ -74,6 +93,12 @@ QTransform PlaceSingleLine(const TextLayout& layout, const QJsonObject& record);
 // Moves a multi-line text so that its attachment point (1 to 9, by rows from
 // the top left) lies at the record's position, and rotates it.
 QTransform PlaceMultiLine(const TextLayout& layout, const QJsonObject& record);
+
+// From a text's own coordinates: rotated about `at`, moved before by `shift`.
+QTransform PlaceText(QPointF at, double rotation, QPointF shift);
+
+// Of a multi-line text by its attachment point; `ascent` is that of its first line.
+QPointF ShiftOfAttachment(int attachment, QSizeF size, double ascent);
 
 // Appends the text's parts where a placement puts them.
 void AppendPlaced(std::vector<Part>& parts, const TextLayout& layout, const QTransform& place);

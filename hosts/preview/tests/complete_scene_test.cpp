@@ -50,7 +50,7 @@ TEST(CompleteScene, GivesMultiLineTextsTheWidthOfTheirStyle) {
   EXPECT_NEAR(widthIn("0.5") / widthIn("1"), 0.5, 0.02);
 }
 
-TEST(CompleteScene, ShowsTextsBeyondALimitAsBars) {
+TEST(CompleteScene, MakesLettersOfTextsBeyondALimitWhenTheyAreSeen) {
   QString problem;
   QByteArray line("{'layers':[],'entities':[");
   line.append(kText).append(",").append(kText).append("]}");
@@ -58,9 +58,15 @@ TEST(CompleteScene, ShowsTextsBeyondALimitAsBars) {
   const BuildLimits limits{.letters = 12};
   const Scene scene = BuildScene(drawing, QDir(), limits);
   EXPECT_EQ(ItemsOf(scene)[0].shape->parts[0].fill, Fill::kSolid);
-  EXPECT_EQ(ItemsOf(scene)[1].shape->parts[0].fill, Fill::kPattern);
-  ASSERT_EQ(scene.notes.size(), 1);
-  EXPECT_TRUE(scene.notes[0].startsWith("1 texts"));
+  const Item& late = ItemsOf(scene)[1];
+  EXPECT_EQ(PartList(*late.shape).front().fill, Fill::kPattern);
+  bool isNew = false;
+  EXPECT_EQ(scene.letters(late.record, false, isNew), nullptr);
+  EXPECT_FALSE(isNew);
+  EXPECT_EQ(scene.letters(late.record, true, isNew)->parts[0].fill, Fill::kSolid);
+  EXPECT_TRUE(isNew);
+  EXPECT_NE(scene.letters(late.record, false, isNew), nullptr);
+  EXPECT_TRUE(scene.notes.isEmpty());
 }
 
 TEST(CompleteScene, MirrorsWhatIsSeenFromBehind) {

@@ -3,6 +3,12 @@
 #include <utility>
 
 namespace preview {
+namespace {
+
+// Of which the letters are made for one picture, so that it comes soon.
+constexpr int kTextsAtOnce = 100;
+
+}  // namespace
 
 Renderer::Renderer(QObject* parent) : QObject(parent), inThread_(new QObject) {
   inThread_->moveToThread(&thread_);
@@ -31,28 +37,31 @@ void Renderer::Run(std::function<void()> task) {
 void Renderer::Begin(const RenderRequest& request) {
   isBusy_ = true;
   Run([this, request = RenderRequest(request)]() mutable {
+    bool isUnfinished = false;
     request.view.cancelled = &cancelled_;
+    request.view.newTexts = kTextsAtOnce;
+    request.view.isUnfinished = &isUnfinished;
     const QImage image = RenderView(request);
+    request.view.isUnfinished = nullptr;
     QMetaObject::invokeMethod(
-        this, [this, image, request] { Done(image, request); }, Qt::QueuedConnection);
+        this, [this, image, request, isUnfinished] { Done(image, request, isUnfinished); },
+        Qt::QueuedConnection);
   });
 }
 
-void Renderer::Done(const QImage& image, const RenderRequest& request) {
+void Renderer::Done(const QImage& image, const RenderRequest& request, bool isUnfinished) {
   isBusy_ = false;
   emit rendered(image, request.view.toDevice, request.view.device);
+  if (!next_ && isUnfinished) {
+    next_ = request;
+  }
   if (next_) {
     Begin(*std::exchange(next_, std::nullopt));
   }
 }
 
 QImage RenderView(const RenderRequest& request) {
-  const QRectF& device = request.view.device;
-  QImage image(device.size().toSize(), QImage::Format_RGB32);
-  QPainter painter(&image);
-  painter.translate(-device.topLeft());
-  PaintSheet(painter, *request.scene, request.scene->sheets[request.sheet], request.view);
-  return image;
+  return PictureOf(*request.scene, request.scene->sheets[request.sheet], request.view);
 }
 
 }  // namespace preview

@@ -42,7 +42,7 @@ class Renderer : public QObject {
 
  private:
   void Begin(const RenderRequest& request);
-  void Done(const QImage& image, const RenderRequest& request);
+  void Done(const QImage& image, const RenderRequest& request, bool isUnfinished);
 
   QThread thread_;
   QObject* inThread_;
