@@ -35,7 +35,7 @@ LoadedDrawing Load(const Options& options) {
     result = loaded;
     loop.quit();
   });
-  loader.Start(options.drawing, options.load);
+  loader.Start(options.drawings.first(), options.load);
   loop.exec();
   return result;
 }
@@ -64,7 +64,7 @@ QString WriteAll(const Scene& scene, const Sheet& sheet, const Options& options)
     problems << WritePdf(scene, sheet, options.exporting, options.pdf);
   }
   if (!options.html.isEmpty()) {
-    problems << WriteHtml(scene, QFileInfo(options.drawing).fileName(), options.exporting,
+    problems << WriteHtml(scene, QFileInfo(options.drawings.first()).fileName(), options.exporting,
                           options.html);
   }
   problems.removeAll(QString());

@@ -16,8 +16,8 @@ int main(int argc, char** argv) {
   }
   preview::MainWindow window(options.load);
   window.show();
-  if (!options.drawing.isEmpty()) {
-    window.Open(options.drawing);
+  for (const QString& drawing : options.drawings) {
+    window.Open(drawing);
   }
   return QApplication::exec();
 }

@@ -54,7 +54,8 @@ void AddOptions(QCommandLineParser& parser) {
   const WorkerLimits limits;
   parser.setApplicationDescription("Shows a drawing, or writes pictures of it.");
   parser.addHelpOption();
-  parser.addPositionalArgument("drawing", "A DWG or DXF file.", "[drawing]");
+  parser.addPositionalArgument("drawing", "A DWG or DXF file; several for a window.",
+                               "[drawing...]");
   parser.addOptions({
       {"png", "Writes a picture.", "file"},
       {"svg", "Writes a picture of lines.", "file"},
@@ -98,7 +99,7 @@ Options ParseOptions(const QStringList& arguments) {
   AddOptions(parser);
   parser.process(arguments);
   Options options;
-  options.drawing = parser.positionalArguments().value(0);
+  options.drawings = parser.positionalArguments();
   options.load.worker = parser.value("worker");
   options.load.limits.seconds = PositiveNumber(parser, "seconds");
   options.load.limits.megabytes = PositiveNumber(parser, "megabytes");
@@ -116,8 +117,8 @@ Options ParseOptions(const QStringList& arguments) {
   options.html = parser.value("html");
   options.list = parser.isSet("list");
   options.frames = parser.isSet("frames") ? PositiveNumber(parser, "frames") : 0;
-  if (options.Headless() && options.drawing.isEmpty()) {
-    Fail("which drawing?");
+  if (options.Headless() && options.drawings.size() != 1) {
+    Fail(options.drawings.isEmpty() ? "which drawing?" : "only one drawing without a window.");
   }
   return options;
 }

@@ -11,7 +11,8 @@
 namespace preview {
 
 struct Options {
-  QString drawing;
+  // Several are for a window only.
+  QStringList drawings;
   LoadOptions load;
   ExportOptions exporting;
   // Empty for model space.

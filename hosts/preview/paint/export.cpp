@@ -122,6 +122,7 @@ QString WritePdf(const Scene& scene, const Sheet& sheet, const ExportOptions& op
   View view = ViewOf(sheet, area, QRectF(0, 0, writer.width(), writer.height()), options);
   view.pixelsPerMillimetre = kPdfResolution / kMillimetresPerInch;
   view.thinnestLine = kThinnestPdfLine * view.pixelsPerMillimetre;
+  view.shown = PlottedLayers(scene);
   PaintSheet(painter, scene, sheet, view);
   painter.end();
   return {};

@@ -118,9 +118,8 @@ class Pass {
   // All that Paint() does, the other way round.
   void PaintFromTheFront(const Sheet& sheet) {
     PaintItems(sheet.items, view_.toDevice, view_.device, nullptr);
-    for (auto viewport = sheet.viewports.rbegin(); viewport != sheet.viewports.rend(); ++viewport) {
-      PaintViewport(*viewport);
-    }
+    std::for_each(sheet.viewports.rbegin(), sheet.viewports.rend(),
+                  [this](const ViewportView& viewport) { PaintViewport(viewport); });
     PaintPaper(sheet);
     painter_.fillRect(view_.device, view_.background);
   }
@@ -529,6 +528,14 @@ std::vector<bool> VisibleLayers(const Scene& scene) {
   std::vector<bool> shown;
   for (const Layer& layer : scene.layers) {
     shown.push_back(layer.visible);
+  }
+  return shown;
+}
+
+std::vector<bool> PlottedLayers(const Scene& scene) {
+  std::vector<bool> shown = VisibleLayers(scene);
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    shown[i] = shown[i] && scene.layers[i].plotted;
   }
   return shown;
 }

@@ -49,6 +49,9 @@ QTransform FitTransform(const QRectF& area, const QRectF& device, double margin)
 // The layers that are on, for `View::shown`.
 std::vector<bool> VisibleLayers(const Scene& scene);
 
+// Those of them that are plotted, for what goes on paper.
+std::vector<bool> PlottedLayers(const Scene& scene);
+
 // An ink on a background.
 QColor ColorOn(const Ink& ink, const QColor& background);
 

@@ -1,6 +1,9 @@
 #include "paint/svg.hpp"
 
 #include <QBuffer>
+#include <QCryptographicHash>
+#include <QLinearGradient>
+#include <QRadialGradient>
 #include <QTransform>
 
 #include <algorithm>
@@ -130,13 +133,44 @@ QByteArray StrokeAttributes(const Ink& ink, double width) {
   return out + Opacity("stroke-opacity", qAlpha(ink.rgba) / 255.0);
 }
 
-// The average colour stands for a gradient.
-Ink InkOfGradient(const QGradient& gradient) {
-  const QColor a = gradient.stops().first().second;
-  const QColor b = gradient.stops().last().second;
-  return {.foreground = false,
-          .rgba = qRgb((a.red() + b.red()) / 2, (a.green() + b.green()) / 2,
-                       (a.blue() + b.blue()) / 2)};
+QByteArray Numbers(const char* name, double number) {
+  return QByteArray(" ") + name + "=\"" + QByteArray::number(number, 'g', 8) + '"';
+}
+
+// Two gradients that are alike have one name, in all pictures of a page.
+QByteArray NameOfGradient(const QByteArray& definition) {
+  return "gradient" +
+         QCryptographicHash::hash(definition, QCryptographicHash::Sha256).toHex().left(16);
+}
+
+QByteArray StopsOf(const QGradient& gradient) {
+  QByteArray out;
+  for (const auto& [at, color] : gradient.stops()) {
+    out += "<stop" + Numbers("offset", at) + " stop-color=\"" + color.name().toLatin1() + "\"/>";
+  }
+  return out;
+}
+
+// The definition but for its name.
+QByteArray DefinitionOf(const QGradient& gradient, const QTransform& toPicture) {
+  QByteArray place;
+  if (gradient.type() == QGradient::RadialGradient) {
+    const auto& radial = static_cast<const QRadialGradient&>(gradient);
+    place = Numbers("cx", radial.center().x()) + Numbers("cy", radial.center().y()) +
+            Numbers("r", radial.radius());
+  } else {
+    const auto& linear = static_cast<const QLinearGradient&>(gradient);
+    place = Numbers("x1", linear.start().x()) + Numbers("y1", linear.start().y()) +
+            Numbers("x2", linear.finalStop().x()) + Numbers("y2", linear.finalStop().y());
+  }
+  return " gradientUnits=\"userSpaceOnUse\" gradientTransform=\"" + Matrix(toPicture) + "\"" +
+         place + ">" + StopsOf(gradient);
+}
+
+QByteArray GradientElement(const QGradient& gradient, const QByteArray& definition) {
+  const QByteArray tag =
+      gradient.type() == QGradient::RadialGradient ? "radialGradient" : "linearGradient";
+  return "<" + tag + " id=\"" + NameOfGradient(definition) + '"' + definition + "</" + tag + ">\n";
 }
 
 // Of a hatch's lines and the tint that stands for them, the one that is not seen.
@@ -175,11 +209,18 @@ QByteArray PartElement(const Part& part, const Item& item, const Scene& scene,
     return {};
   }
   const QPainterPath path = PicturePath(part, item, scene, toPicture);
-  const Ink ink = part.gradient ? InkOfGradient(*part.gradient) : part.ink.value_or(item.ink);
-  QByteArray out = "<path" + ClassOf(item) + RecordOf(item, options);
-  out += part.fill == Fill::kNone
-             ? StrokeAttributes(ink, part.hairline ? 1.0 : StrokeWidth(item, options))
-             : FillAttributes(part, ink);
+  const Ink ink = part.ink.value_or(item.ink);
+  const QByteArray definition =
+      part.gradient ? DefinitionOf(*part.gradient, *item.place * toPicture) : QByteArray();
+  QByteArray out = part.gradient ? GradientElement(*part.gradient, definition) : QByteArray();
+  out += "<path" + ClassOf(item) + RecordOf(item, options);
+  if (part.gradient) {
+    out += " fill=\"url(#" + NameOfGradient(definition) + ")\" stroke=\"none\"";
+  } else if (part.fill == Fill::kNone) {
+    out += StrokeAttributes(ink, part.hairline ? 1.0 : StrokeWidth(item, options));
+  } else {
+    out += FillAttributes(part, ink);
+  }
   if (part.fill != Fill::kNone && part.path.fillRule() == Qt::WindingFill) {
     out += " fill-rule=\"nonzero\"";
   }

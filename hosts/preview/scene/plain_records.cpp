@@ -369,7 +369,7 @@ Look PlainReader::LookOf(const Fields& fields) const {
   return look;
 }
 
-ShapePtr PlainReader::SingleLine(const Fields& fields) const {
+ShapePtr PlainReader::SingleLine(const Fields& fields) {
   const double height = fields.Number(Key::kHeight);
   if (!(height > 0) || !std::isfinite(height)) {
     return nullptr;

@@ -52,7 +52,7 @@ class PlainReader {
 
   Look LookOf(const Fields& fields) const;
   int DashesOf(std::string_view name) const;
-  ShapePtr SingleLine(const Fields& fields) const;
+  static ShapePtr SingleLine(const Fields& fields);
   ShapePtr MultiLine(const Fields& fields) const;
 
   const QHash<QString, int>& patterns_;

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <map>
 #include <mutex>
 #include <numeric>
 #include <span>
 #include <thread>
+#include <utility>
 
 #include "model/record.hpp"
 #include "scene/color.hpp"
@@ -41,10 +43,12 @@ struct Prepared {
   bool dependsOnReference = false;
   // Of a point whose mark's size is a share of the view.
   bool dependsOnView = false;
-  // Only a multileader is more than its block.
+  // A leader is more than the blocks of its arrows and its content.
   bool isMoreThanReference = false;
   // Of blocks that the document has.
-  std::optional<References> references = std::nullopt;
+  std::vector<References> references = {};
+  // Of the end of what is repeated in rows and columns.
+  bool isEndOfRepeat = false;
 };
 
 struct Place {
@@ -112,20 +116,61 @@ References ReferencesOfMultileader(const QJsonObject& block) {
                             {scale[0].toDouble(1), scale[1].toDouble(1)})}};
 }
 
-// The blocks that show a record: its references to their definitions, or what a
-// dimension or a table was drawn as last.
-References ReferencesOf(const QJsonObject& record) {
+// An arrow that is a block: its tip is the block's origin, and it comes from the left. As
+// the filled one it needs a segment of twice its length.
+void AddArrow(std::vector<References>& all, const QString& block, double size,
+              const std::vector<QPointF>& points) {
+  if (block.isEmpty() || points.size() < 2 || !(size > 0)) {
+    return;
+  }
+  const QPointF way = points[0] - points[1];
+  if (!(Length(way) >= 2 * size)) {
+    return;
+  }
+  all.push_back({block, {PlaceOfReference(points[0], std::atan2(way.y(), way.x()), {size, size})}});
+}
+
+std::vector<References> ReferencesOfLeader(const QJsonObject& leader) {
+  std::vector<References> all;
+  if (leader["arrowOn"].toBool()) {
+    AddArrow(all, leader["arrowBlock"].toString(), NumberOf(leader, "arrowSize"),
+             PointsFromAbove(leader["points"]));
+  }
+  return all;
+}
+
+std::vector<References> ReferencesOfMultileaderParts(const QJsonObject& record) {
+  std::vector<References> all{ReferencesOfMultileader(record["block"].toObject())};
+  for (const auto& leader : record["leaders"].toArray()) {
+    for (const auto& value : leader.toObject()["lines"].toArray()) {
+      const QJsonObject line = value.toObject();
+      if (line["leaderType"].toInt(record["leaderType"].toInt(1)) != 0) {
+        AddArrow(all, line["arrowBlock"].toString(record["arrowBlock"].toString()),
+                 line["arrowSize"].toDouble(NumberOf(record, "arrowSize")),
+                 PointsOfLeaderLine(line, leader.toObject()));
+      }
+    }
+  }
+  return all;
+}
+
+// The blocks that show a record: its references to their definitions, its arrows, or what
+// a dimension or a table was drawn as last.
+std::vector<References> ReferencesOf(const QJsonObject& record) {
   if (IsType(record, "INSERT")) {
-    return ReferencesOfInsert(record);
+    return {ReferencesOfInsert(record)};
+  }
+  if (IsType(record, "LEADER")) {
+    return ReferencesOfLeader(record);
   }
   if (IsType(record, "MULTILEADER")) {
-    return ReferencesOfMultileader(record["block"].toObject());
+    return ReferencesOfMultileaderParts(record);
   }
-  if (IsType(record, "ACAD_TABLE")) {
-    return {record["blockName"].toString(),
-            {PlaceOfReference(PointOf(record, "x", "y"), NumberOf(record, "rotationRad"), {1, 1})}};
-  }
-  return {record["blockName"].toString(), {QTransform()}};
+  const bool isTable = IsType(record, "ACAD_TABLE");
+  return {{record["blockName"].toString(),
+           {isTable ? PlaceOfReference(PointOf(record, "x", "y"), NumberOf(record, "rotationRad"),
+                                       {1, 1})
+                    : QTransform()}}};
 }
 
 // Of all its points, with those that only bend curves.
@@ -210,6 +255,8 @@ class Letters {
   Letters(ShapeContext context, RecordList records)
       : context_(std::move(context)), records_(std::move(records)) {
     context_.textAsBars = false;
+    // The drawing is gone by then.
+    context_.hasBlock = {};
     context_.styleInk = [](const QJsonValue&) { return Ink{}; };
   }
 
@@ -243,6 +290,7 @@ class Builder {
   Builder(const Drawing& drawing, const QDir& folder, const BuildLimits& limits)
       : drawing_(drawing), limits_(limits), layers_(drawing.layers) {
     context_.folder = folder;
+    context_.hasBlock = [&drawing](const QString& name) { return drawing.blocks.contains(name); };
     context_.header = drawing.header;
     context_.textStyles = drawing.textStyles;
     context_.styleInk = [](const QJsonValue&) { return Ink{}; };
@@ -293,6 +341,7 @@ class Builder {
     sheet_ = &sheet;
     finite_.reset();
     geometry_.reset();
+    repeatFrom_ = kNoRepeat;
     if (layout != nullptr && layout->page) {
       SetPaper(*layout->page);
     }
@@ -355,23 +404,26 @@ class Builder {
     prepared.look = plain.look;
     prepared.shape = std::move(plain.shape);
     if (!plain.block.isEmpty() && drawing_.blocks.contains(plain.block)) {
-      prepared.references = References{plain.block, {plain.place}};
+      prepared.references.push_back({plain.block, {plain.place}});
     }
     return prepared;
   }
 
   Prepared Prepare(const RecordList& records, std::size_t index) {
     const QJsonObject record = records[index];
-    Prepared prepared{.record = record,
-                      .index = AddRecord(records.SpanAt(index)),
-                      .look = reader_->LookOf(record),
-                      .infinite = IsInfinite(record),
-                      .dependsOnReference = HasOwnColors(record),
-                      .dependsOnView = IsMarkedByView(record, drawing_.header),
-                      .isMoreThanReference = IsType(record, "MULTILEADER")};
-    References references = ReferencesOf(record);
-    if (drawing_.blocks.contains(references.block)) {
-      prepared.references = std::move(references);
+    Prepared prepared{
+        .record = record,
+        .index = AddRecord(records.SpanAt(index)),
+        .look = reader_->LookOf(record),
+        .infinite = IsInfinite(record),
+        .dependsOnReference = HasOwnColors(record),
+        .dependsOnView = IsMarkedByView(record, drawing_.header),
+        .isMoreThanReference = IsType(record, "MULTILEADER") || IsType(record, "LEADER"),
+        .isEndOfRepeat = IsType(record, "ENDREP")};
+    for (References& references : ReferencesOf(record)) {
+      if (drawing_.blocks.contains(references.block)) {
+        prepared.references.push_back(std::move(references));
+      }
     }
     CountLetters(record, prepared.dependsOnReference);
     if (!prepared.dependsOnReference && !prepared.infinite && !prepared.dependsOnView) {
@@ -409,11 +461,46 @@ class Builder {
       return;
     }
     const int layer = EffectiveLayer(prepared.look, place.inherited);
-    if (!prepared.references || prepared.isMoreThanReference) {
+    if (prepared.references.empty() || prepared.isMoreThanReference) {
       ExpandItem(prepared, layer, place);
     }
-    if (prepared.references) {
-      ExpandReferences(prepared, *prepared.references, layer, place);
+    for (const References& references : prepared.references) {
+      ExpandReferences(prepared, references, layer, place);
+    }
+    if (prepared.isEndOfRepeat) {
+      Repeat(prepared.record, place);
+    } else if (IsType(prepared.record, "REPEAT")) {
+      repeatFrom_ = sheet_->items.size();
+    }
+  }
+
+  // What was added since the last REPEAT, again in each row and column.
+  void Repeat(const QJsonObject& record, const Place& place) {
+    const std::size_t from = std::exchange(repeatFrom_, kNoRepeat);
+    const std::size_t to = sheet_->items.size();
+    const int columns = std::clamp(record["columns"].toInt(1), 1, kMostCells);
+    const int rows = std::clamp(record["rows"].toInt(1), 1, kMostCells / columns);
+    const QPointF origin = place.transform->map(QPointF(0, 0));
+    for (int cell = 1; from < to && cell < columns * rows; ++cell) {
+      const QPointF step((cell % columns) * NumberOf(record, "columnSpacing"),
+                         static_cast<int>(cell / columns) * NumberOf(record, "rowSpacing"));
+      AddMoved(from, to, place.transform->map(step) - origin);
+    }
+  }
+
+  void AddMoved(std::size_t from, std::size_t to, QPointF shift) {
+    for (std::size_t i = from; i < to && sheet_->items.size() < limits_.items; ++i) {
+      Item item = sheet_->items[i];
+      item.place = std::make_shared<const QTransform>(
+          *item.place * QTransform::fromTranslate(shift.x(), shift.y()));
+      item.bounds.translate(shift);
+      if (IsVisible(item.layer) && !item.hidden) {
+        Grow(finite_, item.bounds);
+        if (!item.shape->hasText) {
+          Grow(geometry_, item.bounds);
+        }
+      }
+      sheet_->items.push_back(std::move(item));
     }
   }
 
@@ -720,6 +807,9 @@ class Builder {
   // The blocks that are being expanded, outermost first.
   QStringList open_;
   std::size_t references_ = 0;
+  // The first item of what is repeated.
+  static constexpr std::size_t kNoRepeat = std::numeric_limits<std::size_t>::max();
+  std::size_t repeatFrom_ = kNoRepeat;
   std::size_t leftOut_ = 0;
   int tooDeep_ = 0;
   qsizetype letters_ = 0;

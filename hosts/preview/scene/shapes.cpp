@@ -519,14 +519,20 @@ void AddHookLine(Shape& shape, const QJsonObject& record, const std::vector<QPoi
   shape.parts.push_back({StraightPath(ends, false), Fill::kNone, std::nullopt});
 }
 
-ShapePtr LeaderShape(const QJsonObject& record) {
+// Whether an arrow is the filled triangle: neither none nor a block that the drawing has.
+bool IsFilledArrow(const QString& block, const ShapeContext& context) {
+  return block.compare("_None", Qt::CaseInsensitive) != 0 &&
+         !(context.hasBlock && context.hasBlock(block));
+}
+
+ShapePtr LeaderShape(const QJsonObject& record, const ShapeContext& context) {
   const std::vector<QPointF> points = PointsFromAbove(record["points"]);
   if (points.size() < 2) {
     return nullptr;
   }
   auto shape = std::make_shared<Shape>();
-  const bool noArrow = record["arrowBlock"].toString().compare("_None", Qt::CaseInsensitive) == 0;
-  AddLeaderLine(*shape, points, record["arrowOn"].toBool() && !noArrow,
+  const bool isFilled = IsFilledArrow(record["arrowBlock"].toString(), context);
+  AddLeaderLine(*shape, points, record["arrowOn"].toBool() && isFilled,
                 NumberOf(record, "arrowSize"));
   if (record["spline"].toBool() && points.size() > 2) {
     shape->parts[0].path = InterpolatedPath(points, false, {});
@@ -543,11 +549,8 @@ void AddMultileaderText(Shape& shape, const QJsonObject& text) {
 
 // A line of the complete form, with what it has of its own.
 void AddMultileaderLine(Shape& shape, const QJsonObject& line, const QJsonObject& leader,
-                        const QJsonObject& record) {
-  std::vector<QPointF> points = PointsFromAbove(line["points"]);
-  if (leader.contains("landing")) {
-    points.push_back(PointFromAbove(leader["landing"]));
-  }
+                        const QJsonObject& record, const ShapeContext& context) {
+  const std::vector<QPointF> points = PointsOfLeaderLine(line, leader);
   const int type = line["leaderType"].toInt(record["leaderType"].toInt(1));
   if (points.size() < 2 || type == 0) {
     return;
@@ -555,17 +558,17 @@ void AddMultileaderLine(Shape& shape, const QJsonObject& line, const QJsonObject
   const double size = line["arrowSize"].toDouble(NumberOf(record, "arrowSize"));
   const QString arrow = line["arrowBlock"].toString(record["arrowBlock"].toString());
   const std::size_t first = shape.parts.size();
-  AddLeaderLine(shape, points, arrow.compare("_None", Qt::CaseInsensitive) != 0, size);
+  AddLeaderLine(shape, points, IsFilledArrow(arrow, context), size);
   if (type == 2 && points.size() > 2) {
     shape.parts[first].path = InterpolatedPath(points, false, {});
   }
 }
 
-void AddMultileaderLines(Shape& shape, const QJsonObject& record) {
+void AddMultileaderLines(Shape& shape, const QJsonObject& record, const ShapeContext& context) {
   for (const auto& value : record["leaders"].toArray()) {
     const QJsonObject leader = value.toObject();
     for (const auto& line : leader["lines"].toArray()) {
-      AddMultileaderLine(shape, line.toObject(), leader, record);
+      AddMultileaderLine(shape, line.toObject(), leader, record, context);
     }
     const QPointF landing = PointFromAbove(leader["landing"]);
     const QPointF dogleg =
@@ -608,7 +611,7 @@ ShapePtr MultileaderShape(const QJsonObject& record, const ShapeContext& context
   auto shape = std::make_shared<Shape>();
   shape->hasText = true;
   if (record.contains("leaders")) {
-    AddMultileaderLines(*shape, record);
+    AddMultileaderLines(*shape, record, context);
     AddMultileaderContent(*shape, record, context);
     return shape->parts.empty() ? nullptr : shape;
   }
@@ -749,6 +752,7 @@ constexpr double kReachOfUnderlayText = 2000;
 
 // Underlays are named where they begin: documents do not hold their size.
 ShapePtr UnderlayShape(const QJsonObject& record, double reach) {
+  const QPainterPath clip = ClipOutline(record, "world");
   const QString name = QFileInfo(QString(record["path"].toString()).replace('\\', '/')).fileName();
   const TextLayout layout = LayOutText(
       {.html = HtmlOfPlainText(QString("%1, page %2").arg(name).arg(record["page"].toInt(1))),
@@ -756,7 +760,41 @@ ShapePtr UnderlayShape(const QJsonObject& record, double reach) {
   QTransform place;
   place.translate(NumberOf(record, "ix"), NumberOf(record, "iy"));
   place.rotateRadians(NumberOf(record, "angle"));
-  return PlacedText(layout, place);
+  ShapePtr text = PlacedText(layout, place);
+  if (!text || clip.isEmpty()) {
+    return text;
+  }
+  // The clip's edge is what is known of the size.
+  auto shape = std::make_shared<Shape>(*text);
+  shape->isText = false;
+  shape->parts.push_back({clip, Fill::kNone, std::nullopt});
+  return shape;
+}
+
+// The lines of a shape are in a file that nobody has at hand: a square of its size and
+// its name beside it.
+ShapePtr MarkOfShape(const QJsonObject& record) {
+  const double size = NumberOf(record, "size");
+  const QString file =
+      QFileInfo(QString(record["shapeFile"].toString()).replace('\\', '/')).fileName();
+  const QString name = QString("%1 %2")
+                           .arg(file.isEmpty() ? QString("shape") : file)
+                           .arg(record["shapeNumber"].toInt());
+  const TextLayout layout =
+      LayOutText({.html = HtmlOfPlainText(name.trimmed()), .height = size / 2});
+  if (layout.parts.empty()) {
+    return nullptr;
+  }
+  QTransform place;
+  place.translate(NumberOf(record, "x"), NumberOf(record, "y"));
+  place.rotateRadians(NumberOf(record, "rotationRad"));
+  QPainterPath square;
+  square.addRect(0, 0, size, size);
+  auto shape = std::make_shared<Shape>();
+  shape->hasText = true;
+  shape->parts.push_back({place.map(square), Fill::kNone, std::nullopt});
+  AppendPlaced(shape->parts, layout, QTransform::fromTranslate(size * 1.25, size / 4) * place);
+  return shape;
 }
 
 enum class Type {
@@ -790,7 +828,8 @@ enum class Type {
   kHelix,
   kOle,
   kTable,
-  kTolerance
+  kTolerance,
+  kShape
 };
 
 Type TypeOf(const QString& word) {
@@ -842,6 +881,7 @@ Type TypeOf(const QString& word) {
                                              {"OLE2FRAME", Type::kOle},
                                              {"ACAD_TABLE", Type::kTable},
                                              {"TOLERANCE", Type::kTolerance},
+                                             {"SHAPE", Type::kShape},
                                              {"DIMENSION_DIAMETER", Type::kDimension},
                                              {"DIMENSION_ANG2LN", Type::kDimension},
                                              {"DIMENSION_ANG3PT", Type::kDimension},
@@ -870,7 +910,7 @@ ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
     case Type::kText: return SingleLineShape(SingleLineSource(record, context), record);
     case Type::kDynText: return AttributeShape(record, context);
     case Type::kMtext: return MtextShape(record, context);
-    case Type::kLeader: return LeaderShape(record);
+    case Type::kLeader: return LeaderShape(record, context);
     case Type::kMultileader: return MultileaderShape(record, context);
     case Type::kDimension: return DimensionShape(record, context);
     case Type::kImage: return ImageShape(record, context.folder);
@@ -887,6 +927,7 @@ ShapePtr ShapeInPlane(const QJsonObject& record, const ShapeContext& context) {
     case Type::kOle: return OleShape(record);
     case Type::kTable: return ShapeOfParts(TableParts(record, context.styleInk), true);
     case Type::kTolerance: return ShapeOfParts(ToleranceParts(record), true);
+    case Type::kShape: return MarkOfShape(record);
     case Type::kUnknown: break;
   }
   return nullptr;
@@ -916,6 +957,14 @@ ShapePtr MakeShape(const QJsonObject& record, const ShapeContext& context) {
 bool IsMarkedByView(const QJsonObject& record, const QJsonObject& header) {
   return IsType(record, "POINT") && header["PDMODE"].toInt() > kNothing &&
          !(NumberOf(header, "PDSIZE") > 0);
+}
+
+std::vector<QPointF> PointsOfLeaderLine(const QJsonObject& line, const QJsonObject& leader) {
+  std::vector<QPointF> points = PointsFromAbove(line["points"]);
+  if (leader.contains("landing")) {
+    points.push_back(PointFromAbove(leader["landing"]));
+  }
+  return points;
 }
 
 bool HasOwnColors(const QJsonObject& record) {

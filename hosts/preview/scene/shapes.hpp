@@ -17,6 +17,8 @@ struct ShapeContext {
   // Relative image paths are looked for here, and files that are not where the
   // drawing says.
   QDir folder;
+  // Whether the drawing has a block of that name; none without it.
+  std::function<bool(const QString&)> hasBlock = {};
   // The drawing's variables: how points are marked, whether areas are filled.
   QJsonObject header;
   // By their names: multi-line texts have the width and slant of theirs.
@@ -40,6 +42,9 @@ QPainterPath OutlineOf(const QJsonObject& record);
 // Whether the record's points are marked in a size that follows from the rest of
 // the drawing.
 bool IsMarkedByView(const QJsonObject& record, const QJsonObject& header);
+
+// Of a multileader of the complete form, from the arrow to the landing.
+std::vector<QPointF> PointsOfLeaderLine(const QJsonObject& line, const QJsonObject& leader);
 
 // Whether parts of the record have colours of their own, which may be those of the
 // reference that it stands in.

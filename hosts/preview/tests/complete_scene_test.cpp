@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "document.hpp"
+#include "paint/export.hpp"
 #include "paint/sheet_painter.hpp"
+#include "paint/svg.hpp"
 #include "scene/plane.hpp"
 
 namespace preview {
@@ -67,6 +69,102 @@ TEST(CompleteScene, MakesLettersOfTextsBeyondALimitWhenTheyAreSeen) {
   EXPECT_TRUE(isNew);
   EXPECT_NE(scene.letters(late.record, false, isNew), nullptr);
   EXPECT_TRUE(scene.notes.isEmpty());
+}
+
+TEST(CompleteScene, RepeatsInRowsAndColumns) {
+  const QByteArray records = QByteArray("{'type':'POINT','layer':'0','x':50,'y':50},") +
+                             "{'type':'REPEAT','layer':'0','begins':true}," + kLine +
+                             "},{'type':'ENDREP','layer':'0','columns':2,'rows':3,"
+                             "'columnSpacing':10,'rowSpacing':-1}," +
+                             "{'type':'ENDREP','layer':'0','columns':9,'rows':9}";
+  const Scene scene = CompleteScene(records);
+  ASSERT_EQ(ItemsOf(scene).size(), 7U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[2].bounds), ElementsAre(10, 0, 19, 0));
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[6].bounds), ElementsAre(10, -2, 19, -2));
+  EXPECT_EQ(ItemsOf(scene)[6].place->map(QPointF(0, 0)), QPointF(10, -2));
+  EXPECT_THAT(BoxOf(scene.sheets[0].extents), ElementsAre(0, -2, 50, 50));
+}
+
+TEST(CompleteScene, RepeatsInTheDirectionsOfTheBlock) {
+  const QByteArray block = QByteArray("{'name':'B','entities':[{'type':'REPEAT'},") + kLine +
+                           "},{'type':'ENDREP','columns':2,'rows':1,'columnSpacing':10}]}";
+  const Scene scene = CompleteScene(
+      "{'type':'INSERT','layer':'0','blockName':'B','x':0,'y':0,'rotationRad':1.5707963267948966,"
+      "'scaleX':2,'scaleY':2}",
+      block);
+  ASSERT_EQ(ItemsOf(scene).size(), 2U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[1].bounds), ElementsAre(0, 20, 0, 38));
+}
+
+TEST(CompleteScene, MarksShapesByTheirSizeAndName) {
+  const Scene scene = CompleteScene(
+      "{'type':'SHAPE','layer':'0','x':5,'y':6,'size':2,'rotationRad':0,'shapeNumber':130,"
+      "'shapeFile':'c:\\\\marks.shx'}");
+  ASSERT_EQ(ItemsOf(scene).size(), 1U);
+  const PartList parts(*ItemsOf(scene)[0].shape);
+  EXPECT_THAT(BoxOf(parts.front().path.boundingRect()), ElementsAre(5, 6, 7, 8));
+  EXPECT_GT(parts.size(), 1U);
+}
+
+constexpr char kDot[] =
+    "{'name':'_Dot','entities':[{'type':'CIRCLE','layer':'0','cx':0,'cy':0,'radius':0.5}]}";
+
+TEST(CompleteScene, DrawsArrowsThatAreBlocks) {
+  const char leader[] =
+      "{'type':'LEADER','layer':'0','points':[[10,0,0],[10,20,0]],'arrowOn':true,'arrowSize':2,"
+      "'arrowBlock':'_Dot'}";
+  const Scene scene = CompleteScene(leader, kDot);
+  ASSERT_EQ(ItemsOf(scene).size(), 2U);
+  EXPECT_EQ(PartList(*ItemsOf(scene)[0].shape).size(), 1U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[1].bounds), ElementsAre(9, -1, 11, 1));
+  EXPECT_EQ(scene.uses.size(), 1U);
+  // Without the block the arrow is the filled one.
+  EXPECT_EQ(PartList(*ItemsOf(CompleteScene(leader))[0].shape).size(), 2U);
+}
+
+TEST(CompleteScene, DrawsArrowsOfMultileadersThatAreBlocks) {
+  const Scene scene = CompleteScene(
+      "{'type':'MULTILEADER','layer':'0','arrowSize':2,'arrowBlock':'_Dot','leaders':[{'lines':["
+      "{'points':[[0,0,0],[9,0,0]]},{'points':[[0,30,0],[9,30,0]],'arrowSize':4},"
+      "{'points':[[0,60,0],[1,60,0]]},{'points':[[0,90,0],[9,90,0]],'leaderType':0}]}]}",
+      kDot);
+  ASSERT_EQ(ItemsOf(scene).size(), 3U);
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[1].bounds), ElementsAre(-1, -1, 1, 1));
+  EXPECT_THAT(BoxOf(ItemsOf(scene)[2].bounds), ElementsAre(-2, 28, 2, 32));
+}
+
+TEST(CompleteScene, DrawsTheEdgeOfAnUnderlaysClip) {
+  const Scene scene = CompleteScene(
+      "{'type':'PDFUNDERLAY','layer':'0','path':'plan.pdf','page':1,'ix':0,'iy':0,'sx':1,'sy':1,"
+      "'angle':0,'clip':{'on':true,'world':[[-50,-40,0],[50,-40,0],[50,40,0],[-50,40,0]]}}");
+  ASSERT_EQ(ItemsOf(scene).size(), 1U);
+  EXPECT_TRUE(ItemsOf(scene)[0].bounds.contains(QRectF(-50, -40, 100, 80)));
+}
+
+TEST(CompleteScene, PlotsNoLayersThatAreNotPlotted) {
+  const Scene scene =
+      CompleteScene("", "", "",
+                    "{'name':'0','visible':true,'plotted':false},{'name':'a','visible':true},"
+                    "{'name':'b','visible':false}");
+  EXPECT_THAT(VisibleLayers(scene), ElementsAre(true, true, false));
+  EXPECT_THAT(PlottedLayers(scene), ElementsAre(false, true, false));
+}
+
+TEST(CompleteScene, HasGradientsInSvg) {
+  const Scene scene = CompleteScene(
+      "{'type':'HATCH','layer':'0','solid':true,'loops':[[0,0,8,0,8,8,0,8]],'gradient':{'name':"
+      "'LINEAR','angle':0,'colors':[{'color':{'r':255,'g':0,'b':0}},{'color':{'r':0,'g':0,'b':255}}"
+      "]}},"
+      "{'type':'HATCH','layer':'0','solid':true,'loops':[[0,0,8,0,8,8,0,8]],'gradient':{'name':"
+      "'SPHERICAL','angle':0,'colors':[{'color':{'r':255,'g':0,'b':0}},{'color':{'r':0,'g':0,'b':"
+      "255}}]}}");
+  const QByteArray svg = SvgOfSheet(scene, scene.sheets[0], {0, 0, 10, 10}, {});
+  const qsizetype at = svg.indexOf("<linearGradient id=\"gradient");
+  ASSERT_GE(at, 0);
+  const QByteArray name = svg.mid(at + 20, 24);
+  EXPECT_TRUE(svg.contains("fill=\"url(#" + name + ")\"")) << name.toStdString();
+  EXPECT_TRUE(svg.contains("stop-color=\"#0000ff\""));
+  EXPECT_TRUE(svg.contains("<radialGradient"));
 }
 
 TEST(CompleteScene, MirrorsWhatIsSeenFromBehind) {

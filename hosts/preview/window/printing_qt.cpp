@@ -44,6 +44,7 @@ QString Print(QPrinter& printer, const Scene& scene, const Sheet& sheet) {
   view.pixelsPerMillimetre = printer.resolution() / kMillimetresPerInch;
   view.thinnestLine = kThinnestMillimetres * view.pixelsPerMillimetre;
   view.toDevice = PlaceOnPaper(sheet, view.device, view.pixelsPerMillimetre);
+  view.shown = PlottedLayers(scene);
   PaintSheet(painter, scene, sheet, view);
   return painter.end() ? QString() : QString("The sheet was not printed.");
 }
