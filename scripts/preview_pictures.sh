@@ -33,5 +33,7 @@ if [ $# -eq 3 ]; then
   picture building gdal/Building_A_Floor_0_Mapwize.dwg --width 900
   picture ceiling tika/testDWGmech2007.dwg
   picture types netdxf-2021/sample.dxf --width 900
+  picture machine autodim/test.dwg --width 800 --region 2816,108,3322,490
+  picture gate "aspose-cad/D ZD junior D10m H2m.dwg" --width 900
 fi
 say "The pictures are in $pictures"
