@@ -105,7 +105,7 @@ class Reading : public testing::Test {
 TEST_F(Reading, TakesWhatIsPlain) {
   const auto line = Read(kRecords[0]);
   ASSERT_TRUE(line);
-  EXPECT_EQ(line->shape->polyline, QPolygonF({{1, 2}, {-35, 4}}));
+  EXPECT_EQ(line->shape->polyline, QPolygonF(QList<QPointF>{{1, 2}, {-35, 4}}));
   EXPECT_TRUE(Read(kRecords[3]) && Read(kRecords[8]) && Read(kRecords[9]) && Read(kRecords[10]));
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 std::vector<std::string> TextsOf(std::string_view document, const std::vector<RecordSpan>& spans) {
   std::vector<std::string> texts;
+  texts.reserve(spans.size());
   for (const RecordSpan span : spans) {
     texts.emplace_back(document.substr(span.begin, span.size));
   }
