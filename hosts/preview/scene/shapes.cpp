@@ -771,29 +771,30 @@ ShapePtr UnderlayShape(const QJsonObject& record, double reach) {
   return shape;
 }
 
-// The lines of a shape are in a file that nobody has at hand: a square of its size and
-// its name beside it.
+// The lines of a shape are in a file that nobody has at hand: a square of its size and,
+// over three quarters of it, its name.
 ShapePtr MarkOfShape(const QJsonObject& record) {
+  constexpr double kShare = 0.75;
   const double size = NumberOf(record, "size");
-  const QString file =
-      QFileInfo(QString(record["shapeFile"].toString()).replace('\\', '/')).fileName();
-  const QString name = QString("%1 %2")
-                           .arg(file.isEmpty() ? QString("shape") : file)
-                           .arg(record["shapeNumber"].toInt());
-  const TextLayout layout =
-      LayOutText({.html = HtmlOfPlainText(name.trimmed()), .height = size / 2});
-  if (layout.parts.empty()) {
+  const QString path = QString(record["shapeFile"].toString()).replace('\\', '/');
+  const QString file = QFileInfo(path).fileName();
+  const QString number = QString::number(record["shapeNumber"].toInt());
+  const QString name = (file.isEmpty() ? QString("shape") : file) +
+                       (record.contains("shapeNumber") ? " " + number : QString());
+  const TextLayout layout = LayOutText({.html = HtmlOfPlainText(name), .height = 1});
+  if (!(size > 0) || !(layout.width > 0)) {
     return nullptr;
   }
   QTransform place;
   place.translate(NumberOf(record, "x"), NumberOf(record, "y"));
   place.rotateRadians(NumberOf(record, "rotationRad"));
-  QPainterPath square;
-  square.addRect(0, 0, size, size);
+  place.scale(size, size);
+  const double letters = kShare / layout.width;
   auto shape = std::make_shared<Shape>();
   shape->hasText = true;
-  shape->parts.push_back({place.map(square), Fill::kNone, std::nullopt});
-  AppendPlaced(shape->parts, layout, QTransform::fromTranslate(size * 1.25, size / 4) * place);
+  shape->parts.push_back({FramePath(place), Fill::kNone, std::nullopt});
+  AppendPlaced(shape->parts, layout,
+               QTransform(letters, 0, 0, letters, (1 - kShare) / 2, (1 - letters) / 2) * place);
   return shape;
 }
 
