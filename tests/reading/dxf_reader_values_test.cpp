@@ -181,9 +181,13 @@ TEST_F(DxfReaderTest, ALinetypeHasTheDashesThatItHas) {
   const std::string dashes = "49\n2.0\n74\n0\n49\n-1.0\n74\n0\n";
   const std::string length = "40\n3.0\n";
   const std::string halves = "49\n2.0\n74\n0\n73\n6\n" + length + "49\n-1.0\n";
-  for (const std::string& content :
-       {"73\n2\n" + length + dashes, "73\n1\n" + length + dashes, "73\n9\n" + length + dashes,
-        dashes + "73\n9\n" + length, dashes + length, halves}) {
+  const std::vector<std::string> contents = {"73\n2\n" + length + dashes,
+                                             "73\n1\n" + length + dashes,
+                                             "73\n9\n" + length + dashes,
+                                             dashes + "73\n9\n" + length,
+                                             dashes + length,
+                                             halves};
+  for (const std::string& content : contents) {
     Read(Header("AC1015") +
          Section("TABLES",
                  "0\nTABLE\n2\nLTYPE\n5\n5\n70\n1\n0\nLTYPE\n5\n31\n100\n"
