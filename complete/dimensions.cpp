@@ -35,7 +35,9 @@ template <typename Dimension>
 void AppendText(JsonOut& out, const Dimension& dimension, double measured, Measure measure,
                 const DimensionFormat& format, const CompleteContext& context) {
   const std::string measuredText = MeasuredText(measured, measure, format);
-  const std::string text = ShownText(context.Decode(dimension.user_text), measuredText);
+  const std::string written = ShownText(context.Decode(dimension.user_text), measuredText);
+  std::string room;
+  const std::string_view text = context.base.drawing.Shown(written, room);
   AppendQuotedKey(out, ",\"measuredText\":", measuredText);
   AppendQuotedKey(out, ",\"text\":", text);
   out += ",\"html\":\"";

@@ -1,5 +1,6 @@
 #include "complete/text_decoder.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -66,6 +67,20 @@ std::optional<unsigned char> NumberCode(std::string_view text) {
     return {};
   }
   return static_cast<unsigned char>((text[2] - '0') * 100 + (text[3] - '0') * 10 + text[4] - '0');
+}
+
+// The sign that %%c, %%d or %%p at the start of a text stands for; empty for another.
+constexpr std::size_t kSignCodeSize = 3;
+std::string_view SignOfCode(std::string_view text) {
+  if (text.size() < kSignCodeSize) {
+    return {};
+  }
+  switch (LowerAscii(text[2])) {
+    case 'c': return "\u2205";
+    case 'd': return "\u00B0";
+    case 'p': return "\u00B1";
+    default: return {};
+  }
 }
 
 // Those that mean something where they stand in a text, or that end it.
@@ -244,6 +259,27 @@ DecodedText DrawingTextDecoder::Decode(const char* text) const {
     return DecodedText(bytes);
   }
   return DecodedText(Scanner(bytes, {IsUtf8() && IsUtf8Text(bytes), page_, hasCaretCodes_}).Run());
+}
+
+std::string_view DrawingTextDecoder::Shown(std::string_view text, std::string& room) const {
+  constexpr std::string_view kCode = "%%";
+  std::size_t at = text.find(kCode);
+  if (at == std::string_view::npos) {
+    return text;
+  }
+  room.clear();
+  while (at != std::string_view::npos) {
+    room += text.substr(0, at);
+    text.remove_prefix(at);
+    const std::string_view sign = SignOfCode(text);
+    // Three percent signs are one, and begin no code.
+    const std::size_t size = std::min<std::size_t>(kSignCodeSize, text.size());
+    const bool isCopied = sign.empty() && text.starts_with("%%%");
+    room += !sign.empty() ? sign : text.substr(0, isCopied ? size : kCode.size());
+    text.remove_prefix(!sign.empty() || isCopied ? size : kCode.size());
+    at = text.find(kCode);
+  }
+  return room += text;
 }
 
 TextReading DrawingTextDecoder::reading() const {

@@ -31,6 +31,9 @@ class DrawingTextDecoder : public TextDecoder {
 
   DecodedText Decode(const char* text) const override;
 
+  // %%c, %%d and %%p are the signs of diameter, degree and tolerance.
+  std::string_view Shown(std::string_view text, std::string& room) const override;
+
   TextReading reading() const;
 
  private:

@@ -72,4 +72,8 @@ class TextDecoder {
 
   // As DecodeText.
   virtual DecodedText Decode(const char* text) const = 0;
+
+  // A decoded multi-line text with what the codes of single-line text stand for in it;
+  // `room` holds it where there are any.
+  virtual std::string_view Shown(std::string_view text, std::string& room) const = 0;
 };

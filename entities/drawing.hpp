@@ -51,4 +51,9 @@ struct Drawing {
   DecodedText Decode(const char* text) const {
     return decoder == nullptr ? DecodeText(textForm, text) : decoder->Decode(text);
   }
+
+  // A decoded multi-line text as it is shown. `room` has to outlive the result.
+  std::string_view Shown(std::string_view text, std::string& room) const {
+    return decoder == nullptr ? text : decoder->Shown(text, room);
+  }
 };

@@ -995,7 +995,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool verbose = (switches & 4U) != 0;
   DrawingBuilder drawing(input);
   if ((switches & 8U) != 0 && !drawing.unicodeText()) {
-    SettleDxf(drawing.dwg());
+    SettleDxf(drawing.dwg(), DxfScales::kSettled);
   }
   const std::string document = CheckForm(drawing, isUtf8, verbose, AppendPlain);
   CheckForm(drawing, isUtf8, verbose, AppendComplete);

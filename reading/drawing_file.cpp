@@ -93,7 +93,7 @@ void DrawingFile::Read() {
   }
   if (isDxf_) {
     data_->header.version = data_->header.from_version;
-    SettleDxf(*data_);
+    SettleDxf(*data_, scope_ == ReadingScope::kAll ? DxfScales::kStored : DxfScales::kSettled);
   } else {
     SettleDwg(*data_, TextFormOf(*data_, isDxf_));
     storedText_ = StoredTextOfDwg(*data_);

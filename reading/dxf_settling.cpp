@@ -97,7 +97,7 @@ void SettleLayer(Dwg_Object_LAYER& layer) {
   layer.locked = (layer.flag & kLockedFlag) != 0 ? 1 : 0;
 }
 
-// The reader gives a missing scale the insertion point's coordinate.
+// A scale of 1 for one that is the insertion point's coordinate.
 template <typename Insert>
 void SettleInsert(Insert& insert) {
   if (insert.scale.y == insert.ins_pt.y) {
@@ -141,13 +141,19 @@ bool IsMpolygon(const Dwg_Object& object) {
          std::string_view(object.dxfname) == "MPOLYGON";
 }
 
-void SettleObject(Dwg_Object& object) {
+void SettleReference(Dwg_Object& object) {
+  if (object.fixedtype == DWG_TYPE_INSERT) {
+    SettleData(EntityData(object, &EntityTio::INSERT), SettleInsert<Dwg_Entity_INSERT>);
+  } else {
+    SettleData(EntityData(object, &EntityTio::MINSERT), SettleInsert<Dwg_Entity_MINSERT>);
+  }
+}
+
+void SettleObject(Dwg_Object& object, DxfScales scales) {
   switch (object.fixedtype) {
     case DWG_TYPE_LAYER: return SettleData(ObjectData(object, &ObjectTio::LAYER), SettleLayer);
     case DWG_TYPE_INSERT:
-      return SettleData(EntityData(object, &EntityTio::INSERT), SettleInsert<Dwg_Entity_INSERT>);
-    case DWG_TYPE_MINSERT:
-      return SettleData(EntityData(object, &EntityTio::MINSERT), SettleInsert<Dwg_Entity_MINSERT>);
+    case DWG_TYPE_MINSERT: return scales == DxfScales::kSettled ? SettleReference(object) : void();
     case DWG_TYPE_MTEXT: return SettleData(EntityData(object, &EntityTio::MTEXT), SettleMtext);
     case DWG_TYPE_HATCH: return IsMpolygon(object) ? SettleMpolygon(object) : void();
     default: return;
@@ -156,9 +162,9 @@ void SettleObject(Dwg_Object& object) {
 
 }  // namespace
 
-void SettleDxf(Dwg_Data& dwg) {
+void SettleDxf(Dwg_Data& dwg, DxfScales scales) {
   SettlePlaceholder(dwg);
   for (Dwg_Object& object : MutableObjects(dwg)) {
-    SettleObject(object);
+    SettleObject(object, scales);
   }
 }

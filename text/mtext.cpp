@@ -123,7 +123,8 @@ void AppendMtext(JsonOut& out, const Dwg_Entity_MTEXT& mtext, const EntityContex
   AppendNumberKey(out, ",\"y\":", mtext.ins_pt.y);
   out += ",\"html\":\"";
   MtextLayout layout;
-  AppendMtextHtml(out, text, height, layout, context.drawing.palette);
+  std::string room;
+  AppendMtextHtml(out, context.drawing.Shown(text, room), height, layout, context.drawing.palette);
   out += '"';
   AppendQuotedKey(out, ",\"rawMtext\":", text);
   AppendNumberKey(out, ",\"width\":", mtext.rect_width);

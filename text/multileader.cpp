@@ -47,7 +47,9 @@ void AppendText(JsonOut& out, const Dwg_MLEADER_AnnotContext& annotation,
   const double height = content.height > 0 ? content.height : annotation.text_height;
   MtextLayout layout;  // what HTML cannot carry is not written for multileaders
   out += ",\"text\":{\"html\":\"";
-  AppendMtextHtml(out, text, height, layout, context.drawing.palette);
+  std::string room;
+  AppendMtextHtml(out, context.drawing.Shown(text.view(), room), height, layout,
+                  context.drawing.palette);
   out += '"';
   AppendNumberKey(out, ",\"x\":", content.location.x);
   AppendNumberKey(out, ",\"y\":", content.location.y);

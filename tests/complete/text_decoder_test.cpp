@@ -24,6 +24,24 @@ std::string DecodedDxf(std::string_view page, const char* text) {
   return DrawingTextDecoder(TextForm::kWindows1252, stored).Decode(text).Take();
 }
 
+TEST(DrawingTextDecoder, ShowsSignsForCodesOfMultiLineTexts) {
+  const DrawingTextDecoder decoder = Decoder("ANSI_1252");
+  std::string room;
+  EXPECT_EQ(decoder.Shown("%%C80 mm", room),
+            "\u2205"
+            "80 mm");
+  EXPECT_EQ(decoder.Shown("45%%d %%p1%%P2", room), "45\u00B0 \u00B11\u00B12");
+  EXPECT_EQ(decoder.Shown("a%%c", room), "a\u2205");
+}
+
+TEST(DrawingTextDecoder, LeavesOtherPercentSignsOfMultiLineTexts) {
+  const DrawingTextDecoder decoder = Decoder("ANSI_1252");
+  for (const char* text : {"", "%", "%%", "5 % c", "%%x %%", "%%%c", "100%%%%%", "%%u A"}) {
+    std::string room;
+    EXPECT_EQ(decoder.Shown(text, room), text);
+  }
+}
+
 }  // namespace
 
 TEST(CodePage, NamesInAnySpelling) {

@@ -54,7 +54,7 @@ class DxfSettling : public testing::Test {
     return layer;
   }
 
-  void Settle() { SettleDxf(drawing_.data()); }
+  void Settle(DxfScales scales = DxfScales::kSettled) { SettleDxf(drawing_.data(), scales); }
 
   TestDrawing drawing_;
 
@@ -272,6 +272,15 @@ TEST_F(DxfSettling, ScaleEqualToTheInsertionPointIsOne) {
   EXPECT_EQ(insert.scale.z, 1);
   EXPECT_EQ(arrayed.scale.y, 1);
   EXPECT_EQ(arrayed.scale.z, 4);
+}
+
+TEST_F(DxfSettling, AStoredScaleMayBeTheInsertionPoint) {
+  auto& insert = drawing_.AddEntity(DWG_TYPE_INSERT, &EntityTio::INSERT);
+  insert.ins_pt = {0, -1, 3};
+  insert.scale = {1, -1, 3};
+  Settle(DxfScales::kStored);
+  EXPECT_EQ(insert.scale.y, -1);
+  EXPECT_EQ(insert.scale.z, 3);
 }
 
 TEST_F(DxfSettling, ScaleThatDiffersFromTheInsertionPointIsKept) {
