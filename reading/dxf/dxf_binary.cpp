@@ -23,15 +23,19 @@ std::size_t SentinelSize(std::string_view bytes) {
   return end != std::string_view::npos && bytes[end] == '\0' ? end + 1 : 0;
 }
 
+constexpr std::size_t kByteCount = 256;
+
 // The two digits of each byte.
-constexpr auto kHexDigits = [] {
+consteval std::array<std::array<char, 2>, kByteCount> HexDigits() {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::array<std::array<char, 2>, kDigits.size() * kDigits.size()> all{};
+  std::array<std::array<char, 2>, kByteCount> all{};
   for (std::size_t byte = 0; byte < all.size(); ++byte) {
-    all[byte] = {kDigits[byte / kDigits.size()], kDigits[byte % kDigits.size()]};
+    all.at(byte) = {kDigits[byte / kDigits.size()], kDigits[byte % kDigits.size()]};
   }
   return all;
-}();
+}
+
+constexpr auto kHexDigits = HexDigits();
 
 class BinaryReader {
  public:
