@@ -342,8 +342,6 @@ void DxfPathCounts::Note(const DxfPair& pair) {
     found_ = 0;
   } else if (pair.code == kCount && said_ < 0) {
     said_ = ParseDxfCode(pair.value).value_or(-1);
-  } else if (pair.code == itemCode_) {
-    ++found_;
   }
 }
 

@@ -122,9 +122,15 @@ constexpr bool IsHeeded(int code) {
 // How many paths of a hatch have another number of edges or corners than they say.
 class DxfPathCounts {
  public:
-  // Whether it has to see that group.
+  // Counts what most of a hatch consists of. Returns whether the group is of that kind.
+  bool Counts(int code) {
+    found_ += code == itemCode_ ? 1 : 0;
+    return code == kCorner || code == kEdge;
+  }
+
+  // Whether it has to see another group.
   static constexpr bool Heeds(int code) {
-    return code == kCorner || code == kEdge || code == kStyle || code == kPath || code == kCount;
+    return code == kStyle || code == kPath || code == kCount;
   }
 
   void Note(const DxfPair& pair);
@@ -190,7 +196,8 @@ struct DxfRecord {
     kForeignHandle,  // in a group of another program: the reader takes it for an owner
   };
   Meaning Note(const DxfPair& pair) {
-    return SaysNothing(pair.code) ? Meaning::kOther : Weigh(pair);
+    const bool isCounted = isHatch_ && paths_.Counts(pair.code);
+    return isCounted || SaysNothing(pair.code) ? Meaning::kOther : Weigh(pair);
   }
 
  private:
