@@ -1,6 +1,5 @@
 #include "complete/text_decoder.hpp"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -9,6 +8,7 @@
 #include "encode/fast/byte_search.hpp"
 #include "encode/utf8.hpp"
 #include "encode/utf8_check.hpp"
+#include "text/text_codes.hpp"
 
 namespace {
 
@@ -67,20 +67,6 @@ std::optional<unsigned char> NumberCode(std::string_view text) {
     return {};
   }
   return static_cast<unsigned char>((text[2] - '0') * 100 + (text[3] - '0') * 10 + text[4] - '0');
-}
-
-// The sign that %%c, %%d or %%p at the start of a text stands for; empty for another.
-constexpr std::size_t kSignCodeSize = 3;
-std::string_view SignOfCode(std::string_view text) {
-  if (text.size() < kSignCodeSize) {
-    return {};
-  }
-  switch (LowerAscii(text[2])) {
-    case 'c': return "\u2205";
-    case 'd': return "\u00B0";
-    case 'p': return "\u00B1";
-    default: return {};
-  }
 }
 
 // Those that mean something where they stand in a text, or that end it.
@@ -263,21 +249,23 @@ DecodedText DrawingTextDecoder::Decode(const char* text) const {
 
 std::string_view DrawingTextDecoder::Shown(std::string_view text, std::string& room) const {
   constexpr std::string_view kCode = "%%";
+  constexpr std::string_view kPercentSign = "%%%";
   std::size_t at = text.find(kCode);
   if (at == std::string_view::npos) {
     return text;
   }
   room.clear();
-  while (at != std::string_view::npos) {
+  for (; at != std::string_view::npos; at = text.find(kCode)) {
     room += text.substr(0, at);
     text.remove_prefix(at);
-    const std::string_view sign = SignOfCode(text);
-    // Three percent signs are one, and begin no code.
-    const std::size_t size = std::min<std::size_t>(kSignCodeSize, text.size());
-    const bool isCopied = sign.empty() && text.starts_with("%%%");
-    room += !sign.empty() ? sign : text.substr(0, isCopied ? size : kCode.size());
-    text.remove_prefix(!sign.empty() || isCopied ? size : kCode.size());
-    at = text.find(kCode);
+    const std::string_view sign =
+        text.size() > kCode.size() ? SignOfTextCode(text[kCode.size()]) : std::string_view{};
+    // What is no code stays, and begins none.
+    const std::string_view code = !sign.empty() || text.starts_with(kPercentSign)
+                                      ? text.substr(0, kPercentSign.size())
+                                      : kCode;
+    room += sign.empty() ? code : sign;
+    text.remove_prefix(code.size());
   }
   return room += text;
 }

@@ -56,10 +56,11 @@ class TextCodeScanner {
       return;
     }
     position_ += 3;
+    if (const std::string_view sign = SignOfTextCode(code); !sign.empty()) {
+      html_.Markup(sign);
+      return;
+    }
     switch (LowerAscii(code)) {
-      case 'c': html_.Markup("\u2205"); break;
-      case 'd': html_.Markup("\u00B0"); break;
-      case 'p': html_.Markup("\u00B1"); break;
       case '%': html_.Markup("%"); break;
       case 'u': ToggleUnderline(); break;
       case 'o': ToggleOverline(); break;
@@ -104,6 +105,15 @@ class TextCodeScanner {
 };
 
 }  // namespace
+
+std::string_view SignOfTextCode(char letter) {
+  switch (LowerAscii(letter)) {
+    case 'c': return "\u2205";
+    case 'd': return "\u00B0";
+    case 'p': return "\u00B1";
+    default: return {};
+  }
+}
 
 bool AppendTextCodes(JsonOut& out, std::string_view text) {
   return TextCodeScanner(out, text).Run();

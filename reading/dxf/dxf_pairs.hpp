@@ -3,7 +3,6 @@
 // is not of that kind.
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -11,6 +10,7 @@
 
 #include <dxf_scan.h>
 
+#include "encode/fast/byte_search.hpp"
 #include "reading/dxf/dxf_values.hpp"
 
 // The reader takes longer ones, too, but no text is one.
@@ -154,33 +154,12 @@ class DxfPairReader {
   // Where the line of a short text ends; null for a longer one and for one with a carriage
   // return in it.
   static const char* EndOfShortText(const char* line) {
-    constexpr int kMostWords = 4;
-    for (int i = 0; i < kMostWords; ++i, line += sizeof(std::uint64_t)) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, line, sizeof(word));
-      if (const int at = FirstLineEnd(word); at != kNoLineEnd) {
-        return IsLineEnd(line + at) ? line + at : nullptr;
-      }
-    }
-    return nullptr;
-  }
-
-  static constexpr int kNoLineEnd = -1;
-
-  // Which of the eight characters of a word is the first line feed or carriage return.
-  static int FirstLineEnd(std::uint64_t word) {
-    if constexpr (std::endian::native == std::endian::little) {
-      constexpr std::uint64_t kOnes = 0x0101010101010101;
-      constexpr std::uint64_t kHighBits = kOnes << 7U;
-      constexpr int kBitsOfByte = 8;
-      const std::uint64_t feeds = word ^ (kOnes * '\n');
-      const std::uint64_t returns = word ^ (kOnes * '\r');
-      // What a zero borrows changes only the characters behind it.
-      const std::uint64_t ends =
-          (((feeds - kOnes) & ~feeds) | ((returns - kOnes) & ~returns)) & kHighBits;
-      return ends == 0 ? kNoLineEnd : std::countr_zero(ends) / kBitsOfByte;
-    }
-    return kNoLineEnd;
+    constexpr std::size_t kMost = 32;
+    const std::size_t length = CountWithout(
+        std::string_view(line, kMost),
+        [](ByteWord word) { return Found(word, BytesEqual(word, '\n') | BytesEqual(word, '\r')); },
+        [](char byte) { return byte == '\n' || byte == '\r'; });
+    return length != kMost && IsLineEnd(line + length) ? line + length : nullptr;
   }
 
   static bool IsProper(const DxfPair& pair) {

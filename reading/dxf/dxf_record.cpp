@@ -287,10 +287,6 @@ std::span<const DxfRequiredGroup> DxfRequiredGroups(std::string_view recordName)
   return TypeOf(recordName).required;
 }
 
-DxfListCodes DxfListOfType(std::string_view recordName) {
-  return TypeOf(recordName).list;
-}
-
 bool IsDxfNameCode(std::string_view recordName, int code) {
   constexpr int kName = 2;
   constexpr int kSecondName = 3;

@@ -76,7 +76,6 @@ struct DxfListCodes {
   int count = 0;
   int item = 0;
 };
-DxfListCodes DxfListOfType(std::string_view recordName);
 
 // Whether a code belongs to the common part of every entity.
 constexpr bool IsCommonDxfCode(int code) {
